@@ -1,0 +1,132 @@
+#!/usr/bin/env python3
+"""Checks rules of the sources that no compiler knows. Prints each breach as file:line: what, and what mends it."""
+
+import pathlib
+import re
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+CORE = ROOT / "vkprotocolstack"
+
+RANKS = {"support": 0, "wire": 1, "foundation": 2, "time": 2, "traffic": 3, "analytics": 3, "face": 3, "status": 3,
+         "config": 3}
+
+# Calls between records: the only includes that do not go down in rank. From a file (without its ending) to a header.
+EDGES = {
+    ("analytics/non_motor", "analytics/face_attributes.h"),
+    ("face/candidate", "face/person.h"),
+    ("face/candidate", "face/picture.h"),
+    ("face/person", "face/picture.h"),
+    ("traffic/flow_statistics_ex", "traffic/flow_statistics.h"),
+}
+
+# What the public header includes, and where every converter finds its contract.
+PUBLIC = {"vkprotocolstack/JsonParser.h"}
+
+
+def sources(*folders):
+    for folder in folders or RANKS:
+        yield from sorted((CORE / folder).glob("*.cpp"))
+        yield from sorted((CORE / folder).glob("*.h"))
+
+
+def without_comments(text):
+    return re.sub(r"//[^\n]*", "", text)
+
+
+def without_includes(text):
+    return re.sub(r"#include[^\n]*", "", text)
+
+
+def lines_with(pattern, text):
+    for number, line in enumerate(without_comments(text).split("\n"), 1):
+        for match in re.finditer(pattern, line):
+            yield number, match
+
+
+def check_layers(report):
+    """A file includes only what has a lower rank, its own header, and the edges above."""
+    for path in sources():
+        folder, stem = path.parent.name, path.stem
+        for number, match in lines_with(r'#include "([^"]+)"', path.read_text()):
+            header = match[1]
+            if header in PUBLIC or header.startswith("vkrecords/"):
+                continue
+            included = re.fullmatch(r"vkprotocolstack/(\w+)/(\w+\.h)", header)
+            if not included or included[1] not in RANKS:
+                report(path, number, f"includes {header}, which is in no layer")
+                continue
+            target = f"{included[1]}/{included[2]}"
+            own = included[1] == folder and RANKS[folder] < 2 or target == f"{folder}/{stem}.h"
+            data = included[2].endswith("_keywords.h")
+            lower = RANKS[included[1]] < RANKS[folder]
+            if not (own or lower or data and included[1] == folder or (f"{folder}/{stem}", target) in EDGES):
+                report(path, number, f"includes {header} against the layers; use a lower layer, or move what both need "
+                                     "down")
+
+
+def check_reading(report):
+    """Outside wire/, a Json::Value is never read directly: jsoncpp throws on the wrong type."""
+    for path in sources(*(set(RANKS) - {"wire", "support"})):
+        text = without_includes(path.read_text())
+        names = set(re.findall(r"Json::Value\s*[&*]?\s*(\w+)\s*[,;)={]", text))
+        for name in names:
+            for number, match in lines_with(rf"\b{name}\s*(\.|->|\[)\s*\w+", text):
+                report(path, number, f"reads {match[0]} by jsoncpp; read it through Node, write it through Put")
+
+
+def check_names(report):
+    """A converter asks for every name on its list."""
+    for path in sources():
+        text = without_comments(path.read_text())
+        for match in re.finditer(r"NameList\s+\w+\s*\{([^}]*)\}", text):
+            for name in re.findall(r'"([^"]+)"', match[1]):
+                if f'["{name}"]' not in text:
+                    number = text[:match.start()].count("\n") + 1
+                    report(path, number, f'lists "{name}" and never asks for it; take it off the list')
+
+
+def capacities():
+    """Text fields: name -> the set of capacities that records give it."""
+    found = {}
+    for path in (ROOT / "include" / "vkrecords").glob("*.h"):
+        for name, size in re.findall(r"\bchar (\w+)(?:\[\d+\])?\[(\d+)\];", path.read_text()):
+            found.setdefault(name, set()).add(int(size))
+    return found
+
+
+# Capacities that differ from the field's on purpose: (field, stated) -> why.
+CAPACITIES = {
+    ("szObjectCategory", 64): "the member's text is taken to 64 bytes and runs on into the fields behind the category",
+}
+
+
+def check_capacities(report):
+    """The capacity in a row is the field's: whole for bounded copies, one less for raw ones."""
+    fields = capacities()
+    row = r"\.(rawTo|utf8To|stringTo|renderTo)\(\w+(?:\.|->)(\w+), (\d+)\)"
+    for path in sources(*(folder for folder, rank in RANKS.items() if rank == 3)):
+        for number, match in lines_with(row, path.read_text()):
+            operation, field, stated = match[1], match[2], int(match[3])
+            capacity = stated + 1 if operation == "rawTo" else stated
+            if field not in fields:
+                report(path, number, f"{field} is a text field of no record")
+            elif capacity not in fields[field] and (field, stated) not in CAPACITIES:
+                report(path, number, f"{field} takes {sorted(fields[field])} bytes, the row says {stated}; correct it, or "
+                                     "name the reason in scripts/check_source.py")
+
+
+def main():
+    breaches = []
+
+    def report(path, number, what):
+        breaches.append(f"{path.relative_to(ROOT)}:{number}: {what}")
+
+    for check in (check_layers, check_reading, check_names, check_capacities):
+        check(report)
+    print("\n".join(breaches) or "sources: layers, reading, names and capacities are in order")
+    return 1 if breaches else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

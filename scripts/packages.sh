@@ -1,0 +1,20 @@
+# Debian packages that the other scripts need: sourced by them.
+
+# Installs those of the packages that are missing, asking for root where needed.
+install_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q ' installed$' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    echo "Installing: ${missing[*]}"
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then as_root=(sudo); fi
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
+        >/dev/null
+}
+
+build_packages=(g++ cmake ninja-build libjsoncpp-dev libcli11-dev libfmt-dev)
+test_packages=("${build_packages[@]}" libgtest-dev bats tzdata)
+check_packages=("${test_packages[@]}" clang clang-format clang-tidy libclang-rt-14-dev pkg-config python3)

@@ -1,0 +1,34 @@
+// Every record that the library reads or writes, with its converters.
+#ifndef TOOLS_JSONPARSER_CATALOGUE_H
+#define TOOLS_JSONPARSER_CATALOGUE_H
+
+#include <json/value.h>
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "vkrecords/fields.h"
+
+namespace tool {
+
+struct CatalogueEntry {
+    std::string_view name;  ///< the record's name; "/" and a word behind it tell the forms of one record apart
+    std::string_view meaning;
+    const vkrecords::RecordLayout* layout;
+    /// Fills a cleared record; null where the record is only written. @return what the converter says of its success
+    bool (*decode)(Json::Value& node, void* record);
+    /// Writes a record; null where the record is only read. @return what the converter says of its success
+    bool (*encode)(const void* record, Json::Value& node);
+};
+
+std::span<const CatalogueEntry> Catalogue();
+
+/// The entry of that name, upper or lower case, or the one entry whose name contains it.
+/// @return null when there is none, or more than one; alternatives then holds the names that it could have been
+const CatalogueEntry* FindEntry(std::string_view name, std::vector<std::string>& alternatives);
+
+}  // namespace tool
+
+#endif

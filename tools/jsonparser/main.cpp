@@ -1,0 +1,55 @@
+#include <CLI/CLI.hpp>
+#include <clocale>
+#include <exception>
+#include <iostream>
+
+#include "commands.h"
+
+namespace {
+
+int Run(int argc, char** argv) {
+    CLI::App app("Shows what the JsonParser library makes of device messages.", "jsonparser");
+    app.set_version_flag("--version", "jsonparser " JSONPARSER_VERSION);
+    app.require_subcommand(1);
+    app.footer("Exit codes: 0 good, 1 findings, 2 usage, 3 cannot read or write.");
+
+    tool::DecodeOptions decode;
+    CLI::App* decodeCommand = app.add_subcommand("decode", "Read a record from each message and print it");
+    decodeCommand->add_option("RECORD", decode.record, "Name of the record, or a part of it")->required();
+    decodeCommand->add_option("FILE", decode.files, "Messages in JSON; - or none reads standard input");
+    decodeCommand->add_option("--at", decode.at, "JSON pointer to the record in each message")->type_name("POINTER");
+    decodeCommand->add_flag("--json", decode.json, "Print the record as JSON");
+    decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
+
+    bool json = false;
+    std::string record;
+    CLI::App* recordsCommand = app.add_subcommand("records", "List the records");
+    recordsCommand->add_flag("--json", json, "Print the list as JSON");
+    CLI::App* fieldsCommand = app.add_subcommand("fields", "Show a record's layout");
+    fieldsCommand->add_option("RECORD", record, "Name of the record, or a part of it")->required();
+    fieldsCommand->add_flag("--json", json, "Print the layout as JSON");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) return app.exit(error);
+        std::cerr << "jsonparser: " << error.what() << " (see: jsonparser --help)\n";
+        return tool::kUsage;
+    }
+    if (decodeCommand->parsed()) return tool::Decode(decode);
+    if (recordsCommand->parsed()) return tool::ListRecords(json);
+    return tool::ListFields(record, json);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // Texts follow the locale, numbers never do.
+    std::setlocale(LC_CTYPE, "");
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << "jsonparser: " << error.what() << '\n';
+        return tool::kCannotReadOrWrite;
+    }
+}

@@ -1,0 +1,295 @@
+#include "record_form.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <iterator>
+#include <string_view>
+#include <vector>
+
+#include "utf8.h"
+#include "vkprotocolstack/support/support.h"
+
+namespace tool {
+namespace {
+
+using vkrecords::Field;
+using vkrecords::FieldKind;
+using vkrecords::RecordLayout;
+
+/// The value of type T at an address of any alignment.
+template <class T>
+T Load(const unsigned char* bytes) {
+    T value;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+unsigned LoadBits(const Field& field, const unsigned char* bytes) {
+    return (Load<unsigned>(bytes) >> field.bit) & ((1U << field.width) - 1U);
+}
+
+/// Shortest digits that read back as the same number.
+template <class Real>
+std::string Digits(Real value) {
+    if (std::isnan(value)) return "NaN";
+    if (std::isinf(value)) return value < 0 ? "-Infinity" : "Infinity";
+    return fmt::format("{}", value);
+}
+
+template <class Real>
+std::string JsonDigits(Real value) {
+    return std::isfinite(value) ? Digits(value) : QuotedJson(Digits(value));
+}
+
+std::string_view TextIn(const Field& field, const unsigned char* bytes) {
+    const auto* text = reinterpret_cast<const char*>(bytes);
+    return {text, strnlen(text, field.elementSize)};
+}
+
+const char* PointerIn(const unsigned char* bytes) { return Load<const char*>(bytes); }
+
+/// Local text as UTF-8, as far as it is valid in the local encoding.
+std::string ToUtf8(std::string_view local) {
+    std::vector<char> buffer(local.size() * 4 + 1);
+    Change_Assic_UTF8(local.data(), static_cast<int>(local.size()), buffer.data(), static_cast<int>(buffer.size()));
+    return buffer.data();
+}
+
+std::string JsonText(std::string_view local) {
+    const std::string text = ToUtf8(local);
+    if (IsUtf8(text)) return QuotedJson(text);
+    std::string hex;
+    for (const char byte : local) {
+        fmt::format_to(std::back_inserter(hex), "{:02x}", static_cast<unsigned char>(byte));
+    }
+    return fmt::format(R"({{"hex": "{}"}})", hex);
+}
+
+std::string ScalarAsText(const Field& field, const unsigned char* bytes) {
+    switch (field.kind) {
+        case FieldKind::Bool:
+            return Load<unsigned char>(bytes) == 0 ? "false" : "true";
+        case FieldKind::Int16:
+            return fmt::format("{}", Load<short>(bytes));
+        case FieldKind::Int32:
+            return fmt::format("{}", Load<int>(bytes));
+        case FieldKind::Int64:
+            return fmt::format("{}", Load<long long>(bytes));
+        case FieldKind::UInt8:
+            return fmt::format("{}", Load<unsigned char>(bytes));
+        case FieldKind::UInt16:
+            return fmt::format("{}", Load<unsigned short>(bytes));
+        case FieldKind::UInt32:
+            return fmt::format("{}", Load<unsigned>(bytes));
+        case FieldKind::Bits:
+            return fmt::format("{}", LoadBits(field, bytes));
+        case FieldKind::Float:
+            return Digits(Load<float>(bytes));
+        case FieldKind::Double:
+            return Digits(Load<double>(bytes));
+        case FieldKind::Text:
+            return QuotedText(ToUtf8(TextIn(field, bytes)));
+        case FieldKind::HeapText:
+        case FieldKind::CallerText:
+            return PointerIn(bytes) == nullptr ? "null" : QuotedText(ToUtf8(PointerIn(bytes)));
+        case FieldKind::Record:
+        case FieldKind::Reserved:
+            break;
+    }
+    return {};
+}
+
+std::string ScalarAsJson(const Field& field, const unsigned char* bytes) {
+    switch (field.kind) {
+        case FieldKind::Float:
+            return JsonDigits(Load<float>(bytes));
+        case FieldKind::Double:
+            return JsonDigits(Load<double>(bytes));
+        case FieldKind::Text:
+            return JsonText(TextIn(field, bytes));
+        case FieldKind::HeapText:
+        case FieldKind::CallerText:
+            return PointerIn(bytes) == nullptr ? "null" : JsonText(PointerIn(bytes));
+        default:
+            return ScalarAsText(field, bytes);
+    }
+}
+
+/// Elements of a field, each made into text by element, in brackets as the field's dimensions have it.
+template <class Element>
+std::string Elements(const Field& field, const unsigned char* bytes, std::string_view separator, Element element) {
+    if (field.rank == 0) return element(bytes);
+    std::string all = "[";
+    for (std::size_t i = 0; i < field.extents[0]; ++i) {
+        if (i > 0) all += separator;
+        if (field.rank == 2) all += '[';
+        for (std::size_t j = 0; j < field.extents[1]; ++j) {
+            if (j > 0) all += separator;
+            all += element(bytes + (i * field.extents[1] + j) * field.elementSize);
+        }
+        if (field.rank == 2) all += ']';
+    }
+    return all + ']';
+}
+
+/// A nested record on one line.
+std::string InlineText(const RecordLayout& layout, const unsigned char* record) {
+    std::string line;
+    for (const Field& field : layout) {
+        if (field.kind == FieldKind::Reserved) continue;
+        if (!line.empty()) line += ", ";
+        line += fmt::format("{} {}", field.name, Elements(field, record + field.offset, ", ", [&](const auto* bytes) {
+                                return field.kind == FieldKind::Record ? InlineText(*field.record, bytes)
+                                                                       : ScalarAsText(field, bytes);
+                            }));
+    }
+    return '{' + line + '}';
+}
+
+void AppendJson(std::string& out, const RecordLayout& layout, const unsigned char* record, std::size_t indent) {
+    out += '{';
+    const char* separator = "\n";
+    for (const Field& field : layout) {
+        if (field.kind == FieldKind::Reserved) continue;
+        out += fmt::format("{}{:{}}\"{}\": ", separator, "", indent + 2, field.name);
+        separator = ",\n";
+        out += Elements(field, record + field.offset, ", ", [&](const unsigned char* bytes) {
+            if (field.kind != FieldKind::Record) return ScalarAsJson(field, bytes);
+            std::string nested;
+            AppendJson(nested, *field.record, bytes, indent + 2);
+            return nested;
+        });
+    }
+    out += fmt::format("\n{:{}}}}", "", indent);
+}
+
+std::string TypeName(const Field& field) {
+    std::string name;
+    switch (field.kind) {
+        case FieldKind::Bool:
+            name = "bool";
+            break;
+        case FieldKind::Int16:
+            name = "int16";
+            break;
+        case FieldKind::Int32:
+            name = "int32";
+            break;
+        case FieldKind::Int64:
+            name = "int64";
+            break;
+        case FieldKind::UInt8:
+            name = "uint8";
+            break;
+        case FieldKind::UInt16:
+            name = "uint16";
+            break;
+        case FieldKind::UInt32:
+            name = "uint32";
+            break;
+        case FieldKind::Bits:
+            name = fmt::format("bits {}..{}", field.bit, field.bit + field.width - 1);
+            break;
+        case FieldKind::Float:
+            name = "float";
+            break;
+        case FieldKind::Double:
+            name = "double";
+            break;
+        case FieldKind::Text:
+            name = "char";
+            break;
+        case FieldKind::HeapText:
+            name = "heap text";
+            break;
+        case FieldKind::CallerText:
+            name = fmt::format("caller's buffer of {} bytes", field.lengthField);
+            break;
+        case FieldKind::Record:
+            name = field.record->name;
+            break;
+        case FieldKind::Reserved:
+            name = "reserved";
+            break;
+    }
+    for (std::size_t i = 0; i < field.rank; ++i) name += fmt::format("[{}]", field.extents[i]);
+    if (field.kind == FieldKind::Text) name += fmt::format("[{}]", field.elementSize);
+    return name;
+}
+
+std::size_t NameWidth(const RecordLayout& layout) {
+    std::size_t width = 0;
+    for (const Field& field : layout) width = std::max(width, std::strlen(field.name));
+    return width;
+}
+
+}  // namespace
+
+std::string RecordAsText(const RecordLayout& layout, const void* record) {
+    std::string out = fmt::format("{} ({} bytes)\n", layout.name, layout.size);
+    const std::size_t width = NameWidth(layout);
+    for (const Field& field : layout) {
+        if (field.kind == FieldKind::Reserved) continue;
+        const auto* bytes = static_cast<const unsigned char*>(record) + field.offset;
+        const auto element = [&](const unsigned char* at) {
+            return field.kind == FieldKind::Record ? InlineText(*field.record, at) : ScalarAsText(field, at);
+        };
+        const std::string separator = field.kind == FieldKind::Record ? fmt::format("\n  {:{}}   ", "", width) : ", ";
+        fmt::format_to(std::back_inserter(out), "  {:{}}  {}\n", field.name, width,
+                       Elements(field, bytes, separator, element));
+    }
+    return out;
+}
+
+std::string RecordAsJson(const RecordLayout& layout, const void* record) {
+    std::string out;
+    AppendJson(out, layout, static_cast<const unsigned char*>(record), 0);
+    return out + '\n';
+}
+
+std::string RecordAsHex(const RecordLayout& layout, const void* record) {
+    const auto* bytes = static_cast<const unsigned char*>(record);
+    std::string out;
+    for (std::size_t line = 0; line < layout.size; line += 16) {
+        const auto field = std::find_if(layout.begin(), layout.end(), [line](const Field& candidate) {
+            return line < candidate.offset + candidate.size();
+        });
+        std::string hex;
+        for (std::size_t i = line; i < std::min(line + 16, layout.size); ++i) {
+            fmt::format_to(std::back_inserter(hex), " {:02x}", bytes[i]);
+        }
+        fmt::format_to(std::back_inserter(out), "{:6} {:48}  {}\n", line, hex,
+                       field == layout.end() ? "" : field->name);
+    }
+    return out;
+}
+
+std::string LayoutAsText(const RecordLayout& layout) {
+    std::string out = fmt::format("{} ({} bytes)\n", layout.name, layout.size);
+    const std::size_t nameWidth = NameWidth(layout);
+    std::size_t typeWidth = 0;
+    for (const Field& field : layout) typeWidth = std::max(typeWidth, TypeName(field).size());
+    for (const Field& field : layout) {
+        fmt::format_to(std::back_inserter(out), "{:7} {:6}  {:{}}  {:{}}  {}\n", field.offset, field.size(),
+                       TypeName(field), typeWidth, field.name, nameWidth, field.meaning);
+    }
+    return out;
+}
+
+std::string LayoutAsJson(const RecordLayout& layout) {
+    std::string out =
+        fmt::format("{{\n  \"record\": \"{}\",\n  \"size\": {},\n  \"fields\": [", layout.name, layout.size);
+    const char* separator = "\n";
+    for (const Field& field : layout) {
+        out += fmt::format("{}    {{\"name\": {}, \"offset\": {}, \"size\": {}, \"type\": {}, \"meaning\": {}}}",
+                           separator, QuotedJson(field.name), field.offset, field.size(), QuotedJson(TypeName(field)),
+                           QuotedJson(field.meaning));
+        separator = ",\n";
+    }
+    return out + "\n  ]\n}\n";
+}
+
+}  // namespace tool

@@ -1,0 +1,56 @@
+#include <algorithm>
+#include <vector>
+
+#include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/node.h"
+
+using jsonparser::Node;
+
+namespace {
+
+/// An array that is being measured.
+struct Level {
+    Node array;
+    long long size;
+    long long step;
+    long long index;  ///< the element that is being measured
+    long long depth;  ///< of the shallowest element so far; 0 is final
+};
+
+}  // namespace
+
+Json_dimension::Json_dimension(int shift) : nShift(shift) {}
+
+long long Json_dimension::operator()(const Json::Value& value) const { return nShift < 0 ? -1 : do_recursion(value); }
+
+long long Json_dimension::do_recursion(const Json::Value& value) const {
+    const Node root(value);
+    if (!root.isArray()) return 0;
+    const auto levelOf = [this](Node array) {
+        const auto size = static_cast<long long>(array.size());
+        return Level{array, size, (size >> (static_cast<unsigned>(nShift) % 32)) + 1, 0, 0};
+    };
+    std::vector<Level> levels{levelOf(root)};
+    for (;;) {
+        Level& level = levels.back();
+        const Node element = level.array.at(static_cast<std::size_t>(level.index));
+        if (element.isArray()) {
+            levels.push_back(levelOf(element));
+            continue;
+        }
+        // A scalar: its depth, 0, goes up until an array has another element to sample.
+        long long depth = 0;
+        for (;;) {
+            Level& parent = levels.back();
+            parent.depth = parent.index == 0 ? depth : std::min(parent.depth, depth);
+            const bool sampleNext = parent.depth > 0 && parent.index + parent.step < parent.size;
+            if (sampleNext) {
+                parent.index += parent.step;
+                break;
+            }
+            depth = parent.depth + 1;
+            levels.pop_back();
+            if (levels.empty()) return depth;
+        }
+    }
+}

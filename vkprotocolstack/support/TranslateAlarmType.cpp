@@ -1,0 +1,3 @@
+#include "vkprotocolstack/support/support.h"
+
+int TranslateAlarmType(int deviceAlarmType) { return deviceAlarmType; }

@@ -1,0 +1,153 @@
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/foundation/geometry.h"
+#include "vkprotocolstack/traffic/vehicle_size_keywords.h"
+#include "vkprotocolstack/wire/node.h"
+#include "vkprotocolstack/wire/record.h"
+#include "vkprotocolstack/wire/write.h"
+
+using jsonparser::Clear;
+using jsonparser::InsertNulls;
+using jsonparser::kVehicleSizes;
+using jsonparser::Members;
+using jsonparser::NameList;
+using jsonparser::Node;
+
+namespace {
+
+constexpr NameList kNames{"PlateNumber",
+                          "PlateType",
+                          "PlateColor",
+                          "VehicleColor",
+                          "Speed",
+                          "Event",
+                          "ViolationCode",
+                          "ViolationDesc",
+                          "ViolationName",
+                          "LowerSpeedLimit",
+                          "UpperSpeedLimit",
+                          "OverSpeedMargin",
+                          "UnderSpeedMargin",
+                          "Lane",
+                          "CustomParkNo",
+                          "VehicleSize",
+                          "VehicleLength",
+                          "DrivingDirection",
+                          "SnapshotMode",
+                          "ChannelName",
+                          "MachineName",
+                          "MachineGroup",
+                          "RoadwayNo",
+                          "CustomRoadwayDirection",
+                          "DeviceAddress",
+                          "DetailedAddress",
+                          "VehicleSign",
+                          "Redundance",
+                          "MachineAddress",
+                          "ActualShutter",
+                          "ActualGain",
+                          "Direction",
+                          "DefendCode",
+                          "TrafficBlackListID",
+                          "VehicleColorRGB",
+                          "UTC",
+                          "RecNo",
+                          "StereoGarage",
+                          "Weight",
+                          "PhysicalLane",
+                          "MovingDirection",
+                          "EleTagInfoUTC",
+                          "CarWindow"};
+
+constexpr NameList kGarageNames{"DeckNo", "FreeDeckCount", "FullDeckCount", "TotalDeckCount"};
+
+void Read(Node node, tagSTEREO_GARAGE_INFO& garage) {
+    const Members<kGarageNames> in(node);
+    if (auto v = in["DeckNo"]) garage.nDeckNo = v.asInt();
+    if (auto v = in["FreeDeckCount"]) garage.nFreeDeckCount = v.asInt();
+    if (auto v = in["FullDeckCount"]) garage.nFullDeckCount = v.asInt();
+    if (auto v = in["TotalDeckCount"]) garage.nTotalDeckCount = v.asInt();
+}
+
+void ReadDrivingDirection(Node directions, char (&slots)[3][256]) {
+    // The first direction is stored as it was sent, the other two in the local encoding.
+    if (auto v = directions.at(0)) v.rawTo(slots[0], 255);
+    for (std::size_t i = 1; i < 3 && i < directions.size(); ++i) directions.at(i).utf8To(slots[i], 256);
+}
+
+void Read(Node node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) {
+    const Members<kNames> in(node);
+    Clear(car);
+    if (auto v = in["PlateNumber"]) v.utf8To(car.szPlateNumber, 32);
+    if (auto v = in["PlateType"]) v.rawTo(car.szPlateTypeText, 31);
+    if (auto v = in["PlateColor"]) v.utf8To(car.szPlateColor, 32);
+    if (auto v = in["VehicleColor"]) v.utf8To(car.szVehicleColor, 32);
+    car.nSpeed = in["Speed"].asInt();
+    if (auto v = in["Event"]) v.rawTo(car.szEvent, 63);
+    if (auto v = in["ViolationCode"]) v.rawTo(car.szViolationCode, 31);
+    if (auto v = in["ViolationDesc"]) v.utf8To(car.szViolationDesc, 64);
+    in["ViolationName"].utf8To(car.szViolationName, 64);
+    car.nLowerSpeedLimit = in["LowerSpeedLimit"].asInt();
+    car.nUpperSpeedLimit = in["UpperSpeedLimit"].asInt();
+    car.nOverSpeedMargin = in["OverSpeedMargin"].asInt();
+    car.nUnderSpeedMargin = in["UnderSpeedMargin"].asInt();
+    car.nLane = in["Lane"].asInt();
+    if (auto v = in["CustomParkNo"]) v.stringTo(car.szCustomParkNo, 33);
+    car.nVehicleSize = -1;
+    if (auto v = in["VehicleSize"]) car.nVehicleSize = v.firstExact(kVehicleSizes, -1);
+    car.fVehicleLength = in["VehicleLength"].asFloat();
+    if (auto v = in["DrivingDirection"]) ReadDrivingDirection(v, car.szDrivingDirection);
+    car.nSnapshotMode = in["SnapshotMode"].asInt();
+    if (auto v = in["ChannelName"]) v.utf8To(car.szChannelName, 32);
+    if (auto v = in["MachineName"]) v.utf8To(car.szMachineName, 256);
+    if (auto v = in["MachineGroup"]) v.utf8To(car.szMachineGroup, 256);
+    // Of 64 bytes or more, this ends in the first driving direction, which was read above.
+    if (auto v = in["RoadwayNo"]) v.utf8To(car.szRoadwayNo, 64);
+    if (auto v = in["CustomRoadwayDirection"]) v.utf8To(car.szCustomRoadwayDirection, 32);
+    if (auto v = in["DeviceAddress"]) car.pszDeviceAddress = v.heapUtf8();
+    if (auto v = in["DetailedAddress"]; v.isMember()) car.pszDetailedAddress = v.heapUtf8();
+    if (auto v = in["VehicleSign"]; v.isMember()) v.stringTo(car.szVehicleSign, 32);
+    if (auto v = in["Redundance"]) {
+        for (std::size_t i = 0; i < 8 && i < v.size(); ++i) car.byRedundance[i] = v.at(i).uintLow8();
+    }
+    if (auto v = in["MachineAddress"]; v.isMember()) car.pszMachineAddress = v.heapUtf8();
+    if (auto v = in["ActualShutter"]) car.fActualShutter = v.asFloat();
+    if (auto v = in["ActualGain"]) car.byActualGain = v.intLow8();
+    car.byDirection = 8;
+    if (auto v = in["Direction"]) car.byDirection = v.intLow8();
+    if (auto v = in["DefendCode"]) v.renderTo(car.szDefendCode, 64);
+    if (auto v = in["TrafficBlackListID"]) car.nTrafficBlackListID = v.asInt();
+    if (auto v = in["VehicleColorRGB"]; v.isArray() && v.size() == 4) {
+        for (std::size_t i = 0; i < 4; ++i) car.dwVehicleColorRGB[i] = v.at(i).asUInt();
+    }
+    if (auto v = in["UTC"]; v.isInt()) car.stuUTC = GetNetTimeByUTCTimeNew(v.utcSeconds());
+    car.dwRecNo = in["RecNo"].asUInt();
+    if (auto v = in["StereoGarage"]) Read(v, car.stuStereoGarage);
+    if (auto v = in["Weight"]; v.isInt()) car.nWeight = v.asInt();
+    if (auto v = in["PhysicalLane"]; v.isInt()) car.byPhysicalLane = v.intLow8();
+    if (auto v = in["MovingDirection"]; v.isUInt()) car.emMovingDirection = v.asUInt();
+    // The electronic tag has the event's time, whatever its own member holds.
+    if (in["EleTagInfoUTC"]) car.stuEleTagInfoUTC = GetNetTimeByUTCTimeNew(in["UTC"].utcSeconds());
+    if (auto v = in["CarWindow"]) Read(v["BoundingBox"], car.stuCarWindowBox);
+}
+
+/// What the converter looks for and therefore leaves in the object: all but the members of which it asks isMember.
+constexpr auto kInserted = [] {
+    std::array<std::string_view, kNames.names.size() - 3> names{};
+    std::remove_copy_if(kNames.names.begin(), kNames.names.end(), names.begin(), [](std::string_view name) {
+        return name == "DetailedAddress" || name == "VehicleSign" || name == "MachineAddress";
+    });
+    return names;
+}();
+
+}  // namespace
+
+int ParseStrtoTrafficCar(Json::Value& node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO* info) {
+    if (info == nullptr) return 1;
+    Read(Node(node), *info);
+    InsertNulls(node, kInserted);
+    return 0;
+}

@@ -1,0 +1,144 @@
+// Reading a JSON node: every operation is defined for every JSON value, and none throws.
+//
+// A node that is missing reads as null. Numbers: null, text, array and object read as 0; integers keep their low bits;
+// reals are cut toward zero, beyond the range to the nearest limit, NaN to 0. The text of null, array and object is
+// empty, that of a bool or a number is jsoncpp's asString.
+#ifndef VKPROTOCOLSTACK_WIRE_NODE_H
+#define VKPROTOCOLSTACK_WIRE_NODE_H
+
+#include <json/value.h>
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "vkprotocolstack/wire/keywords.h"
+#include "vkprotocolstack/wire/names.h"
+#include "vkprotocolstack/wire/observer.h"
+#include "vkprotocolstack/wire/scan.h"
+
+namespace jsonparser {
+
+class Node {
+  public:
+    /// The node that a converter was called with.
+    explicit Node(const Json::Value& root) : Node(&root, ObserverScope::Current()) {}
+    Node(const Json::Value* value, const Trail* trail) : value_(value), trail_(trail) {}
+
+    // ---- tests
+    /// Present: neither missing nor null.
+    explicit operator bool() const;
+    /// Part of its object, as null too.
+    bool isMember() const;
+    bool isArray() const;
+    bool isString() const;
+    bool isInt() const;
+    bool isUInt() const;
+    bool isBool() const;
+    /// Elements of an array, 0 for anything else.
+    std::size_t size() const;
+
+    // ---- way down
+    Node at(std::size_t index) const;
+    Node operator[](std::string_view name) const;
+
+    // ---- numbers
+    int asInt() const;
+    unsigned asUInt() const;
+    double asDouble() const;
+    float asFloat() const;
+    bool asBool() const;
+    /// The low bits of asInt or of asUInt: they differ on reals outside the type's range.
+    unsigned char intLow8() const;
+    unsigned char uintLow8() const;
+    unsigned short intLow16() const;
+    unsigned short uintLow16() const;
+    /// asInt plus one; wraps at the limit.
+    int intPlusOne() const;
+    /// asDouble cut toward zero.
+    long long realToInt64() const;
+    /// asInt and asUInt of seconds since 1970-01-01 00:00:00 UTC.
+    long utcSeconds() const;
+    long unsignedUtcSeconds() const;
+
+    // ---- text into a field
+    /// As it stands: at most count bytes, up to the first NUL, and a terminator behind them.
+    void rawTo(char* field, std::size_t count) const;
+    /// Through Change_Utf8_Assic: at most limit bytes of UTF-8 are taken, and the whole result with its terminator is
+    /// written, so a text of limit bytes or more puts its terminator at field[limit]. Null writes nothing.
+    void utf8To(char* field, int limit) const;
+    /// Through GetJsonString: at most size bytes, terminator included. What is no text empties the field.
+    /// @return whether it is a text
+    bool stringTo(char* field, int size) const;
+    /// Through parseJsonNodeToStr: any value as text, at most size bytes, terminator included.
+    void renderTo(char* field, int size) const;
+    /// utf8To a buffer from new char[] of the text's length and a terminator. Null when that cannot be had.
+    char* heapUtf8() const;
+
+    // ---- text as such
+    /// Scans the text (see Scan) into the words of a record; those that do not convert are left as they were.
+    /// @return whether all converted
+    template <class... Word>
+    bool scan(std::string_view format, Signs signs, Word&... words) const {
+        std::string storage;
+        const std::size_t converted = ScanInto(text(storage), format, signs, words...);
+        if (trail_ != nullptr) reportScan(format, converted, sizeof...(Word));
+        return converted == sizeof...(Word);
+    }
+    /// The code of the first row with exactly this text, or otherwise.
+    int firstExact(Keywords table, int otherwise) const;
+    /// The code of the first row with this text but for the case of ASCII letters, or otherwise.
+    int firstIgnoringCase(Keywords table, int otherwise) const;
+    /// The code of the last such row, or otherwise.
+    int lastIgnoringCase(Keywords table, int otherwise) const;
+
+  private:
+    template <const auto& List>
+    friend class Members;
+
+    /// The text; one that is not a text in the message is kept in storage.
+    std::string_view text(std::string& storage) const;
+    template <class Result>
+    Result reported(std::string_view operation, Result result) const;
+    int lookedUp(std::string_view operation, const Keyword* row, int otherwise) const;
+    void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
+
+    const Json::Value* value_;  ///< null when missing
+    const Trail* trail_;        ///< null when nobody observes
+};
+
+/// Looks up names, given with their sorted order, in object's members at one go. What is missing, and everything when
+/// object is no object, becomes null.
+void Resolve(const Json::Value* object, const std::string_view* names, const std::size_t* sorted, std::size_t count,
+             const Json::Value** found);
+
+/// The members of an object that a converter names up front in List, resolved at one go. Asking for a name that is not
+/// on the list does not compile.
+template <const auto& List>
+class Members {
+    static constexpr std::size_t kCount = List.names.size();
+
+  public:
+    struct Name {
+        std::size_t index;
+        template <std::size_t N>
+        consteval Name(const char (&text)[N]) : index(List.indexOf(std::string_view(text))) {}
+    };
+
+    explicit Members(Node object) : trail_(object.trail_) {
+        Resolve(object.value_, List.names.data(), List.sorted.data(), kCount, found_.data());
+    }
+
+    Node operator[](Name name) const {
+        return {found_[name.index], trail_ == nullptr ? nullptr : trail_->member(List.names[name.index])};
+    }
+
+  private:
+    std::array<const Json::Value*, kCount> found_;
+    const Trail* trail_;
+};
+
+}  // namespace jsonparser
+
+#endif
