@@ -88,29 +88,25 @@ class Reader {
 
     void readField(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
                    const std::string& path) {
-        if (field.rank == 0) return readElement(value, layout, record, field, record + field.offset, path);
-        readDimension(value, 0, path, record + field.offset, field,
-                      [&](const auto& element, auto* bytes, const auto& at) {
-                          readElement(element, layout, record, field, bytes, at);
-                      });
+        unsigned char* bytes = record + field.offset;
+        const auto element = [&](const Json::Value& one, unsigned char* at, const std::string& where) {
+            readElement(one, layout, record, field, at, where);
+        };
+        if (field.rank == 0) return element(value, bytes, path);
+        if (field.rank == 1) return readArray(value, field.extents[0], field.elementSize, bytes, path, element);
+        const auto row = [&](const Json::Value& one, unsigned char* at, const std::string& where) {
+            readArray(one, field.extents[1], field.elementSize, at, where, element);
+        };
+        readArray(value, field.extents[0], field.elementSize * field.extents[1], bytes, path, row);
     }
 
-    /// The elements of one dimension of an array field, and of the ones below it.
     template <class Element>
-    void readDimension(const Json::Value& value, std::size_t dimension, const std::string& path, unsigned char* bytes,
-                       const Field& field, Element element) {
-        if (!value.isArray() || value.size() > field.extents[dimension]) {
-            return find(path, value, fmt::format("an array of at most {}", field.extents[dimension]));
-        }
-        const bool innermost = dimension + 1 == field.rank;
-        const std::size_t step = innermost ? field.elementSize : field.elementSize * field.extents[1];
+    void readArray(const Json::Value& value, std::size_t extent, std::size_t step, unsigned char* bytes,
+                   const std::string& path, Element element) {
+        if (!value.isArray() || value.size() > extent)
+            return find(path, value, fmt::format("an array of at most {}", extent));
         for (Json::ArrayIndex i = 0; i < value.size(); ++i) {
-            const std::string at = fmt::format("{}/{}", path, i);
-            if (innermost) {
-                element(value[i], bytes + i * step, at);
-            } else {
-                readDimension(value[i], dimension + 1, at, bytes + i * step, field, element);
-            }
+            element(value[i], bytes + i * step, fmt::format("{}/{}", path, i));
         }
     }
 
