@@ -20,8 +20,8 @@ EDGES = {
     ("traffic/flow_statistics_ex", "traffic/flow_statistics.h"),
 }
 
-# What the public header includes, and where every converter finds its contract.
-PUBLIC = {"vkprotocolstack/JsonParser.h"}
+# The public headers: contracts, and what the tables are made of.
+PUBLIC = {"vkprotocolstack/JsonParser.h", "vkprotocolstack/vocabulary.h"}
 
 
 def sources(*folders):

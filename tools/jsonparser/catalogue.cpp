@@ -86,14 +86,14 @@ constexpr CatalogueEntry kCatalogue[] = {
                                  [](auto& node, auto& info) { return ParseStrtoVehicle(node, &info); }),
 };
 
-std::string Folded(std::string_view text) {
-    std::string folded(text);
+}  // namespace
+
+std::string Folded(std::string_view name) {
+    std::string folded(name);
     std::transform(folded.begin(), folded.end(), folded.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     return folded;
 }
-
-}  // namespace
 
 std::span<const CatalogueEntry> Catalogue() { return kCatalogue; }
 

@@ -25,6 +25,9 @@ struct CatalogueEntry {
 
 std::span<const CatalogueEntry> Catalogue();
 
+/// A name in lower case.
+std::string Folded(std::string_view name);
+
 /// The entry of that name, upper or lower case, or the one entry whose name contains it.
 /// @return null when there is none, or more than one; alternatives then holds the names that it could have been
 const CatalogueEntry* FindEntry(std::string_view name, std::vector<std::string>& alternatives);

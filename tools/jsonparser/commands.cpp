@@ -12,6 +12,7 @@
 #include "record_form.h"
 #include "record_input.h"
 #include "utf8.h"
+#include "vkprotocolstack/vocabulary.h"
 
 namespace tool {
 namespace {
@@ -92,6 +93,22 @@ std::vector<std::string> OrStandardInput(const std::vector<std::string>& files) 
     return files.empty() ? std::vector<std::string>{"-"} : files;
 }
 
+std::string VocabularyAsText(const jsonparser::Vocabulary& vocabulary) {
+    std::string text = fmt::format("{}: {}\n", vocabulary.name, vocabulary.meaning);
+    for (const jsonparser::Keyword& row : vocabulary) text += fmt::format("{:6}  {}\n", row.code, QuotedText(row.text));
+    return text;
+}
+
+std::string VocabularyAsJson(const jsonparser::Vocabulary& vocabulary, bool first) {
+    std::string rows;
+    for (const jsonparser::Keyword& row : vocabulary) {
+        rows +=
+            fmt::format("{}{{\"code\": {}, \"text\": {}}}", rows.empty() ? "" : ", ", row.code, QuotedJson(row.text));
+    }
+    return fmt::format("{}\n  {{\"name\": {}, \"meaning\": {}, \"rows\": [{}]}}", first ? "" : ",",
+                       QuotedJson(vocabulary.name), QuotedJson(vocabulary.meaning), rows);
+}
+
 /// What was printed must have arrived.
 int Flushed(int code) {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return code;
@@ -143,6 +160,23 @@ int ListRecords(bool json) {
         }
     }
     if (json) Print("\n]\n");
+    return Flushed(kGood);
+}
+
+int ListKeywords(const std::string& table, bool json) {
+    bool found = table.empty();
+    std::string all;
+    for (const jsonparser::Vocabulary& vocabulary : jsonparser::Vocabularies()) {
+        if (!table.empty() && Folded(vocabulary.name) != Folded(table)) continue;
+        found = true;
+        all += json ? VocabularyAsJson(vocabulary, all.empty()) : VocabularyAsText(vocabulary);
+    }
+    if (!found) {
+        Complain(
+            fmt::format("found {}, expected the name of a vocabulary (see: jsonparser keywords)", QuotedText(table)));
+        return kUsage;
+    }
+    Print(json ? fmt::format("[{}\n]\n", all) : all);
     return Flushed(kGood);
 }
 

@@ -20,6 +20,8 @@ struct DecodeOptions {
 int Decode(const DecodeOptions& options);
 int Encode(const std::string& record, const std::vector<std::string>& files);
 int ListRecords(bool json);
+/// One vocabulary, or all of them.
+int ListKeywords(const std::string& table, bool json);
 int ListFields(const std::string& record, bool json);
 
 }  // namespace tool

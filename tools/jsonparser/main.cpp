@@ -33,6 +33,10 @@ int Run(int argc, char** argv) {
     CLI::App* fieldsCommand = app.add_subcommand("fields", "Show a record's layout");
     fieldsCommand->add_option("RECORD", record, "Name of the record, or a part of it")->required();
     fieldsCommand->add_flag("--json", json, "Print the layout as JSON");
+    std::string table;
+    CLI::App* keywordsCommand = app.add_subcommand("keywords", "List the vocabularies of the protocol");
+    keywordsCommand->add_option("TABLE", table, "Name of a vocabulary; none lists all");
+    keywordsCommand->add_flag("--json", json, "Print them as JSON");
 
     try {
         app.parse(argc, argv);
@@ -44,6 +48,7 @@ int Run(int argc, char** argv) {
     if (decodeCommand->parsed()) return tool::Decode(decode);
     if (encodeCommand->parsed()) return tool::Encode(record, files);
     if (recordsCommand->parsed()) return tool::ListRecords(json);
+    if (keywordsCommand->parsed()) return tool::ListKeywords(table, json);
     return tool::ListFields(record, json);
 }
 

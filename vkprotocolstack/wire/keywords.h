@@ -7,12 +7,9 @@
 #include <span>
 #include <string_view>
 
-namespace jsonparser {
+#include "vkprotocolstack/vocabulary.h"
 
-struct Keyword {
-    int code;
-    std::string_view text;
-};
+namespace jsonparser {
 
 /// A vocabulary in table order. Duplicate texts and codes are allowed: the lookup says which row counts.
 using Keywords = std::span<const Keyword>;
