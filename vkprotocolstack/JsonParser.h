@@ -18,6 +18,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <type_traits>
 #include <utility>
 
@@ -192,6 +193,40 @@ VK_API long GetLocalTimebyNetTimeNew(const tagNET_TIME& time);
 // ======================================================================================================================
 // 3. Traffic and vehicle events
 // ======================================================================================================================
+
+// Readers of words ignore the case of ASCII letters. A node that is no text is read as its text: that of a number or a
+// bool is as jsoncpp writes it, that of null, an array or an object is empty.
+
+/// Reads the colour of a plate: 0 Other, 1 Blue, 2 Yellow, 3 White, 4 Black, 5 YellowbottomBlackText, 6
+/// BluebottomWhiteText, 7 BlackBottomWhiteText, 8 ShadowGreen, 9 YellowGreen. An unknown word leaves type as the caller
+/// set it.
+VK_API void GetJsonPlateColorType(const Json::Value& value, int& type);
+
+/// Reads the kind of a vehicle, 0 Unknown to 36 Passerby. An unknown word leaves type as the caller set it.
+VK_API void GetJsonVehicleType(const Json::Value& value, int& type);
+
+/// Reads the colour of a vehicle's body: 0 Other, 1 White, 2 Black, 3 Red, 4 Yellow, 5 Gray, 6 Blue, 7 Green, 8 Pink, 9
+/// Purple, 10 Brown. An unknown word leaves type as the caller set it.
+VK_API void GetJsonVehicleColorType(const Json::Value& value, int& type);
+
+/// Reads the kind of a plate, 0 Other to 24 MixedNewEnergyLargeCar. 18 stands for Other too and is never read. An
+/// unknown word leaves type as the caller set it.
+VK_API void GetJsonPlateType(const Json::Value& value, int& type);
+
+/// Reads "DataType" of object, cut to 64 bytes, terminator included. 0 when it is missing, no text or an unknown word.
+VK_API void ParseVehicleDataType(const Json::Value& object, tagEM_VEHICLE_DATA_TYPE& type);
+
+/// Reads the state of a strobe light: 1 Close, 2 Auto, 3 Manual, 0 an unknown word.
+/// @return true
+VK_API bool ParseStrobeState(const Json::Value& value, unsigned char& state);
+
+/// Reads the state of a seat belt: 1 WithSafeBelt, 2 WithoutSafeBelt, 0 an unknown word.
+/// @return true
+VK_API bool ParseSeatBelt(const Json::Value& value, unsigned char& state);
+
+/// The state of a seat belt. Unlike in ParseSeatBelt, case counts.
+/// @return 1 WithSafeBelt, 2 WithoutSafeBelt, 0 an unknown word
+VK_API int ParseSafeBeltStatue(std::string word);
 
 /// Reads the vehicle object of an intelligent-traffic event. Cleared first; then nVehicleSize is -1 unless the message
 /// says otherwise, byDirection 8.

@@ -4,6 +4,13 @@
 
 #include "vkrecords/time_and_geometry.h"
 
+/// Whether a vehicle's data are live.
+enum tagEM_VEHICLE_DATA_TYPE : int {
+    EM_VEHICLE_DATA_TYPE_UNKNOWN = 0,   ///< not sent, or a word that is not known
+    EM_VEHICLE_DATA_TYPE_REALTIME = 1,  ///< live
+    EM_VEHICLE_DATA_TYPE_HISTORY = 2    ///< from the device's store
+};
+
 /// The multi-storey garage in which a car was parked.
 struct tagSTEREO_GARAGE_INFO {
     int nDeckNo;          ///< deck number
