@@ -253,6 +253,23 @@ VK_API bool ParseCustomInfo(const Json::Value& event, tagEVENT_JUNCTION_CUSTOM_I
 /// @return true without "Category", else whether it is a text
 VK_API bool ParseStrtoVehicle(const Json::Value& vehicle, tagEVENT_VEHICLE_INFO* info);
 
+/// Reads the flow statistics of one lane. A missing member leaves its field as the caller set it.
+/// "UTC" replaces the whole of stuTime, broken down as UTC; "UTCMS" its milliseconds only.
+/// Texts: UTF-8 members are taken to as many bytes as their field has, so a text that fills its field is terminated in
+/// the byte behind it, unless a later member overwrites that byte. A "MachineName" of 256 bytes or more empties the
+/// first driving direction. A "MachineAddress" of 256 bytes or more empties the machine name when "MachineName" is
+/// missing, a second direction of 32 bytes or more the third one, a third one of 32 bytes or more zeroes the low 8 bits
+/// of nLane when "Lane" is missing; else the member that follows overwrites the terminator.
+/// "DrivingDirection": the first direction is copied as it stands, cut to 32 bytes, terminator included, and is empty
+/// when the member has no first element; a missing second or third leaves its text as the caller set it.
+/// @return 0, or -1 when info is null
+VK_API int ParseTrafficStatInfo(const Json::Value& node, tagVK_TRAFFICFLOWSTAT* info);
+
+/// The same, and "BackOfQueue", "State" and "Rank": 1 Rapid, 2 Trunk, 3 SubTrunk, 4 Branch. The word must be exact;
+/// emRank is always written, 0 when "Rank" is missing or an unknown word.
+/// @return 0, or -1 when info is null
+VK_API int ParseTrafficStatInfoEx(const Json::Value& node, tagNET_TRAFFICFLOWSTATINFO* info);
+
 // ======================================================================================================================
 // 4. Video analytics objects
 // ======================================================================================================================
