@@ -17,7 +17,6 @@ EDGES = {
     ("face/candidate", "face/person.h"),
     ("face/candidate", "face/picture.h"),
     ("face/person", "face/picture.h"),
-    ("traffic/flow_statistics_ex", "traffic/flow_statistics.h"),
 }
 
 # The public headers: contracts, and what the tables are made of.

@@ -18,6 +18,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <type_traits>
 #include <utility>
 
@@ -193,6 +194,40 @@ VK_API long GetLocalTimebyNetTimeNew(const tagNET_TIME& time);
 // 3. Traffic and vehicle events
 // ======================================================================================================================
 
+// Readers of words ignore the case of ASCII letters. A node that is no text is read as its text: that of a number or a
+// bool is as jsoncpp writes it, that of null, an array or an object is empty.
+
+/// Reads the colour of a plate: 0 Other, 1 Blue, 2 Yellow, 3 White, 4 Black, 5 YellowbottomBlackText, 6
+/// BluebottomWhiteText, 7 BlackBottomWhiteText, 8 ShadowGreen, 9 YellowGreen. An unknown word leaves type as the caller
+/// set it.
+VK_API void GetJsonPlateColorType(const Json::Value& value, int& type);
+
+/// Reads the kind of a vehicle, 0 Unknown to 36 Passerby. An unknown word leaves type as the caller set it.
+VK_API void GetJsonVehicleType(const Json::Value& value, int& type);
+
+/// Reads the colour of a vehicle's body: 0 Other, 1 White, 2 Black, 3 Red, 4 Yellow, 5 Gray, 6 Blue, 7 Green, 8 Pink, 9
+/// Purple, 10 Brown. An unknown word leaves type as the caller set it.
+VK_API void GetJsonVehicleColorType(const Json::Value& value, int& type);
+
+/// Reads the kind of a plate, 0 Other to 24 MixedNewEnergyLargeCar. 18 stands for Other too and is never read. An
+/// unknown word leaves type as the caller set it.
+VK_API void GetJsonPlateType(const Json::Value& value, int& type);
+
+/// Reads "DataType" of object, cut to 64 bytes, terminator included. 0 when it is missing, no text or an unknown word.
+VK_API void ParseVehicleDataType(const Json::Value& object, tagEM_VEHICLE_DATA_TYPE& type);
+
+/// Reads the state of a strobe light: 1 Close, 2 Auto, 3 Manual, 0 an unknown word.
+/// @return true
+VK_API bool ParseStrobeState(const Json::Value& value, unsigned char& state);
+
+/// Reads the state of a seat belt: 1 WithSafeBelt, 2 WithoutSafeBelt, 0 an unknown word.
+/// @return true
+VK_API bool ParseSeatBelt(const Json::Value& value, unsigned char& state);
+
+/// The state of a seat belt. Unlike in ParseSeatBelt, case counts.
+/// @return 1 WithSafeBelt, 2 WithoutSafeBelt, 0 an unknown word
+VK_API int ParseSafeBeltStatue(std::string word);
+
 /// Reads the vehicle object of an intelligent-traffic event. Cleared first; then nVehicleSize is -1 unless the message
 /// says otherwise, byDirection 8.
 /// Texts: UTF-8 members are taken to as many bytes as their field has, so a text that fills its field is terminated in
@@ -217,6 +252,23 @@ VK_API bool ParseCustomInfo(const Json::Value& event, tagEVENT_JUNCTION_CUSTOM_I
 /// as the caller set it.
 /// @return true without "Category", else whether it is a text
 VK_API bool ParseStrtoVehicle(const Json::Value& vehicle, tagEVENT_VEHICLE_INFO* info);
+
+/// Reads the flow statistics of one lane. A missing member leaves its field as the caller set it.
+/// "UTC" replaces the whole of stuTime, broken down as UTC; "UTCMS" its milliseconds only.
+/// Texts: UTF-8 members are taken to as many bytes as their field has, so a text that fills its field is terminated in
+/// the byte behind it, unless a later member overwrites that byte. A "MachineName" of 256 bytes or more empties the
+/// first driving direction. A "MachineAddress" of 256 bytes or more empties the machine name when "MachineName" is
+/// missing, a second direction of 32 bytes or more the third one, a third one of 32 bytes or more zeroes the low 8 bits
+/// of nLane when "Lane" is missing; else the member that follows overwrites the terminator.
+/// "DrivingDirection": the first direction is copied as it stands, cut to 32 bytes, terminator included, and is empty
+/// when the member has no first element; a missing second or third leaves its text as the caller set it.
+/// @return 0, or -1 when info is null
+VK_API int ParseTrafficStatInfo(const Json::Value& node, tagVK_TRAFFICFLOWSTAT* info);
+
+/// The same, and "BackOfQueue", "State" and "Rank": 1 Rapid, 2 Trunk, 3 SubTrunk, 4 Branch. The word must be exact;
+/// emRank is always written, 0 when "Rank" is missing or an unknown word.
+/// @return 0, or -1 when info is null
+VK_API int ParseTrafficStatInfoEx(const Json::Value& node, tagNET_TRAFFICFLOWSTATINFO* info);
 
 // ======================================================================================================================
 // 4. Video analytics objects

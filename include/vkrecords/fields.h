@@ -393,6 +393,65 @@ struct FieldsOf<tagEVENT_VEHICLE_INFO> {
     };
 };
 
+template <>
+struct FieldsOf<tagVK_TRAFFICFLOWSTAT> {
+    VK_RECORD(tagVK_TRAFFICFLOWSTAT, 712);
+    static constexpr Field list[] = {
+        VK_FIELD(0, szMachineAddress, "machine address"),
+        VK_FIELD(256, szMachineName, "machine name"),
+        VK_FIELD(512, szDrivingDirection, "direction (as sent), from, to"),
+        VK_FIELD(608, nLane, "lane number"),
+        VK_FIELD(612, stuTime, "time of the report, UTC"),
+        VK_FIELD(648, nPeriod, "length of the period, device unit"),
+        VK_FIELD(652, nVehicles, "vehicles that passed"),
+        VK_FIELD(656, fAverageSpeed, "average speed, device unit"),
+        VK_FIELD(660, fAverageLength, "average vehicle length, device unit"),
+        VK_FIELD(664, fTimeOccupyRatio, "share of the time that the lane was occupied"),
+        VK_FIELD(668, fSpaceOccupyRatio, "share of the lane that was occupied"),
+        VK_FIELD(672, fSpaceHeadway, "distance between vehicles, device unit"),
+        VK_FIELD(676, fTimeHeadway, "time between vehicles, device unit"),
+        VK_FIELD(680, fDensity, "vehicle density, device unit"),
+        VK_FIELD(684, nOverSpeedVehicles, "vehicles above the speed limit"),
+        VK_FIELD(688, nUnderSpeedVehicles, "vehicles below the speed limit"),
+        VK_FIELD(692, nLargeVehicles, "large vehicles"),
+        VK_FIELD(696, nMediumVehicles, "medium vehicles"),
+        VK_FIELD(700, nSmallVehicles, "small vehicles"),
+        VK_FIELD(704, nMotoVehicles, "motorcycles"),
+        VK_FIELD(708, nLongVehicles, "long vehicles"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_TRAFFICFLOWSTATINFO> {
+    VK_RECORD(tagNET_TRAFFICFLOWSTATINFO, 728);
+    static constexpr Field list[] = {
+        VK_FIELD(0, szMachineAddress, "machine address"),
+        VK_FIELD(256, szMachineName, "machine name"),
+        VK_FIELD(512, szDrivingDirection, "direction (as sent), from, to"),
+        VK_FIELD(608, nLane, "lane number"),
+        VK_FIELD(612, stuTime, "time of the report, UTC"),
+        VK_FIELD(648, nPeriod, "length of the period, device unit"),
+        VK_FIELD(652, nVehicles, "vehicles that passed"),
+        VK_FIELD(656, fAverageSpeed, "average speed, device unit"),
+        VK_FIELD(660, fAverageLength, "average vehicle length, device unit"),
+        VK_FIELD(664, fTimeOccupyRatio, "share of the time that the lane was occupied"),
+        VK_FIELD(668, fSpaceOccupyRatio, "share of the lane that was occupied"),
+        VK_FIELD(672, fSpaceHeadway, "distance between vehicles, device unit"),
+        VK_FIELD(676, fTimeHeadway, "time between vehicles, device unit"),
+        VK_FIELD(680, fDensity, "vehicle density, device unit"),
+        VK_FIELD(684, nOverSpeedVehicles, "vehicles above the speed limit"),
+        VK_FIELD(688, nUnderSpeedVehicles, "vehicles below the speed limit"),
+        VK_FIELD(692, nLargeVehicles, "large vehicles"),
+        VK_FIELD(696, nMediumVehicles, "medium vehicles"),
+        VK_FIELD(700, nSmallVehicles, "small vehicles"),
+        VK_FIELD(704, nMotoVehicles, "motorcycles"),
+        VK_FIELD(708, nLongVehicles, "long vehicles"),
+        VK_FIELD(712, dBackOfQueue, "length of the queue, device unit"),
+        VK_FIELD(720, emRank, "road: 1 rapid, 2 trunk, 3 sub-trunk, 4 branch, 0 unknown"),
+        VK_FIELD(724, nState, "traffic state, device code"),
+    };
+};
+
 // ---- analytics
 // -------------------------------------------------------------------------------------------------------
 
@@ -420,7 +479,7 @@ using AllLayouts = LayoutList<
     tagNET_TIME, tagNET_TIME_EX, tagCFG_NET_TIME_EX, tagCFG_TIME, _VKDEVTIME, VK_RECT, tagNET_RECT, VK_POINT, tagRANGE,
     // traffic
     tagSTEREO_GARAGE_INFO, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO, tagWEIGH_INFO, tagEVENT_JUNCTION_CUSTOM_INFO,
-    tagEVENT_VEHICLE_INFO>;
+    tagEVENT_VEHICLE_INFO, tagVK_TRAFFICFLOWSTAT, tagNET_TRAFFICFLOWSTATINFO>;
 
 #undef VK_RECORD
 #undef VK_FIELD

@@ -4,6 +4,13 @@
 
 #include "vkrecords/time_and_geometry.h"
 
+/// Whether a vehicle's data are live.
+enum tagEM_VEHICLE_DATA_TYPE : int {
+    EM_VEHICLE_DATA_TYPE_UNKNOWN = 0,   ///< not sent, or a word that is not known
+    EM_VEHICLE_DATA_TYPE_REALTIME = 1,  ///< live
+    EM_VEHICLE_DATA_TYPE_HISTORY = 2    ///< from the device's store
+};
+
 /// The multi-storey garage in which a car was parked.
 struct tagSTEREO_GARAGE_INFO {
     int nDeckNo;          ///< deck number
@@ -78,6 +85,60 @@ struct tagEVENT_JUNCTION_CUSTOM_INFO {
 /// Vehicle of a vehicle event.
 struct tagEVENT_VEHICLE_INFO {
     char szVehicleCategory[64];  ///< vehicle category word
+};
+
+/// Flow statistics of one lane. Texts are in the local encoding. A text that exactly fills its field has its terminator
+/// in the byte behind the field, which a later field may own.
+struct tagVK_TRAFFICFLOWSTAT {
+    char szMachineAddress[256];      ///< machine address
+    char szMachineName[256];         ///< machine name
+    char szDrivingDirection[3][32];  ///< direction (UTF-8 as sent), from and to (local encoding)
+    int nLane;                       ///< lane number
+    tagNET_TIME_EX stuTime;          ///< time of the report, UTC
+    int nPeriod;                     ///< length of the period, in the device's unit
+    int nVehicles;                   ///< vehicles that passed in the period
+    float fAverageSpeed;             ///< average speed, in the device's unit
+    float fAverageLength;            ///< average vehicle length, in the device's unit
+    float fTimeOccupyRatio;          ///< share of the time that the lane was occupied, as the device counts it
+    float fSpaceOccupyRatio;         ///< share of the lane that was occupied, as the device counts it
+    float fSpaceHeadway;             ///< distance between vehicles, in the device's unit
+    float fTimeHeadway;              ///< time between vehicles, in the device's unit
+    float fDensity;                  ///< vehicle density, in the device's unit
+    int nOverSpeedVehicles;          ///< vehicles above the speed limit
+    int nUnderSpeedVehicles;         ///< vehicles below the speed limit
+    int nLargeVehicles;              ///< large vehicles
+    int nMediumVehicles;             ///< medium vehicles
+    int nSmallVehicles;              ///< small vehicles
+    int nMotoVehicles;               ///< motorcycles
+    int nLongVehicles;               ///< long vehicles
+};
+
+/// Flow statistics of one lane with its queue, road and state. It begins as tagVK_TRAFFICFLOWSTAT.
+struct tagNET_TRAFFICFLOWSTATINFO {
+    char szMachineAddress[256];      ///< machine address
+    char szMachineName[256];         ///< machine name
+    char szDrivingDirection[3][32];  ///< direction (UTF-8 as sent), from and to (local encoding)
+    int nLane;                       ///< lane number
+    tagNET_TIME_EX stuTime;          ///< time of the report, UTC
+    int nPeriod;                     ///< length of the period, in the device's unit
+    int nVehicles;                   ///< vehicles that passed in the period
+    float fAverageSpeed;             ///< average speed, in the device's unit
+    float fAverageLength;            ///< average vehicle length, in the device's unit
+    float fTimeOccupyRatio;          ///< share of the time that the lane was occupied, as the device counts it
+    float fSpaceOccupyRatio;         ///< share of the lane that was occupied, as the device counts it
+    float fSpaceHeadway;             ///< distance between vehicles, in the device's unit
+    float fTimeHeadway;              ///< time between vehicles, in the device's unit
+    float fDensity;                  ///< vehicle density, in the device's unit
+    int nOverSpeedVehicles;          ///< vehicles above the speed limit
+    int nUnderSpeedVehicles;         ///< vehicles below the speed limit
+    int nLargeVehicles;              ///< large vehicles
+    int nMediumVehicles;             ///< medium vehicles
+    int nSmallVehicles;              ///< small vehicles
+    int nMotoVehicles;               ///< motorcycles
+    int nLongVehicles;               ///< long vehicles
+    double dBackOfQueue;             ///< length of the queue, in the device's unit
+    int emRank;                      ///< rank of the road: 1 rapid, 2 trunk, 3 sub-trunk, 4 branch; 0 unknown
+    int nState;                      ///< traffic state, the device's code
 };
 
 #endif

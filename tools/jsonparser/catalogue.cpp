@@ -84,6 +84,10 @@ constexpr CatalogueEntry kCatalogue[] = {
                                          [](auto& node, auto& info) { return ParseCustomInfo(node, info); }),
     Reads<tagEVENT_VEHICLE_INFO>("tagEVENT_VEHICLE_INFO", "vehicle of a vehicle event",
                                  [](auto& node, auto& info) { return ParseStrtoVehicle(node, &info); }),
+    Reads<tagVK_TRAFFICFLOWSTAT>("tagVK_TRAFFICFLOWSTAT", "flow statistics of a lane",
+                                 [](auto& node, auto& info) { return ParseTrafficStatInfo(node, &info) == 0; }),
+    Reads<tagNET_TRAFFICFLOWSTATINFO>("tagNET_TRAFFICFLOWSTATINFO", "flow statistics of a lane, with queue and road",
+                                      [](auto& node, auto& info) { return ParseTrafficStatInfoEx(node, &info) == 0; }),
 };
 
 }  // namespace

@@ -226,6 +226,12 @@ int Node::lastIgnoringCase(Keywords table, int otherwise) const {
     return lookedUp("keyword, ignoring case, last match", LastIgnoringCase(table, text(storage)), otherwise);
 }
 
+int Node::stringFirstIgnoringCase(Keywords table, int otherwise) const {
+    char word[64] = {};
+    GetJsonString(OrNull(value_), word, 64, true);
+    return lookedUp("string, size 64, keyword, ignoring case", FirstIgnoringCase(table, word), otherwise);
+}
+
 void Node::reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const {
     trail_->report(value_, "scanned by " + std::string(format), Shown(converted) + " of " + Shown(wanted));
 }

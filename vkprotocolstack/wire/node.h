@@ -92,6 +92,8 @@ class Node {
     int firstIgnoringCase(Keywords table, int otherwise) const;
     /// The code of the last such row, or otherwise.
     int lastIgnoringCase(Keywords table, int otherwise) const;
+    /// firstIgnoringCase of what stringTo gives in 64 bytes, so of the empty text for what is no text.
+    int stringFirstIgnoringCase(Keywords table, int otherwise) const;
 
   private:
     template <const auto& List>
