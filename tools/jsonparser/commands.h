@@ -20,6 +20,8 @@ struct DecodeOptions {
 int Decode(const DecodeOptions& options);
 int ListRecords(bool json);
 int ListFields(const std::string& record, bool json);
+/// Maps a device error code, as the user typed it, to the library's.
+int MapErrorCode(const std::string& code, bool json);
 
 }  // namespace tool
 

@@ -29,6 +29,12 @@ int Run(int argc, char** argv) {
     fieldsCommand->add_option("RECORD", record, "Name of the record, or a part of it")->required();
     fieldsCommand->add_flag("--json", json, "Print the layout as JSON");
 
+    std::string code;
+    CLI::App* errorCommand = app.add_subcommand("error", "Show the library's error code for a device error code");
+    errorCommand->add_option("CODE", code, "Device error code, decimal (as replies carry it) or hexadecimal after 0x")
+        ->required();
+    errorCommand->add_flag("--json", json, "Print both codes as JSON");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -38,6 +44,7 @@ int Run(int argc, char** argv) {
     }
     if (decodeCommand->parsed()) return tool::Decode(decode);
     if (recordsCommand->parsed()) return tool::ListRecords(json);
+    if (errorCommand->parsed()) return tool::MapErrorCode(code, json);
     return tool::ListFields(record, json);
 }
 
