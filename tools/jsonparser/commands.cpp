@@ -7,6 +7,7 @@
 #include <climits>
 #include <cstddef>
 #include <cstdio>
+#include <cstring>
 #include <optional>
 #include <string_view>
 
@@ -27,7 +28,10 @@ void Complain(const std::string& line) { std::fprintf(stderr, "jsonparser: %s\n"
 class RecordBuffer {
   public:
     explicit RecordBuffer(const vkrecords::RecordLayout& layout)
-        : layout_(layout), words_((layout.size + sizeof(std::max_align_t) - 1) / sizeof(std::max_align_t)) {}
+        : layout_(layout), words_((layout.size + sizeof(std::max_align_t) - 1) / sizeof(std::max_align_t)) {
+        // The words are values with padding, which no initialization of them clears.
+        std::memset(words_.data(), 0, words_.size() * sizeof(std::max_align_t));
+    }
     ~RecordBuffer() { jsonparser::ReleaseTexts(layout_, get()); }
     RecordBuffer(const RecordBuffer&) = delete;
     RecordBuffer& operator=(const RecordBuffer&) = delete;
