@@ -6,9 +6,11 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "testing/json.h"
 #include "testing/record.h"
+#include "vkprotocolstack/wire/observer.h"
 
 namespace {
 
@@ -374,6 +376,22 @@ TEST(ParseGPSStatusInfo, WithoutMembersWritesTheFlagsTheRatioAndTheSourceOnly) {
         EXPECT_EQ(info->bySNR, 0) << text;
         EXPECT_EQ(info->emDateSource, 0) << text;
     }
+}
+
+TEST(ParseGPSStatusInfo, GoesThroughTheMembersInOrder) {
+    struct : jsonparser::Observer {
+        std::vector<std::string> paths;
+        void look(const jsonparser::Look& look) override {
+            if (paths.empty() || paths.back() != look.path) paths.push_back(look.path);
+        }
+    } observer;
+    const jsonparser::ObserverScope scope(observer);
+    Placed<_NET_GPS_STATUS_INFO> info;
+    ParseGPSStatusInfo(Json("{}"), info.get());
+    EXPECT_EQ(observer.paths,
+              (std::vector<std::string>{"/Altitude", "/Speed", "/Longitude", "/Latitude", "/Bearing", "/AntennasStatus",
+                                        "/PositioningResult", "/WorkStatus", "/SatelliteCount", "/AlarmPoints", "/Time",
+                                        "/SNR", "/Source"}));
 }
 
 TEST(ParseGPSStatusInfo, EachMemberIsReadByItself) {
