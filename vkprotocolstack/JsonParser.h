@@ -282,6 +282,75 @@ VK_API int ParseTrafficStatInfoEx(const Json::Value& node, tagNET_TRAFFICFLOWSTA
 // 6. Device status and diagnostics
 // ======================================================================================================================
 
+/// The code of a storage fault's keyword, compared exactly: 1 "Partition", 2 "InitializeFS", 3 "ReadData",
+/// 4 "WriteData", 5 "RaidFailed", 6 "RaidDegraded", 7 "ISCSIFailed".
+/// @return the code, or 0 for any other text
+VK_API int ParseStorageError(const std::string& keyword);
+
+/// The code of a disk array fault's keyword, compared exactly: 1 "RaidFailed", 2 "RaidDegraded". The same keywords have
+/// other codes as storage faults.
+/// @return the code, or 0 for any other text
+VK_API int ParseRaidError(const std::string& keyword);
+
+/// Reads "code" of the member "error" of a reply, a device error code, as the library's error code. The device code is
+/// matched by its 32-bit pattern, so 4026990592 and -267976704 are the same; a bool or a real number reads as an int.
+/// @return the library code, 0 for the device code 0; 0x80000015 when "code" is missing, a text, an array, an object,
+///         an integer that does not fit 32 bits, or no known device code
+VK_API unsigned int ParseErrorCode(const Json::Value& reply);
+
+/// Maps a device error code to the library's. An unknown one leaves libraryCode as the caller set it.
+/// @return whether the device code is known
+VK_API bool ParseErrorCode(unsigned int deviceCode, unsigned int& libraryCode);
+
+/// Reads an array of log-type names as a list of codes without repeats, in the order of first occurrence. A name has
+/// the code of the keyword that it contains, upper and lower case told apart; of several the first of 8 "Playback",
+/// 5 "Record", 7 "Log", 9 "RemoteDevice", 3 "Storage", 4 "Event", 6 "Account", 1 "System", 2 "Config". A name without a
+/// keyword is left out. No more than capacity elements are looked at, duplicates and unknown names included; a negative
+/// capacity looks at all. A null types or a null node leaves count as the caller set it; any other node that is no
+/// array sets it to 0.
+/// types: at least capacity elements, with a negative capacity one for each name; those from count on are left as the
+/// caller set them.
+VK_API void GetJsonLogType(const Json::Value& names, int* types, int capacity, int& count);
+
+/// The coordinate [degrees, minutes, seconds] in millionths of a degree: degrees and minutes are unsigned integers,
+/// seconds a real number. Every step is computed in single precision and the result cut toward zero, so that near 120
+/// degrees it moves in steps of 8; below 0 it is 0, beyond the range the upper limit.
+/// @return the coordinate, or 0 when the node has fewer than 3 elements
+VK_API unsigned int TransLongitudetoUInt(const Json::Value& coordinate);
+
+/// The same in double precision, not rounded.
+VK_API double TransLongitudetoDouble(const Json::Value& coordinate);
+
+/// Writes plain decimal degrees, not the millionths that the readers give, as [degrees, minutes, seconds]: degrees and
+/// minutes as integers, cut toward zero, seconds as a real number, cut to hundredths. Each is cut beyond the range of
+/// 32 bits to the nearest limit, NaN to 0. Further elements stay.
+VK_API void TransLongitudeToJson(Json::Value& coordinate, double degrees);
+
+/// Reads a position report. All members are read without a test: missing reads as 0. Coordinates as
+/// TransLongitudetoUInt.
+VK_API void ParseGPSInfo(const Json::Value& position, tagNET_GPS_INFO& info);
+
+/// Reads the status of a positioning receiver. Members that are missing are left as the caller set them, except these:
+/// "AntennasStatus" and "PositioningResult" are then 2, "SNR" is 0, "Source" is 0, as for any text but
+/// "InertialNavigation". Coordinates as TransLongitudetoDouble; low 16 bits of "SatelliteCount", low 8 bits of "SNR".
+/// "Time" counts only as an array of at least 6 elements. "AlarmPoints" are cut to 128, each translated by
+/// TranslateAlarmType; elements of nAlarmTypes from nAlarmCount on are left as the caller set them.
+/// info must not be null.
+VK_API void ParseGPSStatusInfo(Json::Value status, _NET_GPS_STATUS_INFO* info);
+
+/// Reads the event that caused another: "SrcEvent", cut to 32 bytes, terminator included, "SrcTime" as
+/// JsonTimeEx::parse, "SrcChannel". Members that are missing are left as the caller set them. info must not be null.
+VK_API void ParseSrcInfo(const Json::Value& source, tagDEV_SRC_INFO* info);
+
+/// Reads one S.M.A.R.T. attribute of a hard disk; "Name" is cut to 64 bytes, "Raw" to 32, terminators included. Members
+/// that are missing are left as the caller set them, except nSync, which is -1 when "Sync" is missing or negative.
+/// info must not be null.
+VK_API void ParseSyncStateInfo(const Json::Value& attribute, tagNET_HDDSMART_INFO* info);
+
+/// The code of a video resolution's name or size, upper or lower case: for example 0 for "D1", "704x576", "704 * 576".
+/// @return 0 to 38, or 255 when text is null or anything else
+VK_API int ParseResolutionString(const char* text);
+
 // ======================================================================================================================
 // 7. Device configuration
 // ======================================================================================================================

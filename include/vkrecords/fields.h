@@ -461,6 +461,75 @@ struct FieldsOf<tagNET_TRAFFICFLOWSTATINFO> {
 // ---- device status
 // ---------------------------------------------------------------------------------------------------
 
+template <>
+struct FieldsOf<tagNET_GPS_INFO> {
+    VK_RECORD(tagNET_GPS_INFO, 32);
+    static constexpr Field list[] = {
+        VK_FIELD(0, nLongitude, "longitude, millionths of a degree"),
+        VK_FIELD(4, nLatitude, "latitude, millionths of a degree"),
+        VK_FIELD(8, dbAltitude, "altitude, device unit"),
+        VK_FIELD(16, dbSpeed, "speed, device unit"),
+        VK_FIELD(24, dbBearing, "bearing, device unit"),
+    };
+};
+
+template <>
+struct FieldsOf<tagGPS_TIME> {
+    VK_RECORD(tagGPS_TIME, 24);
+    static constexpr Field list[] = {
+        VK_FIELD(0, nYear, "full year"), VK_FIELD(4, nMonth, "1 to 12"),   VK_FIELD(8, nDay, "1 to 31"),
+        VK_FIELD(12, nHour, "0 to 23"),  VK_FIELD(16, nMinute, "0 to 59"), VK_FIELD(20, nSecond, "0 to 59"),
+    };
+};
+
+template <>
+struct FieldsOf<_NET_GPS_STATUS_INFO> {
+    VK_RECORD(_NET_GPS_STATUS_INFO, 664);
+    static constexpr Field list[] = {
+        VK_FIELD(0, stuGpsTime, "time of the receiver"),
+        VK_RESERVED(24, byReserved1),
+        VK_FIELD(80, dbLongitude, "longitude, millionths of a degree"),
+        VK_FIELD(88, dbLatitude, "latitude, millionths of a degree"),
+        VK_FIELD(96, dbAltitude, "altitude, device unit"),
+        VK_FIELD(104, dbBearing, "bearing, device unit"),
+        VK_FIELD(112, dbSpeed, "speed, device unit"),
+        VK_FIELD(120, wSatelliteCount, "number of satellites"),
+        VK_FIELD(124, bAntennasStatus, "antenna in order: 0 false, 1 true, 2 not reported"),
+        VK_FIELD(128, bPositioningResult, "positioned: 0 false, 1 true, 2 not reported"),
+        VK_FIELD(132, nWorkStatus, "working status, device code"),
+        VK_FIELD(136, nAlarmCount, "valid elements of nAlarmTypes"),
+        VK_FIELD(140, nAlarmTypes, "the library's alarm type codes"),
+        VK_RESERVED(652, byReserved2),
+        VK_FIELD(653, bySNR, "signal-to-noise ratio, device unit"),
+        VK_FIELD(656, emDateSource, "source of the data: 0 GPS or unknown, 1 inertial navigation"),
+    };
+};
+
+template <>
+struct FieldsOf<tagDEV_SRC_INFO> {
+    VK_RECORD(tagDEV_SRC_INFO, 72);
+    static constexpr Field list[] = {
+        VK_FIELD(0, szSrcEvent, "causing event"),
+        VK_FIELD(32, stuSrcTime, "when it happened"),
+        VK_FIELD(68, nSrcChannel, "channel on which it happened"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_HDDSMART_INFO> {
+    VK_RECORD(tagNET_HDDSMART_INFO, 120);
+    static constexpr Field list[] = {
+        VK_FIELD(0, nID, "attribute number"),
+        VK_FIELD(4, nCurrent, "current normalised value"),
+        VK_FIELD(8, szName, "attribute name"),
+        VK_FIELD(72, nWorst, "worst normalised value so far"),
+        VK_FIELD(76, nThreshold, "normalised value that counts as failure"),
+        VK_FIELD(80, szRaw, "raw value, as text"),
+        VK_FIELD(112, nPredict, "prediction code"),
+        VK_FIELD(116, nSync, "synchronisation state, -1 not reported"),
+    };
+};
+
 // ---- configuration
 // ---------------------------------------------------------------------------------------------------
 
@@ -479,7 +548,9 @@ using AllLayouts = LayoutList<
     tagNET_TIME, tagNET_TIME_EX, tagCFG_NET_TIME_EX, tagCFG_TIME, _VKDEVTIME, VK_RECT, tagNET_RECT, VK_POINT, tagRANGE,
     // traffic
     tagSTEREO_GARAGE_INFO, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO, tagWEIGH_INFO, tagEVENT_JUNCTION_CUSTOM_INFO,
-    tagEVENT_VEHICLE_INFO, tagVK_TRAFFICFLOWSTAT, tagNET_TRAFFICFLOWSTATINFO>;
+    tagEVENT_VEHICLE_INFO, tagVK_TRAFFICFLOWSTAT, tagNET_TRAFFICFLOWSTATINFO,
+    // device status
+    tagNET_GPS_INFO, tagGPS_TIME, _NET_GPS_STATUS_INFO, tagDEV_SRC_INFO, tagNET_HDDSMART_INFO>;
 
 #undef VK_RECORD
 #undef VK_FIELD

@@ -88,6 +88,28 @@ constexpr CatalogueEntry kCatalogue[] = {
                                  [](auto& node, auto& info) { return ParseTrafficStatInfo(node, &info) == 0; }),
     Reads<tagNET_TRAFFICFLOWSTATINFO>("tagNET_TRAFFICFLOWSTATINFO", "flow statistics of a lane, with queue and road",
                                       [](auto& node, auto& info) { return ParseTrafficStatInfoEx(node, &info) == 0; }),
+
+    // ---- device status
+    Reads<tagNET_GPS_INFO>("tagNET_GPS_INFO", "position report",
+                           [](auto& node, auto& info) {
+                               ParseGPSInfo(node, info);
+                               return true;
+                           }),
+    Reads<_NET_GPS_STATUS_INFO>("_NET_GPS_STATUS_INFO", "status of a positioning receiver",
+                                [](auto& node, auto& info) {
+                                    ParseGPSStatusInfo(node, &info);
+                                    return true;
+                                }),
+    Reads<tagDEV_SRC_INFO>("tagDEV_SRC_INFO", "event that caused another",
+                           [](auto& node, auto& info) {
+                               ParseSrcInfo(node, &info);
+                               return true;
+                           }),
+    Reads<tagNET_HDDSMART_INFO>("tagNET_HDDSMART_INFO", "S.M.A.R.T. attribute of a hard disk",
+                                [](auto& node, auto& info) {
+                                    ParseSyncStateInfo(node, &info);
+                                    return true;
+                                }),
 };
 
 }  // namespace

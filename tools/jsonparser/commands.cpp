@@ -4,7 +4,11 @@
 #include <json/writer.h>
 
 #include <algorithm>
+#include <charconv>
+#include <climits>
 #include <cstdio>
+#include <optional>
+#include <string_view>
 
 #include "catalogue.h"
 #include "input.h"
@@ -12,6 +16,7 @@
 #include "record_form.h"
 #include "record_input.h"
 #include "utf8.h"
+#include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/vocabulary.h"
 
 namespace tool {
@@ -109,6 +114,18 @@ std::string VocabularyAsJson(const jsonparser::Vocabulary& vocabulary, bool firs
                        QuotedJson(vocabulary.name), QuotedJson(vocabulary.meaning), rows);
 }
 
+/// A whole number of 32 bits, signed or unsigned: decimal, or hexadecimal after 0x. Nothing for any other text.
+std::optional<unsigned> NumberOf32Bits(std::string_view text) {
+    const bool isHex = text.starts_with("0x") || text.starts_with("0X");
+    if (isHex) text.remove_prefix(2);
+    if (isHex && text.starts_with('-')) return std::nullopt;
+    long long number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number, isHex ? 16 : 10);
+    if (error != std::errc() || stop != end || number < INT_MIN || number > UINT_MAX) return std::nullopt;
+    return static_cast<unsigned>(number);
+}
+
 /// What was printed must have arrived.
 int Flushed(int code) {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return code;
@@ -185,6 +202,35 @@ int ListFields(const std::string& record, bool json) {
     if (entry == nullptr) return kUsage;
     Print(json ? LayoutAsJson(*entry->layout) : LayoutAsText(*entry->layout));
     return Flushed(kGood);
+}
+
+int MapErrorCode(const std::string& code, bool json) {
+    const std::optional<unsigned> device = NumberOf32Bits(code);
+    if (!device) {
+        Complain(
+            fmt::format("found {}, expected a device error code: -2147483648 to 4294967295, or 0x and hexadecimal "
+                        "digits up to 0xFFFFFFFF",
+                        QuotedText(code)));
+        return kUsage;
+    }
+    unsigned library = 0;
+    const bool known = ParseErrorCode(*device, library);
+    // Replies carry the code as a signed number.
+    const int sent = static_cast<int>(*device);
+    if (json) {
+        Print(fmt::format(R"({{"code": {}, "device": "0x{:08X}", "library": {}}})", sent, *device,
+                          known ? fmt::format(R"("0x{:08X}")", library) : "null"));
+        Print("\n");
+    } else if (known) {
+        Print(fmt::format("0x{:08X} ({}) -> 0x{:08X}\n", *device, sent, library));
+    }
+    if (!known) {
+        Json::Value reply;
+        reply["error"]["code"] = *device;
+        Complain(fmt::format("0x{:08X} ({}): no known device error code, a reply with it reads as 0x{:08X}", *device,
+                             sent, ParseErrorCode(reply)));
+    }
+    return Flushed(known ? kGood : kFindings);
 }
 
 }  // namespace tool

@@ -23,6 +23,8 @@ int ListRecords(bool json);
 /// One vocabulary, or all of them.
 int ListKeywords(const std::string& table, bool json);
 int ListFields(const std::string& record, bool json);
+/// Maps a device error code, as the user typed it, to the library's.
+int MapErrorCode(const std::string& code, bool json);
 
 }  // namespace tool
 

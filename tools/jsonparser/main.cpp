@@ -38,6 +38,12 @@ int Run(int argc, char** argv) {
     keywordsCommand->add_option("TABLE", table, "Name of a vocabulary; none lists all");
     keywordsCommand->add_flag("--json", json, "Print them as JSON");
 
+    std::string code;
+    CLI::App* errorCommand = app.add_subcommand("error", "Show the library's error code for a device error code");
+    errorCommand->add_option("CODE", code, "Device error code, decimal (as replies carry it) or hexadecimal after 0x")
+        ->required();
+    errorCommand->add_flag("--json", json, "Print both codes as JSON");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -49,6 +55,7 @@ int Run(int argc, char** argv) {
     if (encodeCommand->parsed()) return tool::Encode(record, files);
     if (recordsCommand->parsed()) return tool::ListRecords(json);
     if (keywordsCommand->parsed()) return tool::ListKeywords(table, json);
+    if (errorCommand->parsed()) return tool::MapErrorCode(code, json);
     return tool::ListFields(record, json);
 }
 

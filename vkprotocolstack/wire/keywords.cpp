@@ -35,6 +35,12 @@ const Keyword* LastIgnoringCase(Keywords table, std::string_view text) {
                    [text](const Keyword& row) { return EqualIgnoringCase(row.text, text); });
 }
 
+const Keyword* FirstContained(Keywords table, std::string_view text) {
+    text = text.substr(0, text.find('\0'));
+    return FirstOf(table.begin(), table.end(),
+                   [text](const Keyword& row) { return text.find(row.text) != std::string_view::npos; });
+}
+
 const Keyword* FirstWithCode(Keywords table, int code) {
     return FirstOf(table.begin(), table.end(), [code](const Keyword& row) { return row.code == code; });
 }

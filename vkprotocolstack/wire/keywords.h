@@ -34,6 +34,9 @@ const Keyword* FirstIgnoringCase(Keywords table, std::string_view text);
 /// The last such row; null when there is none.
 const Keyword* LastIgnoringCase(Keywords table, std::string_view text);
 
+/// The first row whose text stands anywhere in text, up to its first NUL; null when there is none.
+const Keyword* FirstContained(Keywords table, std::string_view text);
+
 /// The first row with this code; null when there is none.
 const Keyword* FirstWithCode(Keywords table, int code);
 

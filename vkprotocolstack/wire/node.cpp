@@ -130,6 +130,27 @@ unsigned short Node::uintLow16() const {
 int Node::intPlusOne() const {
     return reported("int plus one", static_cast<int>(static_cast<unsigned>(IntOf(value_)) + 1U));
 }
+
+std::optional<unsigned> Node::asErrorCode() const {
+    const auto hasCode = [this] {
+        switch (TypeOf(value_)) {
+            case Json::intValue:
+                return value_->asLargestInt() >= INT_MIN && value_->asLargestInt() <= Json::LargestInt{UINT_MAX};
+            case Json::uintValue:
+                return value_->asLargestUInt() <= UINT_MAX;
+            case Json::realValue:
+            case Json::booleanValue:
+                return true;
+            default:
+                return false;
+        }
+    };
+    std::optional<unsigned> code;
+    if (hasCode()) code = static_cast<unsigned>(IntOf(value_));
+    if (trail_ != nullptr) trail_->report(value_, "error code", code ? Shown(*code) : "(none)");
+    return code;
+}
+
 long long Node::realToInt64() const {
     return reported("double, cut to 64-bit integer", Truncate<long long>(DoubleOf(value_)));
 }
@@ -230,6 +251,11 @@ int Node::stringFirstIgnoringCase(Keywords table, int otherwise) const {
     char word[64] = {};
     GetJsonString(OrNull(value_), word, 64, true);
     return lookedUp("string, size 64, keyword, ignoring case", FirstIgnoringCase(table, word), otherwise);
+}
+
+int Node::firstContained(Keywords table, int otherwise) const {
+    std::string storage;
+    return lookedUp("keyword, contained", FirstContained(table, text(storage)), otherwise);
 }
 
 void Node::reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const {

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -56,6 +57,9 @@ class Node {
     unsigned short uintLow16() const;
     /// asInt plus one; wraps at the limit.
     int intPlusOne() const;
+    /// The 32-bit pattern of asInt. Nothing when it is null, a text, an array, an object, or an integer that is neither
+    /// a signed nor an unsigned 32-bit number.
+    std::optional<unsigned> asErrorCode() const;
     /// asDouble cut toward zero.
     long long realToInt64() const;
     /// asInt and asUInt of seconds since 1970-01-01 00:00:00 UTC.
@@ -94,6 +98,8 @@ class Node {
     int lastIgnoringCase(Keywords table, int otherwise) const;
     /// firstIgnoringCase of what stringTo gives in 64 bytes, so of the empty text for what is no text.
     int stringFirstIgnoringCase(Keywords table, int otherwise) const;
+    /// The code of the first row whose text stands anywhere in this one, up to its first NUL, or otherwise.
+    int firstContained(Keywords table, int otherwise) const;
 
   private:
     template <const auto& List>

@@ -1,0 +1,37 @@
+#include "vkprotocolstack/status/error_code.h"
+
+#include <algorithm>
+
+#include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/node.h"
+
+using jsonparser::ErrorCode;
+using jsonparser::kErrorCodes;
+using jsonparser::Members;
+using jsonparser::NameList;
+using jsonparser::Node;
+
+namespace {
+
+constexpr NameList kNames{"error"};
+constexpr NameList kErrorNames{"code"};
+
+constexpr unsigned kNoUsableCode = 0x80000015;
+
+}  // namespace
+
+unsigned int ParseErrorCode(const Json::Value& reply) {
+    const Members<kNames> in{Node(reply)};
+    const Members<kErrorNames> error(in["error"]);
+    unsigned libraryCode = kNoUsableCode;
+    if (const auto deviceCode = error["code"].asErrorCode()) ParseErrorCode(*deviceCode, libraryCode);
+    return libraryCode;
+}
+
+bool ParseErrorCode(unsigned int deviceCode, unsigned int& libraryCode) {
+    const auto* row = std::find_if(std::begin(kErrorCodes), std::end(kErrorCodes),
+                                   [deviceCode](const ErrorCode& code) { return code.device == deviceCode; });
+    if (row == std::end(kErrorCodes)) return false;
+    libraryCode = row->library;
+    return true;
+}

@@ -1,0 +1,21 @@
+#include <algorithm>
+#include <cstddef>
+
+#include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/status/log_type_keywords.h"
+#include "vkprotocolstack/wire/node.h"
+
+using jsonparser::kLogTypes;
+using jsonparser::Node;
+
+void GetJsonLogType(const Json::Value& names, int* types, int capacity, int& count) {
+    const Node node(names);
+    if (types == nullptr || !node) return;
+    const std::size_t examined = std::min<std::size_t>(node.size(), static_cast<unsigned>(capacity));
+    count = 0;
+    for (std::size_t i = 0; i < examined; ++i) {
+        const int type = node.at(i).firstContained(kLogTypes, 0);
+        const bool isNew = std::find(types, types + count, type) == types + count;
+        if (type != 0 && isNew) types[count++] = type;
+    }
+}
