@@ -2,7 +2,7 @@
 
 #include <array>
 #include <climits>
-#include <cstring>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <thread>
@@ -128,6 +128,7 @@ TEST(GetNetTimeByUTCTime, BreaksDownAsUtcWhateverTheZone) {
 }
 
 TEST(GetNetTimeByUTCTime, SecondsBeyondTheCalendarGive19000101) {
+    const TimeZone scope("CST-8");
     for (const long seconds : {LONG_MAX, LONG_MIN, LONG_MAX - 1, LONG_MIN + 1, kLast + 1, kFirst - 1}) {
         EXPECT_EQ(Broken(seconds), kNoTime) << seconds;
     }
@@ -145,6 +146,7 @@ TEST(GetNetTimeByUTCTime, AgreesWithTheCalendarOverItsWholeRange) {
 }
 
 TEST(GetNetTimeByUTCTime, AgreesWithTheCalendarAtEveryEndOfAMonth) {
+    const TimeZone scope("CST-8");
     long day = 0;
     for (; day < 140 * 366L; ++day) {  // 1970 to 2110
         if (Counted(day * 86400)[2] != 1) continue;
@@ -154,6 +156,7 @@ TEST(GetNetTimeByUTCTime, AgreesWithTheCalendarAtEveryEndOfAMonth) {
 }
 
 TEST(GetNetTimeByUTCTime, ThreadsDoNotDisturbEachOther) {
+    const TimeZone scope("CST-8");
     std::vector<std::thread> threads;
     std::array<bool, 4> right{};
     for (std::size_t i = 0; i < right.size(); ++i) {
@@ -333,6 +336,13 @@ TEST(GetUTCTimebyNetTime, FollowsTheZoneFromCallToCall) {
         {"CST-8",            kWinter, 1705291200, kWinterClock},
         {"UTC",              kWinter, 1705320000, kWinterClock},
     });
+}
+
+TEST(GetLocalTimebyNetTimeNew, FollowsAZoneThatTheProgramSetWithoutTelling) {
+    const TimeZone scope("CST-8");
+    setenv("TZ", "EST5", 1);
+    EXPECT_EQ(ClockSeconds(kWinter), kWinterClock);
+    EXPECT_EQ(ClockSeconds(kEpoch), 0);
 }
 
 TEST(GetLocalTimebyNetTimeNew, DoesNotDependOnTheTimesAskedForBefore) {
