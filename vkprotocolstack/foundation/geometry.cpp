@@ -56,7 +56,7 @@ template VK_API bool JsonRect::parse(const Json::Value& value, tagNET_RECT& rect
 int GetJsonPoint(const Json::Value& value, VK_POINT& point) { return Read(Node(value), point); }
 
 int SetJsonPoint(Json::Value& value, const VK_POINT& point) {
-    AsArray(value).resize(2);
+    AsArray(value).clear();  // jsoncpp's resize throws on an array that holds only some of its elements
     Put(value, 0, point.nx);
     Put(value, 1, point.ny);
     return 1;

@@ -6,8 +6,6 @@
 
 namespace jsonparser {
 
-using jsonparser::Signs;
-
 bool Read(Node node, tagNET_TIME_EX& time) {
     return node.scan("%04d-%02d-%02d %02d:%02d:%02d.%d", Signs::Allowed, time.dwYear, time.dwMonth, time.dwDay,
                      time.dwHour, time.dwMinute, time.dwSecond, time.dwMillisecond);
@@ -42,6 +40,16 @@ bool Write(Json::Value& value, const char* format, Number... numbers) {
 /// The record's unsigned words print as the int that the format names.
 int Word(unsigned word) { return static_cast<int>(word); }
 
+bool Write(Json::Value& value, const tagNET_TIME_EX& time) {
+    return Write(value, "%04d-%02d-%02d %02d:%02d:%02d.%d", Word(time.dwYear), Word(time.dwMonth), Word(time.dwDay),
+                 Word(time.dwHour), Word(time.dwMinute), Word(time.dwSecond), Word(time.dwMillisecond));
+}
+
+bool Write(Json::Value& value, const tagCFG_NET_TIME_EX& time) {
+    return Write(value, "%04d-%02d-%02d %02d:%02d:%02d.%d", time.nYear, time.nMonth, time.nDay, time.nHour,
+                 time.nMinute, time.nSecond, time.nMillisecond);
+}
+
 }  // namespace
 
 template <class Time>
@@ -51,17 +59,12 @@ bool JsonTimeEx::parse(const Json::Value& value, Time& time) {
 template VK_API bool JsonTimeEx::parse(const Json::Value& value, tagNET_TIME_EX& time);
 template VK_API bool JsonTimeEx::parse(const Json::Value& value, tagCFG_NET_TIME_EX& time);
 
-template <>
-VK_API bool JsonTimeEx::pack(Json::Value& value, const tagNET_TIME_EX& time) {
-    return Write(value, "%04d-%02d-%02d %02d:%02d:%02d.%d", Word(time.dwYear), Word(time.dwMonth), Word(time.dwDay),
-                 Word(time.dwHour), Word(time.dwMinute), Word(time.dwSecond), Word(time.dwMillisecond));
+template <class Time>
+bool JsonTimeEx::pack(Json::Value& value, const Time& time) {
+    return Write(value, time);
 }
-
-template <>
-VK_API bool JsonTimeEx::pack(Json::Value& value, const tagCFG_NET_TIME_EX& time) {
-    return Write(value, "%04d-%02d-%02d %02d:%02d:%02d.%d", time.nYear, time.nMonth, time.nDay, time.nHour,
-                 time.nMinute, time.nSecond, time.nMillisecond);
-}
+template VK_API bool JsonTimeEx::pack(Json::Value& value, const tagNET_TIME_EX& time);
+template VK_API bool JsonTimeEx::pack(Json::Value& value, const tagCFG_NET_TIME_EX& time);
 
 template <class Time>
 bool JsonTime::parse(const Json::Value& value, Time& time) {
