@@ -301,6 +301,63 @@ struct FieldsOf<tagRANGE> {
     };
 };
 
+template <>
+struct FieldsOf<tagVK_TSECT> {
+    VK_RECORD(tagVK_TSECT, 28);
+    static constexpr Field list[] = {
+        VK_FIELD(0, bEnable, "0 off, else on"), VK_FIELD(4, nBeginHour, "0 to 23"), VK_FIELD(8, nBeginMin, "0 to 59"),
+        VK_FIELD(12, nBeginSec, "0 to 59"),     VK_FIELD(16, nEndHour, "0 to 23"),  VK_FIELD(20, nEndMin, "0 to 59"),
+        VK_FIELD(24, nEndSec, "0 to 59"),
+    };
+};
+
+template <>
+struct FieldsOf<tagCFG_TIME_SECTION> {
+    VK_RECORD(tagCFG_TIME_SECTION, 28);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwRecordMask, "kinds of recording or alarm, one bit each"),
+        VK_FIELD(4, nBeginHour, "0 to 23"),
+        VK_FIELD(8, nBeginMin, "0 to 59"),
+        VK_FIELD(12, nBeginSec, "0 to 59"),
+        VK_FIELD(16, nEndHour, "0 to 23"),
+        VK_FIELD(20, nEndMin, "0 to 59"),
+        VK_FIELD(24, nEndSec, "0 to 59"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_TIME_SECTION> {
+    VK_RECORD(tagNET_TIME_SECTION, 108);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwRecordMask, "kinds of recording or alarm, one bit each"),
+        VK_FIELD(4, nBeginHour, "0 to 23"),
+        VK_FIELD(8, nBeginMin, "0 to 59"),
+        VK_FIELD(12, nBeginSec, "0 to 59"),
+        VK_FIELD(16, nEndHour, "0 to 23"),
+        VK_FIELD(20, nEndMin, "0 to 59"),
+        VK_FIELD(24, nEndSec, "0 to 59"),
+        VK_RESERVED(28, byReserved),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_CFG_TIME_SCHEDULE> {
+    VK_RECORD(tagNET_CFG_TIME_SCHEDULE, 1348);
+    static constexpr Field list[] = {
+        VK_FIELD(0, bEnableHoliday, "row 7 is in use"),
+        VK_FIELD(4, stuTimeSection, "7 days of the week, then the holiday"),
+    };
+};
+
+template <>
+struct FieldsOf<tagCFG_TIME_SCHEDULE> {
+    VK_RECORD(tagCFG_TIME_SCHEDULE, 1348);
+    static constexpr Field list[] = {
+        VK_FIELD(0, bEnableHoliday, "row 7 is in use"),
+        VK_FIELD(4, stuTimeSection, "7 days of the week, then the holiday"),
+    };
+};
+
 // ---- traffic
 // ---------------------------------------------------------------------------------------------------------
 
@@ -418,6 +475,8 @@ struct LayoutList {
 using AllLayouts = LayoutList<
     // times and geometry
     tagNET_TIME, tagNET_TIME_EX, tagCFG_NET_TIME_EX, tagCFG_TIME, _VKDEVTIME, VK_RECT, tagNET_RECT, VK_POINT, tagRANGE,
+    // schedules
+    tagVK_TSECT, tagCFG_TIME_SECTION, tagNET_TIME_SECTION, tagNET_CFG_TIME_SCHEDULE, tagCFG_TIME_SCHEDULE,
     // traffic
     tagSTEREO_GARAGE_INFO, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO, tagWEIGH_INFO, tagEVENT_JUNCTION_CUSTOM_INFO,
     tagEVENT_VEHICLE_INFO>;

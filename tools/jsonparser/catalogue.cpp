@@ -76,6 +76,20 @@ constexpr CatalogueEntry kCatalogue[] = {
     Writes<_VKDEVTIME>("_VKDEVTIME", "packed device time, 24-01-05 09:30:00",
                        [](auto& node, auto& time) { return SetJsonTime(node, time); }),
 
+    // ---- schedules
+    ReadsAndWrites<tagVK_TSECT>(
+        "tagVK_TSECT", "time segment, 1 08:00:00-17:30:00",
+        [](auto& node, auto& section) { return TimeSection::parse(node, section); },
+        [](auto& node, auto& section) { return TimeSection::pack(node, section); }),
+    ReadsAndWrites<tagNET_CFG_TIME_SCHEDULE>(
+        "tagNET_CFG_TIME_SCHEDULE", "weekly schedule",
+        [](auto& node, auto& schedule) { return GetJsonTimeSchedule(node, schedule); },
+        [](auto& node, auto& schedule) { return SetJsonTimeSchedule(node, schedule); }),
+    ReadsAndWrites<tagCFG_TIME_SCHEDULE>(
+        "tagCFG_TIME_SCHEDULE", "weekly schedule with masks, of the configuration layer",
+        [](auto& node, auto& schedule) { return GetJsonTimeSchedule(node, schedule); },
+        [](auto& node, auto& schedule) { return SetJsonTimeSchedule(node, schedule); }),
+
     // ---- traffic
     Reads<tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO>(
         "tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO", "vehicle of an intelligent-traffic event",
