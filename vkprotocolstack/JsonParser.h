@@ -298,6 +298,44 @@ VK_API bool ParseStrtoVehicle(const Json::Value& vehicle, tagEVENT_VEHICLE_INFO*
 // 7. Device configuration
 // ======================================================================================================================
 
+/// Reads [baud rate, data bits, parity, stop bits] into indexes of the tables of settings; further elements are
+/// ignored. Cleared first; what is in no table gives 0. Parity and stop bits are texts, compared exactly.
+/// @return 1, or 0 with the record cleared when the node is no array of at least 4 elements
+VK_API int ParseCommAttr(const Json::Value& value, VK_COMM_PROP& port);
+/// The same for the configuration layer.
+VK_API int ParseCommAttr(const Json::Value& value, tagCFG_COMM_PROP& port);
+
+/// Writes [baud rate, data bits, parity, stop bits]. An index beyond its table leaves its element as it was; where
+/// there was none, it is null before an element that is written and missing behind the last. The record comes first,
+/// unlike in the reader.
+/// @return 1
+VK_API int PacketCommAttr(const VK_COMM_PROP& port, Json::Value& value);
+/// The same for the configuration layer.
+VK_API int PacketCommAttr(const tagCFG_COMM_PROP& port, Json::Value& value);
+
+/// Reads the mobile-data configuration. Not cleared; with a null node the record is left as the caller set it.
+/// Keywords are compared exactly, and one that is missing or in no table reads as 0; but emAPN is -1 without "APN",
+/// and szAPN then left as the caller set it. Other missing members read as 0 or the empty text; so em3GFluxTactic is 1
+/// without "3GFluxTactic". The names are cut to 32 or 64 bytes, terminator included.
+/// "TimeSection": segments that are missing, or do not convert as by TimeSection::parse, are not an error; 7 rows of 6
+/// are read, further ones ignored.
+VK_API void ParseWirelessInfo(const Json::Value& value, tagNET_NETAPP_WIRELESS& info);
+
+/// Writes the mobile-data configuration, all but nIndex; further members stay. An enumeration that says unknown (-1 in
+/// emAPN and emWorkMode, 0 in the others) leaves its member as it was and sends a trace message; one that is no row of
+/// its table writes the empty text. An emAPN of 0 writes szAPN; a negative em3GFluxTactic writes 0. Always 7 rows of 6
+/// time segments. The record comes first, unlike in the reader.
+/// @return 1
+VK_API int PacketWirelessInfo(const tagNET_NETAPP_WIRELESS& info, Json::Value& value);
+
+/// Reads "Caller" of an intercom invitation: emCallerType is 1 for "Platform", ignoring case, and 0 for any other
+/// caller and for none.
+VK_API void ParseTalkingCallerType(const Json::Value& invitation, tagALARM_TALKING_INVITE_INFO* info);
+
+/// Reads the answer to a mission from the node itself: "Yes" or "No", ignoring case; anything else is unknown.
+/// @return 1, or 0 when it is unknown
+VK_API int ParseConfirmAction(const Json::Value& value, tagNET_MISSION_CONFIRM_TYPE& type);
+
 // ======================================================================================================================
 // Ownership of heap texts
 // ======================================================================================================================

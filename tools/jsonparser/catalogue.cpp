@@ -98,6 +98,27 @@ constexpr CatalogueEntry kCatalogue[] = {
                                          [](auto& node, auto& info) { return ParseCustomInfo(node, info); }),
     Reads<tagEVENT_VEHICLE_INFO>("tagEVENT_VEHICLE_INFO", "vehicle of a vehicle event",
                                  [](auto& node, auto& info) { return ParseStrtoVehicle(node, &info); }),
+
+    // ---- configuration
+    ReadsAndWrites<VK_COMM_PROP>(
+        "VK_COMM_PROP", "serial port", [](auto& node, auto& port) { return ParseCommAttr(node, port); },
+        [](auto& node, auto& port) { return PacketCommAttr(port, node); }),
+    ReadsAndWrites<tagCFG_COMM_PROP>(
+        "tagCFG_COMM_PROP", "serial port, of the configuration layer",
+        [](auto& node, auto& port) { return ParseCommAttr(node, port); },
+        [](auto& node, auto& port) { return PacketCommAttr(port, node); }),
+    ReadsAndWrites<tagNET_NETAPP_WIRELESS>(
+        "tagNET_NETAPP_WIRELESS", "mobile data",
+        [](auto& node, auto& info) {
+            ParseWirelessInfo(node, info);
+            return true;
+        },
+        [](auto& node, auto& info) { return PacketWirelessInfo(info, node); }),
+    Reads<tagALARM_TALKING_INVITE_INFO>("tagALARM_TALKING_INVITE_INFO", "invitation to an intercom talk",
+                                        [](auto& node, auto& info) {
+                                            ParseTalkingCallerType(node, &info);
+                                            return true;
+                                        }),
 };
 
 std::string Folded(std::string_view text) {
