@@ -75,7 +75,7 @@ void ExpectRows(const Record& schedule, int rows, int segments = 6) {
     }
 }
 
-TYPED_TEST(ScheduleOf, ReadsEverySegmentInto) {
+TYPED_TEST(ScheduleOf, ReadsEverySegmentIntoItsPlace) {
     Placed<TypeParam> schedule;
     EXPECT_EQ(GetJsonTimeSchedule(Json(R"([
         ["1 02:03:04-05:06:07", "8 09:10:11-12:13:14"], ["15 16:17:18-19:20:21"], [], [], [],
