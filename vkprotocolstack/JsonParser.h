@@ -316,7 +316,7 @@ VK_API int PacketCommAttr(const tagCFG_COMM_PROP& port, Json::Value& value);
 /// Reads the mobile-data configuration. Not cleared; with a null node the record is left as the caller set it.
 /// Keywords are compared exactly, and one that is missing or in no table reads as 0; but emAPN is -1 without "APN",
 /// and szAPN then left as the caller set it. Other missing members read as 0 or the empty text; so em3GFluxTactic is 1
-/// without "3GFluxTactic". The names are cut to 32 or 64 bytes, terminator included.
+/// without "3GFluxTactic". Texts are cut to 32 or 64 bytes, terminator included.
 /// "TimeSection": segments that are missing, or do not convert as by TimeSection::parse, are not an error; 7 rows of 6
 /// are read, further ones ignored.
 VK_API void ParseWirelessInfo(const Json::Value& value, tagNET_NETAPP_WIRELESS& info);

@@ -603,6 +603,16 @@ TEST(PacketWirelessInfo, WritesEveryWorkMode) {
     });
 }
 
+TEST(PacketWirelessInfo, NumbersHaveTheTypeOfTheirFields) {
+    const Json::Value node = Packed(Expressible());
+    for (const char* member : {"KeepAlive", "3GFluxTactic"}) {
+        EXPECT_EQ(node[member].type(), Json::intValue) << member;
+    }
+    for (const char* member : {"3GFluxUp", "3GFlux", "Day3GFluxUp", "Day3GFluxUse"}) {
+        EXPECT_EQ(node[member].type(), Json::uintValue) << member;
+    }
+}
+
 TEST(PacketWirelessInfo, NeverWritesTheIndex) { EXPECT_FALSE(Packed(Expressible()).isMember("Index")); }
 
 TEST(PacketWirelessInfo, EveryFlagGoesToItsOwnMemberWhateverItsByte) {

@@ -128,7 +128,7 @@ TYPED_TEST(SerialPort, WritesEverySetting) {
     for (const Row& row : kSettings) {
         Json::Value node;
         EXPECT_EQ(PacketCommAttr(PortOf<TypeParam>(row.indexes), node), 1) << row.json;
-        EXPECT_EQ(Text(node), row.json);
+        EXPECT_EQ(node, Json(row.json)) << Text(node);
     }
 }
 
