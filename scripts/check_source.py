@@ -17,6 +17,8 @@ EDGES = {
     ("face/candidate", "face/person.h"),
     ("face/candidate", "face/picture.h"),
     ("face/person", "face/picture.h"),
+    ("time/schedule", "time/time_section.h"),
+    ("time/time_group", "time/time_section.h"),
 }
 
 # The public headers: contracts, and what the tables are made of.

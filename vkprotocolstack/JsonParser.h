@@ -190,6 +190,70 @@ VK_API long GetUTCTimebyNetTimeNew(const tagNET_TIME& time);
 /// 0 when it would be negative or the time has none.
 VK_API long GetLocalTimebyNetTimeNew(const tagNET_TIME& time);
 
+// Readers of time segments scan texts like the readers of times: "%d %d:%d:%d-%d:%d:%d" into the flag or mask, the
+// beginning and the end. Writers print "%d %02d:%02d:%02d-%02d:%02d:%02d".
+
+/// Reads an array of rows of time segments into sections, row after row, maxSegments to a row. rowsFound, which may be
+/// null, becomes the number of rows, at most maxRows, before anything is read. Further rows, and segments of a row
+/// beyond maxSegments, are ignored. A row that is no array, or empty, and missing segments are left as the caller set
+/// them. Ends at the first segment that does not convert. Instantiated for tagVK_TSECT and tagCFG_TIME_SECTION.
+/// @return whether all segments converted; false with everything left as the caller set it when the node is no array or
+/// has no row, sections is null, or maxRows or maxSegments is below 1
+template <class Section>
+VK_API bool GetJsonTimeSchedule(const Json::Value& value, Section* sections, int maxRows, int maxSegments,
+                                int* rowsFound);
+
+/// Reads an array of 7 rows, the days of the week, and an eighth for the holiday, of up to 6 segments each. Cleared
+/// first. Further rows and segments are ignored; a row that is no array stays cleared. Ends at the first segment that
+/// does not convert.
+/// @return 1, or 0 when there are fewer than 7 rows or a segment did not convert; what was read until then is kept,
+/// and bEnableHoliday is false
+VK_API int GetJsonTimeSchedule(const Json::Value& value, tagNET_CFG_TIME_SCHEDULE& schedule);
+/// The same with masks.
+VK_API int GetJsonTimeSchedule(const Json::Value& value, tagCFG_TIME_SCHEDULE& schedule);
+
+/// Writes rows of time segments, all of them, as an array of arrays; further rows and elements stay. Instantiated for
+/// tagVK_TSECT and tagCFG_TIME_SECTION.
+/// @return true, or false with the node unchanged when sections is null, or rows or segments is below 1
+template <class Section>
+VK_API bool SetJsonTimeSchedule(Json::Value& value, const Section* sections, int rows, int segments);
+
+/// Writes 7 rows of 6 segments, and the eighth when bEnableHoliday is set; further rows and elements stay.
+/// @return true
+VK_API bool SetJsonTimeSchedule(Json::Value& value, const tagNET_CFG_TIME_SCHEDULE& schedule);
+/// The same with masks.
+VK_API bool SetJsonTimeSchedule(Json::Value& value, const tagCFG_TIME_SCHEDULE& schedule);
+
+/// Reads an array of time segments, at most count. A segment that does not convert, or is missing, does not end the
+/// reading.
+/// @return 1, or 0 when sections is null or count below 1
+VK_API int GetJsonTimeGroup(const Json::Value& value, tagCFG_TIME_SECTION* sections, int count);
+/// The same, but count elements are looked up, however many there are.
+VK_API int GetJsonTimeGroup(const Json::Value& value, tagNET_TIME_SECTION* sections, int count);
+
+/// Writes count time segments as an array; further elements stay. The mask is printed as a signed number.
+/// @return 1, or 0 with the node unchanged when sections is null or count below 1
+VK_API int SetJsonTimeGroup(Json::Value& value, const tagCFG_TIME_SECTION* sections, int count);
+/// The same, but of the mask only the low 8 bits are written, unlike what the reader takes.
+VK_API int SetJsonTimeGroup(Json::Value& value, const tagNET_TIME_SECTION* sections, int count);
+
+/// Holds the reader and writer of single time segments. Instantiated for tagVK_TSECT.
+class TimeSection {
+  public:
+    /// Reads "%d %02d:%02d:%02d-%02d:%02d:%02d": at most two digits to a number of the times, unlike in a schedule.
+    /// @return whether all 7 fields converted
+    template <class Section>
+    static bool parse(const Json::Value& value, Section& section);
+
+    /// @return true
+    template <class Section>
+    static bool pack(Json::Value& value, const Section& section);
+};
+
+/// TimeSection::parse of a NUL-terminated text. A null text does not convert. The record comes first, unlike in the
+/// other readers.
+VK_API bool getTimeScheduleFromStr(tagVK_TSECT& section, const char* text);
+
 // ======================================================================================================================
 // 3. Traffic and vehicle events
 // ======================================================================================================================
@@ -354,6 +418,44 @@ VK_API int ParseResolutionString(const char* text);
 // ======================================================================================================================
 // 7. Device configuration
 // ======================================================================================================================
+
+/// Reads [baud rate, data bits, parity, stop bits] into indexes of the tables of settings; further elements are
+/// ignored. Cleared first; what is in no table gives 0. Parity and stop bits are texts, compared exactly.
+/// @return 1, or 0 with the record cleared when the node is no array of at least 4 elements
+VK_API int ParseCommAttr(const Json::Value& value, VK_COMM_PROP& port);
+/// The same for the configuration layer.
+VK_API int ParseCommAttr(const Json::Value& value, tagCFG_COMM_PROP& port);
+
+/// Writes [baud rate, data bits, parity, stop bits]. An index beyond its table leaves its element as it was; where
+/// there was none, it is null before an element that is written and missing behind the last. The record comes first,
+/// unlike in the reader.
+/// @return 1
+VK_API int PacketCommAttr(const VK_COMM_PROP& port, Json::Value& value);
+/// The same for the configuration layer.
+VK_API int PacketCommAttr(const tagCFG_COMM_PROP& port, Json::Value& value);
+
+/// Reads the mobile-data configuration. Not cleared; with a null node the record is left as the caller set it.
+/// Keywords are compared exactly, and one that is missing or in no table reads as 0; but emAPN is -1 without "APN",
+/// and szAPN then left as the caller set it. Other missing members read as 0 or the empty text; so em3GFluxTactic is 1
+/// without "3GFluxTactic". Texts are cut to 32 or 64 bytes, terminator included.
+/// "TimeSection": segments that are missing, or do not convert as by TimeSection::parse, are not an error; 7 rows of 6
+/// are read, further ones ignored.
+VK_API void ParseWirelessInfo(const Json::Value& value, tagNET_NETAPP_WIRELESS& info);
+
+/// Writes the mobile-data configuration, all but nIndex; further members stay. An enumeration that says unknown (-1 in
+/// emAPN and emWorkMode, 0 in the others) leaves its member as it was and sends a trace message; one that is no row of
+/// its table writes the empty text. An emAPN of 0 writes szAPN; a negative em3GFluxTactic writes 0. Always 7 rows of 6
+/// time segments. The record comes first, unlike in the reader.
+/// @return 1
+VK_API int PacketWirelessInfo(const tagNET_NETAPP_WIRELESS& info, Json::Value& value);
+
+/// Reads "Caller" of an intercom invitation: emCallerType is 1 for "Platform", ignoring case, and 0 for any other
+/// caller and for none.
+VK_API void ParseTalkingCallerType(const Json::Value& invitation, tagALARM_TALKING_INVITE_INFO* info);
+
+/// Reads the answer to a mission from the node itself: "Yes" or "No", ignoring case; anything else is unknown.
+/// @return 1, or 0 when it is unknown
+VK_API int ParseConfirmAction(const Json::Value& value, tagNET_MISSION_CONFIRM_TYPE& type);
 
 // ======================================================================================================================
 // Ownership of heap texts

@@ -301,6 +301,63 @@ struct FieldsOf<tagRANGE> {
     };
 };
 
+template <>
+struct FieldsOf<tagVK_TSECT> {
+    VK_RECORD(tagVK_TSECT, 28);
+    static constexpr Field list[] = {
+        VK_FIELD(0, bEnable, "0 off, else on"), VK_FIELD(4, nBeginHour, "0 to 23"), VK_FIELD(8, nBeginMin, "0 to 59"),
+        VK_FIELD(12, nBeginSec, "0 to 59"),     VK_FIELD(16, nEndHour, "0 to 23"),  VK_FIELD(20, nEndMin, "0 to 59"),
+        VK_FIELD(24, nEndSec, "0 to 59"),
+    };
+};
+
+template <>
+struct FieldsOf<tagCFG_TIME_SECTION> {
+    VK_RECORD(tagCFG_TIME_SECTION, 28);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwRecordMask, "kinds of recording or alarm, one bit each"),
+        VK_FIELD(4, nBeginHour, "0 to 23"),
+        VK_FIELD(8, nBeginMin, "0 to 59"),
+        VK_FIELD(12, nBeginSec, "0 to 59"),
+        VK_FIELD(16, nEndHour, "0 to 23"),
+        VK_FIELD(20, nEndMin, "0 to 59"),
+        VK_FIELD(24, nEndSec, "0 to 59"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_TIME_SECTION> {
+    VK_RECORD(tagNET_TIME_SECTION, 108);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwRecordMask, "kinds of recording or alarm, one bit each"),
+        VK_FIELD(4, nBeginHour, "0 to 23"),
+        VK_FIELD(8, nBeginMin, "0 to 59"),
+        VK_FIELD(12, nBeginSec, "0 to 59"),
+        VK_FIELD(16, nEndHour, "0 to 23"),
+        VK_FIELD(20, nEndMin, "0 to 59"),
+        VK_FIELD(24, nEndSec, "0 to 59"),
+        VK_RESERVED(28, byReserved),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_CFG_TIME_SCHEDULE> {
+    VK_RECORD(tagNET_CFG_TIME_SCHEDULE, 1348);
+    static constexpr Field list[] = {
+        VK_FIELD(0, bEnableHoliday, "row 7 is in use"),
+        VK_FIELD(4, stuTimeSection, "7 days of the week, then the holiday"),
+    };
+};
+
+template <>
+struct FieldsOf<tagCFG_TIME_SCHEDULE> {
+    VK_RECORD(tagCFG_TIME_SCHEDULE, 1348);
+    static constexpr Field list[] = {
+        VK_FIELD(0, bEnableHoliday, "row 7 is in use"),
+        VK_FIELD(4, stuTimeSection, "7 days of the week, then the holiday"),
+    };
+};
+
 // ---- traffic
 // ---------------------------------------------------------------------------------------------------------
 
@@ -533,6 +590,65 @@ struct FieldsOf<tagNET_HDDSMART_INFO> {
 // ---- configuration
 // ---------------------------------------------------------------------------------------------------
 
+template <>
+struct FieldsOf<VK_COMM_PROP> {
+    VK_RECORD(VK_COMM_PROP, 4);
+    static constexpr Field list[] = {
+        VK_FIELD(0, byDataBit, "data bits: 0 to 3 are 5 to 8"),
+        VK_FIELD(1, byStopBit, "stop bits: 0, 1, 2 are 1, 1.5, 2"),
+        VK_FIELD(2, byParity, "parity: 0 none, 1 odd, 2 even, 3 mark, 4 space"),
+        VK_FIELD(3, byBaudRate, "baud rate: 0 to 9 are 300 to 115200"),
+    };
+};
+
+template <>
+struct FieldsOf<tagCFG_COMM_PROP> {
+    VK_RECORD(tagCFG_COMM_PROP, 4);
+    static constexpr Field list[] = {
+        VK_FIELD(0, byDataBit, "data bits: 0 to 3 are 5 to 8"),
+        VK_FIELD(1, byStopBit, "stop bits: 0, 1, 2 are 1, 1.5, 2"),
+        VK_FIELD(2, byParity, "parity: 0 none, 1 odd, 2 even, 3 mark, 4 space"),
+        VK_FIELD(3, byBaudRate, "baud rate: 0 to 9 are 300 to 115200"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_NETAPP_WIRELESS> {
+    VK_RECORD(tagNET_NETAPP_WIRELESS, 1432);
+    static constexpr Field list[] = {
+        VK_RESERVED(0, byReserved),
+        VK_FIELD(4, bEnable, "mobile data is enabled"),
+        VK_FIELD(8, nIndex, "device index, never written"),
+        VK_FIELD(12, nKeepAlive, "keep-alive setting, device unit"),
+        VK_FIELD(16, emAPN, "access point: -1 none, 0 szAPN, 1 CTNET, 2 CMNET, 3 UNINET"),
+        VK_FIELD(20, szAPN, "access point name as sent"),
+        VK_FIELD(52, emAuthMode, "authentication: 0 unknown, 1 none, 2 PAP, 3 CHAP"),
+        VK_FIELD(56, szUserName, "user name for dialling"),
+        VK_FIELD(120, szPassword, "password for dialling"),
+        VK_FIELD(184, bAutoDial, "dials by itself"),
+        VK_FIELD(188, stuTimeSection, "allowed hours, 7 days of the week"),
+        VK_FIELD(1364, em3GFluxTactic, "overall traffic policy: 0 unknown, 1 and 2 the device's 0 and 1"),
+        VK_FIELD(1368, dw3GFluxUp, "overall traffic ceiling, device unit"),
+        VK_FIELD(1372, dw3GFlux, "overall traffic used, device unit"),
+        VK_FIELD(1376, emDay3GFluxTactic, "daily traffic policy: 0 unknown, 1 by traffic, 2 by time"),
+        VK_FIELD(1380, dwDay3GFluxUp, "daily traffic ceiling, device unit"),
+        VK_FIELD(1384, dwDay3GFluxUse, "daily traffic used, device unit"),
+        VK_FIELD(1388, emDay3GFluxAction, "at the daily ceiling: 0 unknown, 1 nothing, 2 link down"),
+        VK_FIELD(1392, emWorkMode, "radio mode: -1 unknown, 0 none of these, 1 to 7 CDMA1x to FDD-LTE"),
+        VK_FIELD(1396, szDailNumber, "number to dial"),
+        VK_FIELD(1428, bActivate, "activated"),
+    };
+};
+
+template <>
+struct FieldsOf<tagALARM_TALKING_INVITE_INFO> {
+    VK_RECORD(tagALARM_TALKING_INVITE_INFO, 8);
+    static constexpr Field list[] = {
+        VK_RESERVED(0, byReserved),
+        VK_FIELD(4, emCallerType, "1 the management platform, 0 any other caller"),
+    };
+};
+
 // ---- all of them
 // -----------------------------------------------------------------------------------------------------
 
@@ -546,11 +662,15 @@ struct LayoutList {
 using AllLayouts = LayoutList<
     // times and geometry
     tagNET_TIME, tagNET_TIME_EX, tagCFG_NET_TIME_EX, tagCFG_TIME, _VKDEVTIME, VK_RECT, tagNET_RECT, VK_POINT, tagRANGE,
+    // schedules
+    tagVK_TSECT, tagCFG_TIME_SECTION, tagNET_TIME_SECTION, tagNET_CFG_TIME_SCHEDULE, tagCFG_TIME_SCHEDULE,
     // traffic
     tagSTEREO_GARAGE_INFO, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO, tagWEIGH_INFO, tagEVENT_JUNCTION_CUSTOM_INFO,
     tagEVENT_VEHICLE_INFO, tagVK_TRAFFICFLOWSTAT, tagNET_TRAFFICFLOWSTATINFO,
     // device status
-    tagNET_GPS_INFO, tagGPS_TIME, _NET_GPS_STATUS_INFO, tagDEV_SRC_INFO, tagNET_HDDSMART_INFO>;
+    tagNET_GPS_INFO, tagGPS_TIME, _NET_GPS_STATUS_INFO, tagDEV_SRC_INFO, tagNET_HDDSMART_INFO,
+    // configuration
+    VK_COMM_PROP, tagCFG_COMM_PROP, tagNET_NETAPP_WIRELESS, tagALARM_TALKING_INVITE_INFO>;
 
 #undef VK_RECORD
 #undef VK_FIELD

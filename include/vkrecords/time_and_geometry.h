@@ -1,4 +1,4 @@
-// Times, rectangles, points and ranges: the small records that larger records are made of.
+// Times, schedules, rectangles, points and ranges: the small records that larger records are made of.
 #ifndef VKRECORDS_TIME_AND_GEOMETRY_H
 #define VKRECORDS_TIME_AND_GEOMETRY_H
 
@@ -84,6 +84,53 @@ struct tagRANGE {
     bool bHasDefault;              ///< fDefault is valid
     float fDefault;                ///< default value
     unsigned char byReserved[16];  ///< reserved
+};
+
+/// Time segment of a schedule.
+struct tagVK_TSECT {
+    int bEnable;     ///< 0 off, else on
+    int nBeginHour;  ///< 0 to 23
+    int nBeginMin;   ///< 0 to 59
+    int nBeginSec;   ///< 0 to 59
+    int nEndHour;    ///< 0 to 23
+    int nEndMin;     ///< 0 to 59
+    int nEndSec;     ///< 0 to 59
+};
+
+/// Time segment with a mask, as the configuration layer keeps it.
+struct tagCFG_TIME_SECTION {
+    unsigned int dwRecordMask;  ///< kinds of recording or alarm that the segment enables, one bit each
+    int nBeginHour;             ///< 0 to 23
+    int nBeginMin;              ///< 0 to 59
+    int nBeginSec;              ///< 0 to 59
+    int nEndHour;               ///< 0 to 23
+    int nEndMin;                ///< 0 to 59
+    int nEndSec;                ///< 0 to 59
+};
+
+/// Time segment with a mask.
+struct tagNET_TIME_SECTION {
+    unsigned int dwRecordMask;     ///< kinds of recording or alarm that the segment enables, one bit each
+    int nBeginHour;                ///< 0 to 23
+    int nBeginMin;                 ///< 0 to 59
+    int nBeginSec;                 ///< 0 to 59
+    int nEndHour;                  ///< 0 to 23
+    int nEndMin;                   ///< 0 to 59
+    int nEndSec;                   ///< 0 to 59
+    unsigned char byReserved[80];  ///< filled elsewhere in the client library
+};
+
+/// Weekly schedule.
+struct tagNET_CFG_TIME_SCHEDULE {
+    bool bEnableHoliday;               ///< row 7 is in use
+    tagVK_TSECT stuTimeSection[8][6];  ///< rows 0 to 6 the days of the week in the device's order, row 7 the holiday
+};
+
+/// Weekly schedule with masks, as the configuration layer keeps it.
+struct tagCFG_TIME_SCHEDULE {
+    bool bEnableHoliday;                       ///< row 7 is in use
+    tagCFG_TIME_SECTION stuTimeSection[8][6];  ///< rows 0 to 6 the days of the week in the device's order, row 7 the
+                                               ///< holiday
 };
 
 #endif

@@ -76,6 +76,20 @@ constexpr CatalogueEntry kCatalogue[] = {
     Writes<_VKDEVTIME>("_VKDEVTIME", "packed device time, 24-01-05 09:30:00",
                        [](auto& node, auto& time) { return SetJsonTime(node, time); }),
 
+    // ---- schedules
+    ReadsAndWrites<tagVK_TSECT>(
+        "tagVK_TSECT", "time segment, 1 08:00:00-17:30:00",
+        [](auto& node, auto& section) { return TimeSection::parse(node, section); },
+        [](auto& node, auto& section) { return TimeSection::pack(node, section); }),
+    ReadsAndWrites<tagNET_CFG_TIME_SCHEDULE>(
+        "tagNET_CFG_TIME_SCHEDULE", "weekly schedule",
+        [](auto& node, auto& schedule) { return GetJsonTimeSchedule(node, schedule); },
+        [](auto& node, auto& schedule) { return SetJsonTimeSchedule(node, schedule); }),
+    ReadsAndWrites<tagCFG_TIME_SCHEDULE>(
+        "tagCFG_TIME_SCHEDULE", "weekly schedule with masks, of the configuration layer",
+        [](auto& node, auto& schedule) { return GetJsonTimeSchedule(node, schedule); },
+        [](auto& node, auto& schedule) { return SetJsonTimeSchedule(node, schedule); }),
+
     // ---- traffic
     Reads<tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO>(
         "tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO", "vehicle of an intelligent-traffic event",
@@ -110,6 +124,27 @@ constexpr CatalogueEntry kCatalogue[] = {
                                     ParseSyncStateInfo(node, &info);
                                     return true;
                                 }),
+
+    // ---- configuration
+    ReadsAndWrites<VK_COMM_PROP>(
+        "VK_COMM_PROP", "serial port", [](auto& node, auto& port) { return ParseCommAttr(node, port); },
+        [](auto& node, auto& port) { return PacketCommAttr(port, node); }),
+    ReadsAndWrites<tagCFG_COMM_PROP>(
+        "tagCFG_COMM_PROP", "serial port, of the configuration layer",
+        [](auto& node, auto& port) { return ParseCommAttr(node, port); },
+        [](auto& node, auto& port) { return PacketCommAttr(port, node); }),
+    ReadsAndWrites<tagNET_NETAPP_WIRELESS>(
+        "tagNET_NETAPP_WIRELESS", "mobile data",
+        [](auto& node, auto& info) {
+            ParseWirelessInfo(node, info);
+            return true;
+        },
+        [](auto& node, auto& info) { return PacketWirelessInfo(info, node); }),
+    Reads<tagALARM_TALKING_INVITE_INFO>("tagALARM_TALKING_INVITE_INFO", "invitation to an intercom talk",
+                                        [](auto& node, auto& info) {
+                                            ParseTalkingCallerType(node, &info);
+                                            return true;
+                                        }),
 };
 
 }  // namespace

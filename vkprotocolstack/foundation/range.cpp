@@ -5,6 +5,7 @@
 #include "vkprotocolstack/wire/write.h"
 
 using jsonparser::Clear;
+using jsonparser::Flag;
 using jsonparser::Members;
 using jsonparser::NameList;
 using jsonparser::Node;
@@ -19,8 +20,8 @@ template <class Number>
 int Write(const tagRANGE& range, Json::Value& value, Number (*number)(double)) {
     Put(value, "Max", number(range.fMax));
     Put(value, "Min", number(range.fMin));
-    if (range.bHasDefault) Put(value, "Default", number(range.fDefault));
-    if (range.bHasStep) Put(value, "Step", number(range.fStep));
+    if (Flag(range.bHasDefault)) Put(value, "Default", number(range.fDefault));
+    if (Flag(range.bHasStep)) Put(value, "Step", number(range.fStep));
     return 1;
 }
 

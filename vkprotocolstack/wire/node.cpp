@@ -258,6 +258,24 @@ int Node::firstContained(Keywords table, int otherwise) const {
     return lookedUp("keyword, contained", FirstContained(table, text(storage)), otherwise);
 }
 
+int Node::foundAt(std::string_view operation, std::ptrdiff_t index, std::size_t size, int otherwise) const {
+    const bool found = static_cast<std::size_t>(index) < size;
+    const int place = found ? static_cast<int>(index) : otherwise;
+    if (trail_ != nullptr) trail_->report(value_, operation, Shown(place) + (found ? "" : " (not in the table)"));
+    return place;
+}
+
+int Node::firstExact(std::span<const std::string> texts, int otherwise) const {
+    std::string storage;
+    const auto found = std::find(texts.begin(), texts.end(), text(storage));
+    return foundAt("place of the text in a table, exact", found - texts.begin(), texts.size(), otherwise);
+}
+
+int Node::firstEqual(std::span<const unsigned> numbers, int otherwise) const {
+    const auto found = std::find(numbers.begin(), numbers.end(), UIntOf(value_));
+    return foundAt("unsigned, place in a table", found - numbers.begin(), numbers.size(), otherwise);
+}
+
 void Node::reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const {
     trail_->report(value_, "scanned by " + std::string(format), Shown(converted) + " of " + Shown(wanted));
 }

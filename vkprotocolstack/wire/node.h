@@ -11,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -101,6 +102,12 @@ class Node {
     /// The code of the first row whose text stands anywhere in this one, up to its first NUL, or otherwise.
     int firstContained(Keywords table, int otherwise) const;
 
+    // ---- place in a table
+    /// The index of the first text that is exactly this one, or otherwise.
+    int firstExact(std::span<const std::string> texts, int otherwise) const;
+    /// The index of the first number that equals asUInt, or otherwise.
+    int firstEqual(std::span<const unsigned> numbers, int otherwise) const;
+
   private:
     template <const auto& List>
     friend class Members;
@@ -110,6 +117,7 @@ class Node {
     template <class Result>
     Result reported(std::string_view operation, Result result) const;
     int lookedUp(std::string_view operation, const Keyword* row, int otherwise) const;
+    int foundAt(std::string_view operation, std::ptrdiff_t index, std::size_t size, int otherwise) const;
     void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
 
     const Json::Value* value_;  ///< null when missing

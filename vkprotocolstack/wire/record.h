@@ -14,6 +14,14 @@ void Clear(Record& record) {
     std::memset(static_cast<void*>(&record), 0, sizeof record);
 }
 
+/// Whether a caller's flag is set: every byte but 0 sets it. Loading a bool from a byte other than 0 and 1 is
+/// undefined.
+inline bool Flag(const bool& flag) {
+    unsigned char byte = 0;
+    std::memcpy(&byte, &flag, sizeof byte);
+    return byte != 0;
+}
+
 }  // namespace jsonparser
 
 #endif

@@ -1,0 +1,76 @@
+#include <algorithm>
+
+#include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/time/time_section.h"
+#include "vkprotocolstack/wire/node.h"
+#include "vkprotocolstack/wire/record.h"
+#include "vkprotocolstack/wire/write.h"
+
+using jsonparser::Clear;
+using jsonparser::Element;
+using jsonparser::Flag;
+using jsonparser::Node;
+using jsonparser::Put;
+using jsonparser::ReadLenient;
+using jsonparser::Written;
+
+namespace {
+
+template <class Schedule>
+int Read(const Json::Value& value, Schedule& schedule) {
+    Clear(schedule);
+    int rows = 0;
+    if (!GetJsonTimeSchedule(value, schedule.stuTimeSection[0], 8, 6, &rows) || rows < 7) return 0;
+    schedule.bEnableHoliday = rows == 8;
+    return 1;
+}
+
+template <class Schedule>
+bool Write(Json::Value& value, const Schedule& schedule) {
+    return SetJsonTimeSchedule(value, schedule.stuTimeSection[0], Flag(schedule.bEnableHoliday) ? 8 : 7, 6);
+}
+
+}  // namespace
+
+template <class Section>
+bool GetJsonTimeSchedule(const Json::Value& value, Section* sections, int maxRows, int maxSegments, int* rowsFound) {
+    if (sections == nullptr || maxRows < 1 || maxSegments < 1) return false;
+    const Node schedule(value);
+    const std::size_t rows = std::min(schedule.size(), static_cast<std::size_t>(maxRows));
+    if (rows == 0) return false;
+    if (rowsFound != nullptr) *rowsFound = static_cast<int>(rows);
+    const auto stride = static_cast<std::size_t>(maxSegments);
+    for (std::size_t r = 0; r < rows; ++r) {
+        const Node row = schedule.at(r);
+        const std::size_t segments = std::min(row.size(), stride);
+        for (std::size_t s = 0; s < segments; ++s) {
+            if (!ReadLenient(row.at(s), sections[r * stride + s])) return false;
+        }
+    }
+    return true;
+}
+template VK_API bool GetJsonTimeSchedule(const Json::Value&, tagVK_TSECT*, int, int, int*);
+template VK_API bool GetJsonTimeSchedule(const Json::Value&, tagCFG_TIME_SECTION*, int, int, int*);
+
+int GetJsonTimeSchedule(const Json::Value& value, tagNET_CFG_TIME_SCHEDULE& schedule) { return Read(value, schedule); }
+
+int GetJsonTimeSchedule(const Json::Value& value, tagCFG_TIME_SCHEDULE& schedule) { return Read(value, schedule); }
+
+template <class Section>
+bool SetJsonTimeSchedule(Json::Value& value, const Section* sections, int rows, int segments) {
+    if (sections == nullptr || rows < 1 || segments < 1) return false;
+    for (Json::ArrayIndex r = 0; r < static_cast<Json::ArrayIndex>(rows); ++r) {
+        for (Json::ArrayIndex s = 0; s < static_cast<Json::ArrayIndex>(segments); ++s) {
+            Put(Element(value, r), s, Written(*sections++));
+        }
+    }
+    return true;
+}
+template VK_API bool SetJsonTimeSchedule(Json::Value&, const tagVK_TSECT*, int, int);
+template VK_API bool SetJsonTimeSchedule(Json::Value&, const tagCFG_TIME_SECTION*, int, int);
+
+bool SetJsonTimeSchedule(Json::Value& value, const tagNET_CFG_TIME_SCHEDULE& schedule) {
+    return Write(value, schedule);
+}
+
+bool SetJsonTimeSchedule(Json::Value& value, const tagCFG_TIME_SCHEDULE& schedule) { return Write(value, schedule); }

@@ -1,0 +1,46 @@
+#include <algorithm>
+
+#include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/time/time_section.h"
+#include "vkprotocolstack/wire/node.h"
+#include "vkprotocolstack/wire/write.h"
+
+using jsonparser::Node;
+using jsonparser::Put;
+using jsonparser::ReadLenient;
+using jsonparser::Written;
+
+namespace {
+
+template <class Section>
+int Write(Json::Value& value, const Section* sections, int count) {
+    if (sections == nullptr || count < 1) return 0;
+    for (int i = 0; i < count; ++i) Put(value, static_cast<Json::ArrayIndex>(i), Written(sections[i]));
+    return 1;
+}
+
+}  // namespace
+
+int GetJsonTimeGroup(const Json::Value& value, tagCFG_TIME_SECTION* sections, int count) {
+    if (sections == nullptr || count < 1) return 0;
+    const Node group(value);
+    const std::size_t segments = std::min(group.size(), static_cast<std::size_t>(count));
+    for (std::size_t i = 0; i < segments; ++i) ReadLenient(group.at(i), sections[i]);
+    return 1;
+}
+
+int GetJsonTimeGroup(const Json::Value& value, tagNET_TIME_SECTION* sections, int count) {
+    if (sections == nullptr || count < 1) return 0;
+    const Node group(value);
+    // Elements that are missing are looked up too; they convert nothing.
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) ReadLenient(group.at(i), sections[i]);
+    return 1;
+}
+
+int SetJsonTimeGroup(Json::Value& value, const tagCFG_TIME_SECTION* sections, int count) {
+    return Write(value, sections, count);
+}
+
+int SetJsonTimeGroup(Json::Value& value, const tagNET_TIME_SECTION* sections, int count) {
+    return Write(value, sections, count);
+}

@@ -1,0 +1,43 @@
+#include "vkprotocolstack/time/time_section.h"
+
+#include "vkprotocolstack/JsonParser.h"
+
+namespace {
+
+constexpr const char* kStrictFormat = "%d %02d:%02d:%02d-%02d:%02d:%02d";
+
+}  // namespace
+
+namespace jsonparser {
+
+bool Read(Node node, tagVK_TSECT& section) {
+    return WithWords(section, [node](auto&... word) { return node.scan(kStrictFormat, Signs::Allowed, word...); });
+}
+
+}  // namespace jsonparser
+
+using jsonparser::Node;
+using jsonparser::ScanInto;
+using jsonparser::Signs;
+using jsonparser::WithWords;
+using jsonparser::Written;
+
+template <class Section>
+bool TimeSection::parse(const Json::Value& value, Section& section) {
+    return Read(Node(value), section);
+}
+template VK_API bool TimeSection::parse(const Json::Value& value, tagVK_TSECT& section);
+
+template <class Section>
+bool TimeSection::pack(Json::Value& value, const Section& section) {
+    value = Written(section);
+    return true;
+}
+template VK_API bool TimeSection::pack(Json::Value& value, const tagVK_TSECT& section);
+
+bool getTimeScheduleFromStr(tagVK_TSECT& section, const char* text) {
+    if (text == nullptr) return false;
+    return WithWords(section, [text](auto&... word) {
+        return ScanInto(text, kStrictFormat, Signs::Allowed, word...) == sizeof...(word);
+    });
+}

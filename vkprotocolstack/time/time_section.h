@@ -1,0 +1,53 @@
+// Time segments, as schedules, time groups and other converters read and write them.
+#ifndef VKPROTOCOLSTACK_TIME_TIME_SECTION_H
+#define VKPROTOCOLSTACK_TIME_TIME_SECTION_H
+
+#include <cstdio>
+
+#include "vkprotocolstack/wire/node.h"
+#include "vkrecords/time_and_geometry.h"
+
+namespace jsonparser {
+
+inline int& FirstWord(tagVK_TSECT& section) { return section.bEnable; }
+inline unsigned& FirstWord(tagCFG_TIME_SECTION& section) { return section.dwRecordMask; }
+inline unsigned& FirstWord(tagNET_TIME_SECTION& section) { return section.dwRecordMask; }
+
+/// The first word as writers print it.
+inline int PrintedFirstWord(const tagVK_TSECT& section) { return section.bEnable; }
+inline int PrintedFirstWord(const tagCFG_TIME_SECTION& section) { return static_cast<int>(section.dwRecordMask); }
+/// Of this mask only the low byte goes to devices.
+inline int PrintedFirstWord(const tagNET_TIME_SECTION& section) {
+    return static_cast<unsigned char>(section.dwRecordMask);
+}
+
+/// Calls use with the seven words of a segment's text.
+template <class Section, class Use>
+bool WithWords(Section& section, Use use) {
+    return use(FirstWord(section), section.nBeginHour, section.nBeginMin, section.nBeginSec, section.nEndHour,
+               section.nEndMin, section.nEndSec);
+}
+
+/// As the readers of schedules and time groups: any number of digits.
+template <class Section>
+bool ReadLenient(Node node, Section& section) {
+    return WithWords(section,
+                     [node](auto&... word) { return node.scan("%d %d:%d:%d-%d:%d:%d", Signs::Allowed, word...); });
+}
+
+/// As TimeSection::parse: at most two digits to a number of the times.
+bool Read(Node node, tagVK_TSECT& section);
+
+/// A segment's text.
+template <class Section>
+Json::Value Written(const Section& section) {
+    char text[128] = {};
+    std::snprintf(text, sizeof text - 1, "%d %02d:%02d:%02d-%02d:%02d:%02d", PrintedFirstWord(section),
+                  section.nBeginHour, section.nBeginMin, section.nBeginSec, section.nEndHour, section.nEndMin,
+                  section.nEndSec);
+    return {text};
+}
+
+}  // namespace jsonparser
+
+#endif
