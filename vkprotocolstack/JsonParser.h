@@ -338,6 +338,61 @@ VK_API int ParseTrafficStatInfoEx(const Json::Value& node, tagNET_TRAFFICFLOWSTA
 // 4. Video analytics objects
 // ======================================================================================================================
 
+/// Reads a detected object. Cleared first; what is missing or of another shape stays 0.
+/// stuBoundingBox, stuCenter and the points of the outline take the first elements of longer arrays and stay 0 where an
+/// array is too short; stuOriginalBoundingBox and stuSignBoundingBox need exactly 4 elements. Coordinates of points are
+/// the low 16 bits. "Contour" gives its first 16 points; one that is too short counts too, as (0, 0).
+/// "MainColor": element 0 in the highest byte, the reverse of GetJsonColor; components are not cut to 8 bits.
+/// "UTCMS" of any of the three time stamps goes to stuCurrentTime: the last of the current, the start and the end
+/// time's that was sent. File offsets are cut toward zero, beyond 64 bits to the nearest limit. Texts: members are
+/// taken to as many bytes as their field has, "Category" to 64, and a text that fills its field is terminated in the
+/// byte behind it, unless a later member overwrites that byte: a "Text" of 128 bytes or more empties the category. A
+/// category of 62 bytes or more has no terminator of its own, since "CarLogoIndex" is stored behind it, missing reads
+/// as 0. pszFilePath is a text from new char[], owned by the record; null when "FilePath" is no text or the memory is
+/// missing. The one that the record held before the call is lost: release it first.
+/// @return 0, or 1 when pObject is null (then nothing is read)
+VK_API int ParseStrtoObject(const Json::Value& root, VK_MSG_OBJECT* pObject);
+
+/// The same of the second generation, which knows nothing of "CarLogoIndex", "SubBrand" and "BrandYear": a category of
+/// 62 bytes or more goes on in the reserved bytes behind it, terminated there. dwSize is 752. "LowerBodyColor" is read
+/// like "MainColor"; "Stature" of "Person" missing reads as 0, "Direction" must be the keyword in upper and lower case.
+/// @return 0, or 1 when pObject is null (then nothing is read)
+VK_API int ParseStrtoObject(const Json::Value& root, tagVK_MSG_OBJECT_EX* pObject);
+
+/// The same of the third generation, with "SynopsisExtra": missing "Speed" and "Size" read as 0; a "Direction" of
+/// exactly 2 elements sets bSynopsisDirection, whether or not they are points of exactly 2 elements. dwSize is 2820.
+/// @return 1, or 0 when pObject is null (then nothing is read): the reverse of the other two generations
+VK_API int ParseStrtoObject(const Json::Value& root, tagVK_MSG_OBJECT_EX2* pObject);
+
+/// The code of an object's action, upper or lower case.
+/// @return 1 to 8, or 0 when text is none or null
+VK_API int ActionToInt(char* text);
+
+/// Reads the similarity to the reference colours "Red", "Yellow", "Green", "Cyan", "Blue", "Purple", "Black" and
+/// "White", low 8 bits of each, into the first count bytes of out, at most 8. Bytes of missing colours are left as the
+/// caller set them. A count of 0 or less, or a null out, writes nothing.
+/// @return 0; it has no meaning
+VK_API int ParseColorsimilar(const Json::Value& node, unsigned char* out, int count);
+
+/// Reads a non-motor vehicle. Nothing is cleared first: hand in a cleared record, not null. Numbers and keywords are
+/// written even when missing, which reads as 0; an unknown keyword is 0 too, and the case of letters counts. What else
+/// is missing is left as the caller set it: boxes and "MainColor" of fewer than 4 elements, the three pictures with
+/// bPicEnable, riders beyond those in the list. The first 16 riders are read; bFaceImage and bFaceAttributes say of
+/// each whether the message has them. In a picture that is there, missing numbers read as 0 and szFilePath is cut to
+/// 260 bytes, terminator included.
+VK_API void ParseObjectNonMotor(const Json::Value& root, tagVA_OBJECT_NONMOTOR* pObject);
+
+/// Reads the attributes of a face. Every field is written on every call: what is missing reads as 0, unknown keywords
+/// too. "Eye", "Mouth", "Mask", "Beard" and "Nation" are stored plus 1, so that 0 means not sent; "Glass" is not. The
+/// box is read as by GetJsonRect.
+/// @return whether "BoundingBox" is an array of exactly 4 elements
+VK_API bool ParseFaceAttributes(const Json::Value& node, tagNET_FACE_ATTRIBUTE_EX& stuFace);
+
+/// Reads a bullet hole. Cleared first; what is missing stays 0. The box takes the first 4 elements of an array, the
+/// centre the low 16 bits of the first 2; too short an array leaves them 0. "ObjectType" is taken to 128 bytes.
+/// @return 1, or 0 when pInfo is null (then nothing is read)
+VK_API int ParseBulletHolesInfo(const Json::Value& node, tagNET_BULLET_HOLES_INFO* pInfo);
+
 // ======================================================================================================================
 // 5. Face recognition
 // ======================================================================================================================

@@ -512,6 +512,294 @@ struct FieldsOf<tagNET_TRAFFICFLOWSTATINFO> {
 // ---- analytics
 // -------------------------------------------------------------------------------------------------------
 
+template <>
+struct FieldsOf<VK_MSG_OBJECT> {
+    VK_RECORD(VK_MSG_OBJECT, 740);
+    static constexpr Field list[] = {
+        VK_FIELD(0, nObjectID, "object identifier"),
+        VK_FIELD(4, szObjectType, "object type word"),
+        VK_FIELD(132, nConfidence, "detection confidence, device unit"),
+        VK_FIELD(136, nAction,
+                 "1 appear, 2 move, 3 stay, 4 remove, 5 disappear, 6 split, 7 merge, 8 rename, 0 unknown"),
+        VK_FIELD(140, stuBoundingBox, "box in the picture"),
+        VK_FIELD(172, stuCenter, "centre"),
+        VK_FIELD(176, nPointNum, "points of the outline, 0 to 16"),
+        VK_FIELD(180, stuContour, "outline"),
+        VK_FIELD(244, dwMainColor, "main colour, first component in the highest byte"),
+        VK_FIELD(248, szText, "recognised text"),
+        VK_FIELD(376, szObjectCategory, "object sub-type word"),
+        VK_FIELD(438, wCarLogoIndex, "index of the vehicle maker's logo"),
+        VK_FIELD(440, wSubBrand, "vehicle sub-brand number"),
+        VK_RESERVED(442, byReserved1),
+        VK_FIELD(443, bPicEnable, "1 has a picture"),
+        VK_FIELD(444, dwOffset, "place of the picture in the event's data, bytes"),
+        VK_FIELD(448, dwFileLength, "length of the picture, bytes"),
+        VK_FIELD(452, wWidth, "width of the picture, pixels"),
+        VK_FIELD(454, wHeight, "height of the picture, pixels"),
+        VK_RESERVED(456, byReserved2),
+        VK_FIELD(460, pszFilePath, "path of the picture file"),
+        VK_RESERVED(468, byReserved3),
+        VK_FIELD(484, bShotFrame, "1 the picture is a snapshot frame"),
+        VK_FIELD(485, bColor, "1 dwMainColor was sent"),
+        VK_RESERVED(486, byReserved4),
+        VK_FIELD(487, byTimeType, "0 absolute, 1 relative"),
+        VK_FIELD(488, stuCurrentTime, "time of the frame, UTC; milliseconds of any of the three stamps"),
+        VK_FIELD(524, stuStartTime, "begin of the track, UTC, without milliseconds"),
+        VK_FIELD(560, stuEndTime, "end of the track, UTC, without milliseconds"),
+        VK_FIELD(596, stuOriginalBoundingBox, "box in the full source picture"),
+        VK_FIELD(628, stuSignBoundingBox, "box of a sign at the object"),
+        VK_FIELD(660, dwCurrentSequence, "frame sequence number"),
+        VK_FIELD(664, dwBeginSequence, "frame sequence number of the track's begin"),
+        VK_FIELD(668, dwEndSequence, "frame sequence number of the track's end"),
+        VK_FIELD(672, nBeginFileOffset, "place of the track's begin in the recorded file, bytes"),
+        VK_FIELD(680, nEndFileOffset, "place of the track's end in the recorded file, bytes"),
+        VK_FIELD(688, byColorSimilar, "similarity to red, yellow, green, cyan, blue, purple, black, white"),
+        VK_FIELD(696, byUpperBodyColorSimilar, "the same of the upper body"),
+        VK_FIELD(704, byLowerBodyColorSimilar, "the same of the lower body"),
+        VK_FIELD(712, nRelativeID, "identifier of a related object"),
+        VK_FIELD(716, szSubText, "secondary recognised text"),
+        VK_FIELD(736, wBrandYear, "model year of the vehicle brand"),
+        VK_RESERVED(738, byReserved5),
+    };
+};
+
+template <>
+struct FieldsOf<tagVK_MSG_OBJECT_EX> {
+    VK_RECORD(tagVK_MSG_OBJECT_EX, 752);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwSize, "size of the record, 752"),
+        VK_FIELD(4, nObjectID, "object identifier"),
+        VK_FIELD(8, szObjectType, "object type word"),
+        VK_FIELD(136, nConfidence, "detection confidence, device unit"),
+        VK_FIELD(140, nAction,
+                 "1 appear, 2 move, 3 stay, 4 remove, 5 disappear, 6 split, 7 merge, 8 rename, 0 unknown"),
+        VK_FIELD(144, stuBoundingBox, "box in the picture"),
+        VK_FIELD(176, stuCenter, "centre"),
+        VK_FIELD(180, nPointNum, "points of the outline, 0 to 16"),
+        VK_FIELD(184, stuContour, "outline"),
+        VK_FIELD(248, dwMainColor, "main colour, first component in the highest byte"),
+        VK_FIELD(252, szText, "recognised text"),
+        VK_FIELD(380, szObjectCategory, "object sub-type word"),
+        VK_RESERVED(442, byReserved1),
+        VK_FIELD(447, bPicEnable, "1 has a picture"),
+        VK_FIELD(448, dwOffset, "place of the picture in the event's data, bytes"),
+        VK_FIELD(452, dwFileLength, "length of the picture, bytes"),
+        VK_FIELD(456, wWidth, "width of the picture, pixels"),
+        VK_FIELD(458, wHeight, "height of the picture, pixels"),
+        VK_RESERVED(460, byReserved2),
+        VK_FIELD(464, pszFilePath, "path of the picture file"),
+        VK_RESERVED(472, byReserved3),
+        VK_FIELD(488, bShotFrame, "1 the picture is a snapshot frame"),
+        VK_FIELD(489, bColor, "1 dwMainColor was sent"),
+        VK_FIELD(490, bLowerBodyColor, "1 dwLowerBodyColor was sent"),
+        VK_FIELD(491, byTimeType, "0 absolute, 1 relative"),
+        VK_FIELD(492, stuCurrentTime, "time of the frame, UTC; milliseconds of any of the three stamps"),
+        VK_FIELD(528, stuStartTime, "begin of the track, UTC, without milliseconds"),
+        VK_FIELD(564, stuEndTime, "end of the track, UTC, without milliseconds"),
+        VK_FIELD(600, stuOriginalBoundingBox, "box in the full source picture"),
+        VK_FIELD(632, stuSignBoundingBox, "box of a sign at the object"),
+        VK_FIELD(664, dwCurrentSequence, "frame sequence number"),
+        VK_FIELD(668, dwBeginSequence, "frame sequence number of the track's begin"),
+        VK_FIELD(672, dwEndSequence, "frame sequence number of the track's end"),
+        VK_FIELD(676, nBeginFileOffset, "place of the track's begin in the recorded file, bytes"),
+        VK_FIELD(684, nEndFileOffset, "place of the track's end in the recorded file, bytes"),
+        VK_FIELD(692, byColorSimilar, "similarity to red, yellow, green, cyan, blue, purple, black, white"),
+        VK_FIELD(700, byUpperBodyColorSimilar, "the same of the upper body"),
+        VK_FIELD(708, byLowerBodyColorSimilar, "the same of the lower body"),
+        VK_FIELD(716, nRelativeID, "identifier of a related object"),
+        VK_FIELD(720, szSubText, "secondary recognised text"),
+        VK_FIELD(740, nStature, "a person's height, device unit"),
+        VK_FIELD(744, emDirection, "0 unknown, 1 left to right, 2 right to left"),
+        VK_FIELD(748, dwLowerBodyColor, "colour of the lower body, packed like dwMainColor"),
+    };
+};
+
+template <>
+struct FieldsOf<tagVK_MSG_OBJECT_EX2> {
+    VK_RECORD(tagVK_MSG_OBJECT_EX2, 2820);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwSize, "size of the record, 2820"),
+        VK_FIELD(4, nObjectID, "object identifier"),
+        VK_FIELD(8, szObjectType, "object type word"),
+        VK_FIELD(136, nConfidence, "detection confidence, device unit"),
+        VK_FIELD(140, nAction,
+                 "1 appear, 2 move, 3 stay, 4 remove, 5 disappear, 6 split, 7 merge, 8 rename, 0 unknown"),
+        VK_FIELD(144, stuBoundingBox, "box in the picture"),
+        VK_FIELD(176, stuCenter, "centre"),
+        VK_FIELD(180, nPointNum, "points of the outline, 0 to 16"),
+        VK_FIELD(184, stuContour, "outline"),
+        VK_FIELD(248, dwMainColor, "main colour, first component in the highest byte"),
+        VK_FIELD(252, szText, "recognised text"),
+        VK_FIELD(380, szObjectCategory, "object sub-type word"),
+        VK_RESERVED(442, byReserved1),
+        VK_FIELD(447, bPicEnable, "1 has a picture"),
+        VK_FIELD(448, dwOffset, "place of the picture in the event's data, bytes"),
+        VK_FIELD(452, dwFileLength, "length of the picture, bytes"),
+        VK_FIELD(456, wWidth, "width of the picture, pixels"),
+        VK_FIELD(458, wHeight, "height of the picture, pixels"),
+        VK_RESERVED(460, byReserved2),
+        VK_FIELD(464, pszFilePath, "path of the picture file"),
+        VK_RESERVED(472, byReserved3),
+        VK_FIELD(488, bShotFrame, "1 the picture is a snapshot frame"),
+        VK_FIELD(489, bColor, "1 dwMainColor was sent"),
+        VK_FIELD(490, bLowerBodyColor, "1 dwLowerBodyColor was sent"),
+        VK_FIELD(491, byTimeType, "0 absolute, 1 relative"),
+        VK_FIELD(492, stuCurrentTime, "time of the frame, UTC; milliseconds of any of the three stamps"),
+        VK_FIELD(528, stuStartTime, "begin of the track, UTC, without milliseconds"),
+        VK_FIELD(564, stuEndTime, "end of the track, UTC, without milliseconds"),
+        VK_FIELD(600, stuOriginalBoundingBox, "box in the full source picture"),
+        VK_FIELD(632, stuSignBoundingBox, "box of a sign at the object"),
+        VK_FIELD(664, dwCurrentSequence, "frame sequence number"),
+        VK_FIELD(668, dwBeginSequence, "frame sequence number of the track's begin"),
+        VK_FIELD(672, dwEndSequence, "frame sequence number of the track's end"),
+        VK_FIELD(676, nBeginFileOffset, "place of the track's begin in the recorded file, bytes"),
+        VK_FIELD(684, nEndFileOffset, "place of the track's end in the recorded file, bytes"),
+        VK_FIELD(692, byColorSimilar, "similarity to red, yellow, green, cyan, blue, purple, black, white"),
+        VK_FIELD(700, byUpperBodyColorSimilar, "the same of the upper body"),
+        VK_FIELD(708, byLowerBodyColorSimilar, "the same of the lower body"),
+        VK_FIELD(716, nRelativeID, "identifier of a related object"),
+        VK_FIELD(720, szSubText, "secondary recognised text"),
+        VK_FIELD(740, nStature, "a person's height, device unit"),
+        VK_FIELD(744, emDirection, "0 unknown, 1 left to right, 2 right to left"),
+        VK_FIELD(748, dwLowerBodyColor, "colour of the lower body, packed like dwMainColor"),
+        VK_FIELD(752, nSynopsisSpeed, "speed, device unit"),
+        VK_FIELD(756, nSynopsisSize, "size, device unit"),
+        VK_FIELD(760, bSynopsisDirection, "1 the two points were sent"),
+        VK_RESERVED(761, byReserved4),
+        VK_FIELD(762, stuSynopsisStartPoint, "where the direction of motion starts"),
+        VK_FIELD(766, stuSynopsisEndPoint, "where the direction of motion ends"),
+        VK_RESERVED(770, byReserved5),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_FACE_ATTRIBUTE_EX> {
+    VK_RECORD(tagNET_FACE_ATTRIBUTE_EX, 80);
+    static constexpr Field list[] = {
+        VK_FIELD(0, emSex, "0 unknown, 1 male, 2 female"),
+        VK_FIELD(4, nAge, "years"),
+        VK_FIELD(8, nComplexion, "complexion, device code"),
+        VK_FIELD(12, emEye, "eyes: 0 unknown, else device code plus 1"),
+        VK_FIELD(16, emMouth, "mouth: 0 unknown, else device code plus 1"),
+        VK_FIELD(20, emMask, "mask: 0 unknown, else device code plus 1"),
+        VK_FIELD(24, emBeard, "beard: 0 unknown, else device code plus 1"),
+        VK_FIELD(28, nAttractive, "attractiveness, device score"),
+        VK_FIELD(32, emGlass, "glasses, device code"),
+        VK_FIELD(36, emEmotion, "index of the emotion, 0 unknown"),
+        VK_FIELD(40, stuBoundingBox, "box of the face"),
+        VK_FIELD(72, emNation, "nation: 0 unknown, else device code plus 1"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNONMOTOR_COLOR> {
+    VK_RECORD(tagNONMOTOR_COLOR, 16);
+    static constexpr Field list[] = {
+        VK_FIELD(0, nRed, "red"),
+        VK_FIELD(4, nGreen, "green"),
+        VK_FIELD(8, nBlue, "blue"),
+        VK_FIELD(12, nAlpha, "alpha"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNONMOTOR_IMAGE> {
+    VK_RECORD(tagNONMOTOR_IMAGE, 788);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwOffset, "place in the event's data, bytes"),
+        VK_FIELD(4, dwFileLength, "length, bytes"),
+        VK_FIELD(8, dwWidth, "width, pixels"),
+        VK_FIELD(12, dwHeight, "height, pixels"),
+        VK_FIELD(16, szFilePath, "path of the file"),
+        VK_RESERVED(276, byReserved),
+    };
+};
+
+template <>
+struct FieldsOf<tagNONMOTOR_SCENE_IMAGE> {
+    VK_RECORD(tagNONMOTOR_SCENE_IMAGE, 72);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwOffset, "place in the event's data, bytes"),
+        VK_FIELD(4, dwFileLength, "length, bytes"),
+        VK_FIELD(8, dwWidth, "width, pixels"),
+        VK_FIELD(12, dwHeight, "height, pixels"),
+        VK_RESERVED(16, byReserved),
+    };
+};
+
+template <>
+struct FieldsOf<tagNONMOTOR_FACE_IMAGE> {
+    VK_RECORD(tagNONMOTOR_FACE_IMAGE, 16);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwOffset, "place in the event's data, bytes"),
+        VK_FIELD(4, dwFileLength, "length, bytes"),
+        VK_FIELD(8, dwWidth, "width, pixels"),
+        VK_FIELD(12, dwHeight, "height, pixels"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNONMOTOR_RIDER_INFO> {
+    VK_RECORD(tagNONMOTOR_RIDER_INFO, 600);
+    static constexpr Field list[] = {
+        VK_FIELD(0, bFeatureValid, "1 the attributes are valid"),
+        VK_FIELD(4, emSex, "0 unknown, 1 male, 2 female"),
+        VK_FIELD(8, nAge, "years"),
+        VK_FIELD(12, nHelmet, "helmet, device code"),
+        VK_FIELD(16, nCall, "making a phone call, device code"),
+        VK_FIELD(20, nBag, "bag, device code"),
+        VK_FIELD(24, nCarrierBag, "carrier bag, device code"),
+        VK_FIELD(28, nUmbrella, "umbrella, device code"),
+        VK_FIELD(32, nGlasses, "glasses, device code"),
+        VK_FIELD(36, nMask, "mask, device code"),
+        VK_FIELD(40, emEmotion, "index of the emotion, 0 unknown"),
+        VK_FIELD(44, nUpClothes, "upper clothing, device code"),
+        VK_FIELD(48, nDownClothes, "lower clothing, device code"),
+        VK_FIELD(52, emUpperBodyColor, "index of the upper body's colour, 0 unknown"),
+        VK_FIELD(56, emLowerBodyColor, "index of the lower body's colour, 0 unknown"),
+        VK_FIELD(60, bFaceImage, "1 stuFaceImage was sent"),
+        VK_FIELD(64, stuFaceImage, "face picture"),
+        VK_RESERVED(80, byReserved1),
+        VK_FIELD(128, bFaceAttributes, "1 stuFaceAttributes was sent"),
+        VK_FIELD(136, stuFaceAttributes, "face attributes"),
+        VK_RESERVED(216, byReserved2),
+    };
+};
+
+template <>
+struct FieldsOf<tagVA_OBJECT_NONMOTOR> {
+    VK_RECORD(tagVA_OBJECT_NONMOTOR, 10640);
+    static constexpr Field list[] = {
+        VK_FIELD(0, nObjectID, "object identifier"),
+        VK_FIELD(4, emCategory, "index of the category, 0 unknown"),
+        VK_FIELD(8, stuBoundingBox, "box in the picture"),
+        VK_FIELD(40, stuOriginalBoundingBox, "box in the full source picture"),
+        VK_FIELD(72, stuMainColor, "main colour"),
+        VK_FIELD(88, emColor, "index of the colour, 0 unknown"),
+        VK_FIELD(92, bPicEnable, "1 stuImage was sent"),
+        VK_FIELD(96, stuImage, "picture of the vehicle"),
+        VK_FIELD(884, nNumOfCycling, "people riding, the device's count"),
+        VK_FIELD(888, stuRiderList, "riders"),
+        VK_FIELD(10488, stuSceneImage, "scene"),
+        VK_FIELD(10560, stuFaceSceneImage, "scene in which the faces were found"),
+        VK_FIELD(10632, nNumOfFace, "faces, the device's count"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_BULLET_HOLES_INFO> {
+    VK_RECORD(tagNET_BULLET_HOLES_INFO, 696);
+    static constexpr Field list[] = {
+        VK_FIELD(0, nObjectID, "identifier of the hole"),
+        VK_FIELD(4, szObjectType, "object type word"),
+        VK_FIELD(136, stuBoundingBox, "box"),
+        VK_FIELD(168, stuCenter, "centre"),
+        VK_FIELD(172, nSequence, "sequence number"),
+        VK_FIELD(176, nScore, "score"),
+        VK_RESERVED(180, byReserved),
+    };
+};
+
 // ---- face recognition
 // ------------------------------------------------------------------------------------------------
 
@@ -667,6 +955,10 @@ using AllLayouts = LayoutList<
     // traffic
     tagSTEREO_GARAGE_INFO, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO, tagWEIGH_INFO, tagEVENT_JUNCTION_CUSTOM_INFO,
     tagEVENT_VEHICLE_INFO, tagVK_TRAFFICFLOWSTAT, tagNET_TRAFFICFLOWSTATINFO,
+    // analytics
+    VK_MSG_OBJECT, tagVK_MSG_OBJECT_EX, tagVK_MSG_OBJECT_EX2, tagNET_FACE_ATTRIBUTE_EX, tagNONMOTOR_COLOR,
+    tagNONMOTOR_IMAGE, tagNONMOTOR_SCENE_IMAGE, tagNONMOTOR_FACE_IMAGE, tagNONMOTOR_RIDER_INFO, tagVA_OBJECT_NONMOTOR,
+    tagNET_BULLET_HOLES_INFO,
     // device status
     tagNET_GPS_INFO, tagGPS_TIME, _NET_GPS_STATUS_INFO, tagDEV_SRC_INFO, tagNET_HDDSMART_INFO,
     // configuration

@@ -103,6 +103,23 @@ constexpr CatalogueEntry kCatalogue[] = {
     Reads<tagNET_TRAFFICFLOWSTATINFO>("tagNET_TRAFFICFLOWSTATINFO", "flow statistics of a lane, with queue and road",
                                       [](auto& node, auto& info) { return ParseTrafficStatInfoEx(node, &info) == 0; }),
 
+    // ---- analytics
+    Reads<VK_MSG_OBJECT>("VK_MSG_OBJECT", "detected object, first generation",
+                         [](auto& node, auto& object) { return ParseStrtoObject(node, &object) == 0; }),
+    Reads<tagVK_MSG_OBJECT_EX>("tagVK_MSG_OBJECT_EX", "detected object, second generation",
+                               [](auto& node, auto& object) { return ParseStrtoObject(node, &object) == 0; }),
+    Reads<tagVK_MSG_OBJECT_EX2>("tagVK_MSG_OBJECT_EX2", "detected object, third generation",
+                                [](auto& node, auto& object) { return ParseStrtoObject(node, &object) == 1; }),
+    Reads<tagVA_OBJECT_NONMOTOR>("tagVA_OBJECT_NONMOTOR", "non-motor vehicle and its riders",
+                                 [](auto& node, auto& object) {
+                                     ParseObjectNonMotor(node, &object);
+                                     return true;
+                                 }),
+    Reads<tagNET_FACE_ATTRIBUTE_EX>("tagNET_FACE_ATTRIBUTE_EX", "attributes of a face",
+                                    [](auto& node, auto& face) { return ParseFaceAttributes(node, face); }),
+    Reads<tagNET_BULLET_HOLES_INFO>("tagNET_BULLET_HOLES_INFO", "bullet hole of a target analysis",
+                                    [](auto& node, auto& hole) { return ParseBulletHolesInfo(node, &hole) == 1; }),
+
     // ---- device status
     Reads<tagNET_GPS_INFO>("tagNET_GPS_INFO", "position report",
                            [](auto& node, auto& info) {

@@ -68,6 +68,9 @@ std::string_view NameOf(const Json::Value::const_iterator& member) {
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
+/// Zeroes from new char[] for a text of that length, whose size must be an int. Null when they cannot be had.
+char* HeapText(std::size_t length) { return length >= INT_MAX ? nullptr : new (std::nothrow) char[length + 1](); }
+
 }  // namespace
 
 template <class Result>
@@ -216,11 +219,16 @@ void Node::renderTo(char* field, int size) const {
 char* Node::heapUtf8() const {
     std::string storage;
     const std::size_t length = text(storage).size();
-    if (length >= INT_MAX) return nullptr;
-    char* buffer = new (std::nothrow) char[length + 1];
-    if (buffer == nullptr) return nullptr;
-    std::fill_n(buffer, length + 1, '\0');
-    utf8To(buffer, static_cast<int>(length));
+    char* buffer = HeapText(length);
+    if (buffer != nullptr) utf8To(buffer, static_cast<int>(length));
+    return buffer;
+}
+
+char* Node::heapString() const {
+    std::string storage;
+    const std::size_t length = text(storage).size();
+    char* buffer = HeapText(length);
+    if (buffer != nullptr) stringTo(buffer, static_cast<int>(length + 1));
     return buffer;
 }
 
@@ -235,6 +243,14 @@ int Node::lookedUp(std::string_view operation, const Keyword* row, int otherwise
 int Node::firstExact(Keywords table, int otherwise) const {
     std::string storage;
     return lookedUp("keyword, exact", FirstExact(table, text(storage)), otherwise);
+}
+
+int Node::firstExactUpToNul(Keywords table, int otherwise) const {
+    constexpr std::string_view operation = "keyword, exact up to the first NUL";
+    if (TypeOf(value_) != Json::stringValue) return lookedUp(operation, nullptr, otherwise);
+    std::string storage;
+    const std::string_view whole = text(storage);
+    return lookedUp(operation, FirstExact(table, whole.substr(0, whole.find('\0'))), otherwise);
 }
 
 int Node::firstIgnoringCase(Keywords table, int otherwise) const {

@@ -80,6 +80,8 @@ class Node {
     void renderTo(char* field, int size) const;
     /// utf8To a buffer from new char[] of the text's length and a terminator. Null when that cannot be had.
     char* heapUtf8() const;
+    /// stringTo a buffer from new char[] of the text's length and a terminator. Null when that cannot be had.
+    char* heapString() const;
 
     // ---- text as such
     /// Scans the text (see Scan) into the words of a record; those that do not convert are left as they were.
@@ -93,6 +95,8 @@ class Node {
     }
     /// The code of the first row with exactly this text, or otherwise.
     int firstExact(Keywords table, int otherwise) const;
+    /// The same of the text up to its first NUL. What is no text matches no row.
+    int firstExactUpToNul(Keywords table, int otherwise) const;
     /// The code of the first row with this text but for the case of ASCII letters, or otherwise.
     int firstIgnoringCase(Keywords table, int otherwise) const;
     /// The code of the last such row, or otherwise.
