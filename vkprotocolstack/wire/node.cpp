@@ -187,6 +187,12 @@ bool Node::stringTo(char* field, int size) const {
     return isText;
 }
 
+int Node::textSize(int limit) const {
+    std::string storage;
+    const std::size_t size = std::min(text(storage).size() + 1, static_cast<std::size_t>(limit));
+    return reported("text size, at most " + std::to_string(limit), static_cast<int>(size));
+}
+
 void Node::renderTo(char* field, int size) const {
     parseJsonNodeToStr(OrNull(value_), field, size);
     if (trail_ != nullptr) trail_->report(value_, "rendered, size " + std::to_string(size), size > 0 ? field : "");
@@ -200,6 +206,17 @@ char* Node::heapUtf8() const {
     if (buffer == nullptr) return nullptr;
     std::fill_n(buffer, length + 1, '\0');
     utf8To(buffer, static_cast<int>(length));
+    return buffer;
+}
+
+char* Node::heapString() const {
+    std::string storage;
+    const auto size = static_cast<int>(text(storage).size() + 1);
+    if (size < 0) return nullptr;
+    char* buffer = new (std::nothrow) char[static_cast<unsigned>(size)];
+    if (buffer == nullptr) return nullptr;
+    std::fill_n(buffer, size, '\0');
+    stringTo(buffer, size);
     return buffer;
 }
 
