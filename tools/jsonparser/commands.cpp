@@ -22,17 +22,16 @@ void Complain(const std::string& line) { std::fprintf(stderr, "jsonparser: %s\n"
 /// Cleared memory for a record of any layout, whose heap texts it releases.
 class RecordBuffer {
   public:
-    explicit RecordBuffer(const vkrecords::RecordLayout& layout)
-        : layout_(layout), words_((layout.size + sizeof(std::max_align_t) - 1) / sizeof(std::max_align_t)) {}
+    explicit RecordBuffer(const vkrecords::RecordLayout& layout) : layout_(layout), bytes_(layout.size) {}
     ~RecordBuffer() { jsonparser::ReleaseTexts(layout_, get()); }
     RecordBuffer(const RecordBuffer&) = delete;
     RecordBuffer& operator=(const RecordBuffer&) = delete;
 
-    void* get() { return words_.data(); }
+    void* get() { return bytes_.data(); }
 
   private:
     const vkrecords::RecordLayout& layout_;
-    std::vector<std::max_align_t> words_;
+    std::vector<unsigned char> bytes_;  // new aligns it for any record
 };
 
 /// The entry of a record that the user named; complains when there is none.
