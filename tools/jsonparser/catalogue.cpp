@@ -84,6 +84,29 @@ constexpr CatalogueEntry kCatalogue[] = {
                                          [](auto& node, auto& info) { return ParseCustomInfo(node, info); }),
     Reads<tagEVENT_VEHICLE_INFO>("tagEVENT_VEHICLE_INFO", "vehicle of a vehicle event",
                                  [](auto& node, auto& info) { return ParseStrtoVehicle(node, &info); }),
+
+    // ---- faces
+    Reads<VK_PIC_INFO>("VK_PIC_INFO", "picture with a path of any length",
+                       [](auto& node, auto& info) { return ParseImageInfo(node, info), true; }),
+    Reads<VK_PIC_INFO_EX3>("VK_PIC_INFO_EX3", "picture with a path of bounded length",
+                           [](auto& node, auto& info) { return ParseImageInfo(node, info), true; }),
+    ReadsAndWrites<tagFACERECOGNITION_PERSON_INFO>(
+        "tagFACERECOGNITION_PERSON_INFO", "person of the face database, first generation",
+        [](auto& node, auto& info) { return ParsePersonInfo(node, info), true; },
+        [](auto& node, auto& info) { return PacketPersonInfo(node, info); }),
+    ReadsAndWrites<tagFACERECOGNITION_PERSON_INFOEX>(
+        "tagFACERECOGNITION_PERSON_INFOEX", "person of the face database, second generation",
+        [](auto& node, auto& info) { return ParsePersonInfo(node, info), true; },
+        [](auto& node, auto& info) { return PacketPersonInfo(node, info); }),
+    Reads<tagCANDIDATE_INFO>("tagCANDIDATE_INFO", "candidate of a recognition, first generation",
+                             [](auto& node, auto& info) { return ParseCandidate(node, info), true; }),
+    Reads<tagCANDIDATE_INFOEX>("tagCANDIDATE_INFOEX", "candidate of a recognition, second generation",
+                               [](auto& node, auto& info) { return ParseCandidate(node, info), true; }),
+    Reads<tagNET_EXTENSION_INFO>("tagNET_EXTENSION_INFO", "extension data of an event",
+                                 [](auto& node, auto& info) { return ParseExtensionInfo(node, info); }),
+    Reads<tagNET_HUMANTRAIT_EXTENSION_INFO>(
+        "tagNET_HUMANTRAIT_EXTENSION_INFO", "extension data of a human-trait event",
+        [](auto& node, auto& info) { return ParseHumanTraitExtensionInfo(node, info); }),
 };
 
 std::string Folded(std::string_view text) {

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
+#include <cstring>
+#include <memory>
 
 #include "catalogue.h"
 #include "input.h"
@@ -19,10 +21,12 @@ bool Print(const std::string& text) { return std::fwrite(text.data(), 1, text.si
 
 void Complain(const std::string& line) { std::fprintf(stderr, "jsonparser: %s\n", line.c_str()); }
 
-/// Cleared memory for a record of any layout, whose heap texts it releases.
+/// Cleared memory for a record of any layout, whose heap texts it releases and whose caller's buffers it offers.
 class RecordBuffer {
   public:
-    explicit RecordBuffer(const vkrecords::RecordLayout& layout) : layout_(layout), bytes_(layout.size) {}
+    explicit RecordBuffer(const vkrecords::RecordLayout& layout) : layout_(layout), bytes_(layout.size) {
+        offerBuffers(layout, bytes_.data());
+    }
     ~RecordBuffer() { jsonparser::ReleaseTexts(layout_, get()); }
     RecordBuffer(const RecordBuffer&) = delete;
     RecordBuffer& operator=(const RecordBuffer&) = delete;
@@ -30,8 +34,30 @@ class RecordBuffer {
     void* get() { return bytes_.data(); }
 
   private:
+    /// The most that a length of one byte can say.
+    static constexpr unsigned kCallerTextSize = 255;
+
+    void offerBuffers(const vkrecords::RecordLayout& layout, unsigned char* record) {
+        for (const vkrecords::Field& field : layout) {
+            unsigned char* element = record + field.offset;
+            if (field.kind == vkrecords::FieldKind::Record) {
+                for (std::size_t i = 0; i < field.count(); ++i, element += field.elementSize) {
+                    offerBuffers(*field.record, element);
+                }
+            } else if (field.kind == vkrecords::FieldKind::CallerText) {
+                const char* buffer = callerTexts_.emplace_back(new char[kCallerTextSize]()).get();
+                std::memcpy(element, &buffer, sizeof buffer);
+                const auto* length = std::find_if(layout.begin(), layout.end(), [&field](const auto& candidate) {
+                    return std::strcmp(candidate.name, field.lengthField) == 0;
+                });
+                std::memcpy(record + length->offset, &kCallerTextSize, length->elementSize);
+            }
+        }
+    }
+
     const vkrecords::RecordLayout& layout_;
     std::vector<unsigned char> bytes_;  // new aligns it for any record
+    std::vector<std::unique_ptr<char[]>> callerTexts_;
 };
 
 /// The entry of a record that the user named; complains when there is none.
