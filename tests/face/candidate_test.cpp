@@ -67,6 +67,8 @@ TYPED_TEST(ParseCandidateOfBoth, SimilarityAndRangeKeepTheirLow8Bits) {
              Row{"256",     0  },
              Row{"-1",      255},
              Row{"99.9",    99 },
+             Row{"3e9",     255},
+             Row{"-2.9",    254},
              Row{"true",    1  },
              Row{R"("91")", 0  },
              Row{"[91]",    0  }
