@@ -385,13 +385,13 @@ TYPED_TEST(BothPersons, AnImageThatIsNoArraySetsTheCountTo0) {
 
 TYPED_TEST(BothPersons, OwnThePathsOf48PicturesAndDoNotFreeOlderOnes) {
     Json::Value person;
-    for (unsigned i = 0; i < 50; ++i) person["Image"][i]["FilePath"] = "/" + std::to_string(i) + ".jpg";
+    for (unsigned i = 0; i < 50; ++i) person["Image"][i]["FilePath"] = std::to_string(i) + ".jpg";
     const std::unique_ptr<char[]> mine(new char[4]{'o', 'l', 'd', '\0'});
     Owned<TypeParam> info;
     info->stuFacePicInfo[47].pszFilePath = mine.get();
     ParsePersonInfo(person, *info);
     for (unsigned i = 0; i < 48; ++i) {
-        EXPECT_EQ(info->stuFacePicInfo[i].pszFilePath, "/" + std::to_string(i) + ".jpg");
+        EXPECT_EQ(info->stuFacePicInfo[i].pszFilePath, std::to_string(i) + ".jpg");
     }
     EXPECT_STREQ(mine.get(), "old");
 }
