@@ -105,7 +105,7 @@ CAPACITIES = {
 def check_capacities(report):
     """The capacity in a row is the field's: whole for bounded copies, one less for raw ones."""
     fields = capacities()
-    row = r"\.(rawTo|utf8To|stringTo|renderTo)\(\w+(?:\.|->)(\w+), (\d+)\)"
+    row = r"\.(rawTo|utf8To|stringTo|renderTo)\(\w+(?:\.|->)(\w+), (?:\w+\.textSize\()?(\d+)\)"
     for path in sources(*(folder for folder, rank in RANKS.items() if rank == 3)):
         for number, match in lines_with(row, path.read_text()):
             operation, field, stated = match[1], match[2], int(match[3])

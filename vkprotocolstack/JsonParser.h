@@ -396,6 +396,91 @@ VK_API int ParseBulletHolesInfo(const Json::Value& node, tagNET_BULLET_HOLES_INF
 // ======================================================================================================================
 // 5. Face recognition
 // ======================================================================================================================
+//
+// Persons, candidates and pictures are not cleared by their readers: what is absent, or not of the type that a contract
+// asks for, leaves its field as the caller set it, unless stated otherwise. Their readers take nodes by value; the
+// caller's node is not changed.
+
+/// Reads one picture: "Offset", "Length" (bytes), "Width", "Height" (low 16 bits), "FilePath" when it is a text,
+/// "IsDetected" when it is a bool.
+/// pszFilePath is a text from new char[], owned by the record; null when the memory cannot be had. One that the record
+/// held before the call is lost: release it first.
+VK_API void ParseImageInfo(Json::Value image, VK_PIC_INFO& info);
+
+/// The same for the picture record with a path of bounded length: "FilePath" is any value, cut to 64 bytes, terminator
+/// included.
+VK_API void ParseImageInfo(Json::Value image, VK_PIC_INFO_EX3& info);
+
+/// Reads one person of the face database.
+/// Written even when missing, as 0: byGlasses, byAge (low 8 bits), emEmotion (also when the keyword is unknown; its
+/// case counts, unlike that of the others). An unknown "Sex", "CertificateType" or "Type" leaves its field as the
+/// caller set it. "Birthday" is scanned by "%04d-%02d-%02d"; what does not convert becomes 0. Of "Image" the first 48
+/// elements are read, each by ParseImageInfo; wFacePicNum counts them. Their paths are heap texts owned by the record:
+/// release those that it held before the call first. "Name" goes to szPersonNameEx. szPersonName receives the text of
+/// "Type" (of any value, empty when missing) when the message has "IsCustomType" with low 8 bits of 1; "Type" is tried
+/// as a keyword then too. "Comment", "GroupID", "GroupName" and "FeatureValue", when they are texts, go to the caller's
+/// buffers, cut to the lengths that stand beside them, terminator included. The buffer's first bytes, as many as the
+/// text and a terminator have but at most its length, are zeroed first. A null buffer is skipped; one of length 0 is
+/// not written.
+VK_API void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFO& info);
+
+/// The same for the second generation. "Name" goes to szPersonName, the custom type to szCustomType, "Comment",
+/// "GroupID" and "GroupName" to texts of the record; "FeatureValue" is not read.
+/// "HomeAddress" is read when it is a text, an unknown "GlassesType" (its case counts) as 0; "Race", "Eye", "Mouth",
+/// "Mask" and "Beard" are stored plus one, wrapping at the limit. nAttractive is -1 when missing. Of
+/// "CustomPersonInfo" the first 4 elements are read, each itself the text; nCustomPersonInfoNum counts them.
+/// bAgeEnable, nAgeRange, nEmotionValidNum and emEmotions are for PacketPersonInfo only: left as the caller set them.
+VK_API void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFOEX& info);
+
+/// Writes one person. Not the mirror of ParsePersonInfo:
+/// - "Name" is szPersonNameEx, or szPersonName where that is empty. "Type" is the keyword of byType when byIsCustomType
+///   is 0, szPersonName when it is 1.
+/// - "Birthday" has no leading zeros, and needs year, month and day not to be 0.
+/// - "Image" has wFacePicNum elements, without their paths, "IsDetected" as a number. The count is not capped: keep it
+///   within 48.
+/// - "Comment" is read to 100 bytes of the caller's buffer, whatever byCommentLen says; the other buffers to their
+///   lengths. What has a null buffer is not written.
+/// - "Important" 0, and codes without a keyword, are not written; neither are "Age" and "Emotion".
+/// Members that are not written stay as they were in the node.
+/// @return true
+VK_API bool PacketPersonInfo(Json::Value& person, const tagFACERECOGNITION_PERSON_INFO& info);
+
+/// The same for the second generation, whose only name is szPersonName and whose custom type is szCustomType.
+/// - "Race", "Eye", "Mouth", "Mask" and "Beard" are written minus one; 0 is not written. Neither are "FeatureState" 0,
+///   "GlassesType" 0 and a negative "Attractive".
+/// - "Age" is nAgeRange, when bAgeEnable is not 0.
+/// - "Emotion" is the list of emEmotions: 0 is "*", a code without a keyword the empty text. A negative
+///   nEmotionValidNum, like any beyond 32, writes all 32.
+/// - "CustomPersonInfo" has nCustomPersonInfoNum objects with the text as "PersonInfo". The count is taken as unsigned
+///   and not capped: keep it within 0 to 4.
+/// @return true
+VK_API bool PacketPersonInfo(Json::Value& person, const tagFACERECOGNITION_PERSON_INFOEX& info);
+
+/// Reads one candidate of a recognition: "Similarity" and "Range" (low 8 bits), "Channel", "Time" by JsonTime::parse,
+/// "Address" (any value, cut to 260 bytes, terminator included), "IsHit", "Person" by ParsePersonInfo and "SceneImage"
+/// by ParseImageInfo.
+VK_API void ParseCandidate(Json::Value candidate, tagCANDIDATE_INFO& info);
+
+/// The same with a person of the second generation, and the path of "SceneImage" once more, cut to 256 bytes,
+/// terminator included.
+VK_API void ParseCandidate(Json::Value candidate, tagCANDIDATE_INFOEX& info);
+
+/// Writes the keyword of a face database's type, replacing what the node held: 1 HistoryDB, 2 BlackListDB,
+/// 3 WhiteListDB, 4 AlarmDB.
+/// @return true, or false when the type has none (then the node is left unchanged)
+VK_API bool PacketFaceDBType(Json::Value& node, int type);
+
+/// Reads the type of a face database from its keyword, in upper or lower case.
+/// @return true, or false when there is no such keyword (then type is left as the caller set it)
+VK_API bool ParseFaceDBType(const Json::Value& node, int& type);
+
+/// Reads "EventLongID", cut to 52 bytes, terminator included; what is no text empties the field.
+/// @return true
+VK_API bool ParseExtensionInfo(const Json::Value& event, tagNET_EXTENSION_INFO& info);
+
+/// Reads "AdditionalCode", cut to 36 bytes, terminator included; what is no text empties the field.
+/// @return true
+VK_API bool ParseHumanTraitExtensionInfo(const Json::Value& event, tagNET_HUMANTRAIT_EXTENSION_INFO& info);
 
 // ======================================================================================================================
 // 6. Device status and diagnostics

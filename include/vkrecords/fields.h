@@ -803,6 +803,171 @@ struct FieldsOf<tagNET_BULLET_HOLES_INFO> {
 // ---- face recognition
 // ------------------------------------------------------------------------------------------------
 
+template <>
+struct FieldsOf<VK_PIC_INFO> {
+    VK_RECORD(VK_PIC_INFO, 40);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwOffset, "offset in the binary data, bytes"),
+        VK_FIELD(4, dwFileLength, "length, bytes"),
+        VK_FIELD(8, wWidth, "width, pixels"),
+        VK_FIELD(10, wHeight, "height, pixels"),
+        VK_FIELD(16, pszFilePath, "path on the device"),
+        VK_FIELD(24, bIsDetected, "a face was detected"),
+        VK_RESERVED(25, byReserved),
+    };
+};
+
+template <>
+struct FieldsOf<VK_PIC_INFO_EX3> {
+    VK_RECORD(VK_PIC_INFO_EX3, 88);
+    static constexpr Field list[] = {
+        VK_FIELD(0, dwOffset, "offset in the binary data, bytes"),
+        VK_FIELD(4, dwFileLength, "length, bytes"),
+        VK_FIELD(8, wWidth, "width, pixels"),
+        VK_FIELD(10, wHeight, "height, pixels"),
+        VK_FIELD(12, szFilePath, "path on the device"),
+        VK_FIELD(76, bIsDetected, "a face was detected"),
+        VK_RESERVED(77, byReserved),
+    };
+};
+
+template <>
+struct FieldsOf<tagFACERECOGNITION_PERSON_INFO> {
+    VK_RECORD(tagFACERECOGNITION_PERSON_INFO, 2248);
+    static constexpr Field list[] = {
+        VK_FIELD(0, szPersonName, "short name; when read, the custom category"),
+        VK_FIELD(16, wYear, "year of birth"),
+        VK_FIELD(18, byMonth, "month of birth"),
+        VK_FIELD(19, byDay, "day of birth"),
+        VK_FIELD(20, szID, "certificate number"),
+        VK_FIELD(52, byImportant, "importance rank"),
+        VK_FIELD(53, bySex, "0 unknown, 1 male, 2 female"),
+        VK_FIELD(54, wFacePicNum, "face pictures, 0 to 48"),
+        VK_FIELD(56, stuFacePicInfo, "face pictures"),
+        VK_FIELD(1976, byType, "1 normal, 2 suspicion, 3 thief, 4 VIP, 5 fate check, 6 staff"),
+        VK_FIELD(1977, byCertificateType, "0 unknown, 1 identity card, 2 passport"),
+        VK_FIELD(1978, byGlasses, "glasses, device code"),
+        VK_FIELD(1979, byAge, "age, years"),
+        VK_FIELD(1980, szProvince, "province"),
+        VK_FIELD(2044, szCity, "city"),
+        VK_FIELD(2108, szPersonNameEx, "name"),
+        VK_FIELD(2172, szUID, "identifier in the database"),
+        VK_FIELD(2204, szCountry, "country code"),
+        VK_FIELD(2207, byIsCustomType, "1 when the category is the text in szPersonName"),
+        VK_CALLER_TEXT(2208, pszComment, byCommentLen, "comment"),
+        VK_CALLER_TEXT(2216, pszGroupID, byGroupIdLen, "identifier of the group"),
+        VK_CALLER_TEXT(2224, pszGroupName, byGroupNameLen, "name of the group"),
+        VK_CALLER_TEXT(2232, pszFeatureValue, byFeatureValueLen, "feature value"),
+        VK_FIELD(2240, byGroupIdLen, "bytes at pszGroupID"),
+        VK_FIELD(2241, byGroupNameLen, "bytes at pszGroupName"),
+        VK_FIELD(2242, byFeatureValueLen, "bytes at pszFeatureValue"),
+        VK_FIELD(2243, byCommentLen, "bytes at pszComment"),
+        VK_FIELD(2244, emEmotion, "face feature, 0 to 14"),
+    };
+};
+
+template <>
+struct FieldsOf<tagCUSTOM_PERSON_INFO> {
+    VK_RECORD(tagCUSTOM_PERSON_INFO, 188);
+    static constexpr Field list[] = {
+        VK_FIELD(0, szPersonInfo, "text"),
+        VK_RESERVED(64, byReserved),
+    };
+};
+
+template <>
+struct FieldsOf<tagFACERECOGNITION_PERSON_INFOEX> {
+    VK_RECORD(tagFACERECOGNITION_PERSON_INFOEX, 4712);
+    static constexpr Field list[] = {
+        VK_FIELD(0, szPersonName, "name"),
+        VK_FIELD(64, wYear, "year of birth"),
+        VK_FIELD(66, byMonth, "month of birth"),
+        VK_FIELD(67, byDay, "day of birth"),
+        VK_FIELD(68, byImportant, "importance rank"),
+        VK_FIELD(69, bySex, "0 unknown, 1 male, 2 female"),
+        VK_FIELD(70, szID, "certificate number"),
+        VK_FIELD(102, wFacePicNum, "face pictures, 0 to 48"),
+        VK_FIELD(104, stuFacePicInfo, "face pictures"),
+        VK_FIELD(2024, byType, "1 normal, 2 suspicion, 3 thief, 4 VIP, 5 fate check, 6 staff"),
+        VK_FIELD(2025, byCertificateType, "0 unknown, 1 identity card, 2 passport"),
+        VK_FIELD(2026, byGlasses, "glasses, device code"),
+        VK_FIELD(2027, byAge, "age, years"),
+        VK_FIELD(2028, szProvince, "province"),
+        VK_FIELD(2092, szCity, "city"),
+        VK_FIELD(2156, szUID, "identifier in the database"),
+        VK_FIELD(2188, szCountry, "country code"),
+        VK_FIELD(2191, byIsCustomType, "1 when the category is the text in szCustomType"),
+        VK_FIELD(2192, szCustomType, "custom category"),
+        VK_FIELD(2208, szComment, "comment"),
+        VK_FIELD(2308, szGroupID, "identifier of the group"),
+        VK_FIELD(2372, szGroupName, "name of the group"),
+        VK_FIELD(2500, emEmotion, "face feature, 0 to 14"),
+        VK_FIELD(2504, szHomeAddress, "home address"),
+        VK_FIELD(2632, emGlassesType, "0 unknown, 1 sunglasses, 2 glasses"),
+        VK_FIELD(2636, emRace, "device code plus one, 0 not reported"),
+        VK_FIELD(2640, emEye, "device code plus one, 0 not reported"),
+        VK_FIELD(2644, emMouth, "device code plus one, 0 not reported"),
+        VK_FIELD(2648, emMask, "device code plus one, 0 not reported"),
+        VK_FIELD(2652, emBeard, "device code plus one, 0 not reported"),
+        VK_FIELD(2656, nAttractive, "attractiveness score, -1 not reported"),
+        VK_FIELD(2660, emFeatureState, "feature extraction, device code"),
+        VK_FIELD(2664, bAgeEnable, "nAgeRange is valid; written only"),
+        VK_FIELD(2668, nAgeRange, "lowest and highest age, years; written only"),
+        VK_FIELD(2676, nEmotionValidNum, "valid entries of emEmotions; written only"),
+        VK_FIELD(2680, emEmotions, "face features, 0 to 14; written only"),
+        VK_FIELD(2808, nCustomPersonInfoNum, "custom information, 0 to 4"),
+        VK_FIELD(2812, stuCustomPersonInfo, "custom information"),
+        VK_RESERVED(3564, byReserved),
+    };
+};
+
+template <>
+struct FieldsOf<tagCANDIDATE_INFO> {
+    VK_RECORD(tagCANDIDATE_INFO, 2632);
+    static constexpr Field list[] = {
+        VK_FIELD(0, stuPersonInfo, "the person"),
+        VK_FIELD(2248, bySimilarity, "similarity score"),
+        VK_FIELD(2249, byRange, "range, device code"),
+        VK_FIELD(2252, stuTime, "time of the match"),
+        VK_FIELD(2276, szAddress, "place of the match"),
+        VK_FIELD(2536, bIsHit, "the match counts"),
+        VK_FIELD(2540, stuSceneImage, "picture of the scene"),
+        VK_FIELD(2628, nChannelID, "channel number"),
+    };
+};
+
+template <>
+struct FieldsOf<tagCANDIDATE_INFOEX> {
+    VK_RECORD(tagCANDIDATE_INFOEX, 5352);
+    static constexpr Field list[] = {
+        VK_FIELD(0, stuPersonInfo, "the person"),
+        VK_FIELD(4712, bySimilarity, "similarity score"),
+        VK_FIELD(4713, byRange, "range, device code"),
+        VK_FIELD(4716, stuTime, "time of the match"),
+        VK_FIELD(4740, szAddress, "place of the match"),
+        VK_FIELD(5000, bIsHit, "the match counts"),
+        VK_FIELD(5004, stuSceneImage, "picture of the scene"),
+        VK_FIELD(5092, nChannelID, "channel number"),
+        VK_FIELD(5096, szSceneImagePath, "path of the scene's picture"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_EXTENSION_INFO> {
+    VK_RECORD(tagNET_EXTENSION_INFO, 52);
+    static constexpr Field list[] = {
+        VK_FIELD(0, szEventLongID, "long identifier of the event"),
+    };
+};
+
+template <>
+struct FieldsOf<tagNET_HUMANTRAIT_EXTENSION_INFO> {
+    VK_RECORD(tagNET_HUMANTRAIT_EXTENSION_INFO, 36);
+    static constexpr Field list[] = {
+        VK_FIELD(0, szAdditionalCode, "additional code of the event"),
+    };
+};
+
 // ---- device status
 // ---------------------------------------------------------------------------------------------------
 
@@ -959,6 +1124,10 @@ using AllLayouts = LayoutList<
     VK_MSG_OBJECT, tagVK_MSG_OBJECT_EX, tagVK_MSG_OBJECT_EX2, tagNET_FACE_ATTRIBUTE_EX, tagNONMOTOR_COLOR,
     tagNONMOTOR_IMAGE, tagNONMOTOR_SCENE_IMAGE, tagNONMOTOR_FACE_IMAGE, tagNONMOTOR_RIDER_INFO, tagVA_OBJECT_NONMOTOR,
     tagNET_BULLET_HOLES_INFO,
+    // face recognition
+    VK_PIC_INFO, VK_PIC_INFO_EX3, tagFACERECOGNITION_PERSON_INFO, tagCUSTOM_PERSON_INFO,
+    tagFACERECOGNITION_PERSON_INFOEX, tagCANDIDATE_INFO, tagCANDIDATE_INFOEX, tagNET_EXTENSION_INFO,
+    tagNET_HUMANTRAIT_EXTENSION_INFO,
     // device status
     tagNET_GPS_INFO, tagGPS_TIME, _NET_GPS_STATUS_INFO, tagDEV_SRC_INFO, tagNET_HDDSMART_INFO,
     // configuration

@@ -120,6 +120,30 @@ constexpr CatalogueEntry kCatalogue[] = {
     Reads<tagNET_BULLET_HOLES_INFO>("tagNET_BULLET_HOLES_INFO", "bullet hole of a target analysis",
                                     [](auto& node, auto& hole) { return ParseBulletHolesInfo(node, &hole) == 1; }),
 
+    // ---- faces
+    Reads<VK_PIC_INFO>("VK_PIC_INFO", "picture with a path of any length",
+                       [](auto& node, auto& info) { return ParseImageInfo(node, info), true; }),
+    Reads<VK_PIC_INFO_EX3>("VK_PIC_INFO_EX3", "picture with a path of bounded length",
+                           [](auto& node, auto& info) { return ParseImageInfo(node, info), true; }),
+    ReadsAndWrites<tagFACERECOGNITION_PERSON_INFO>(
+        "tagFACERECOGNITION_PERSON_INFO", "person of the face database, first generation",
+        [](auto& node, auto& info) { return ParsePersonInfo(node, info), true; },
+        [](auto& node, auto& info) { return PacketPersonInfo(node, info); }),
+    ReadsAndWrites<tagFACERECOGNITION_PERSON_INFOEX>(
+        "tagFACERECOGNITION_PERSON_INFOEX", "person of the face database, second generation",
+        [](auto& node, auto& info) { return ParsePersonInfo(node, info), true; },
+        [](auto& node, auto& info) { return PacketPersonInfo(node, info); }),
+    Reads<tagCANDIDATE_INFO>("tagCANDIDATE_INFO", "candidate of a recognition, first generation",
+                             [](auto& node, auto& info) { return ParseCandidate(node, info), true; }),
+    Reads<tagCANDIDATE_INFOEX>("tagCANDIDATE_INFOEX", "candidate of a recognition, second generation",
+                               [](auto& node, auto& info) { return ParseCandidate(node, info), true; }),
+    Reads<tagNET_EXTENSION_INFO>("tagNET_EXTENSION_INFO", "extension data of an event",
+                                 [](auto& node, auto& info) { return ParseExtensionInfo(node, info); }),
+    Reads<tagNET_HUMANTRAIT_EXTENSION_INFO>("tagNET_HUMANTRAIT_EXTENSION_INFO", "extension data of a human-trait event",
+                                            [](auto& node, auto& info) {
+                                                return ParseHumanTraitExtensionInfo(node, info);
+                                            }),
+
     // ---- device status
     Reads<tagNET_GPS_INFO>("tagNET_GPS_INFO", "position report",
                            [](auto& node, auto& info) {

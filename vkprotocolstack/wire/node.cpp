@@ -211,6 +211,12 @@ bool Node::stringTo(char* field, int size) const {
     return isText;
 }
 
+int Node::textSize(int limit) const {
+    std::string storage;
+    const std::size_t size = std::min(text(storage).size() + 1, static_cast<std::size_t>(limit));
+    return reported("text size, at most " + std::to_string(limit), static_cast<int>(size));
+}
+
 void Node::renderTo(char* field, int size) const {
     parseJsonNodeToStr(OrNull(value_), field, size);
     if (trail_ != nullptr) trail_->report(value_, "rendered, size " + std::to_string(size), size > 0 ? field : "");

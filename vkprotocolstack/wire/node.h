@@ -76,6 +76,8 @@ class Node {
     /// Through GetJsonString: at most size bytes, terminator included. What is no text empties the field.
     /// @return whether it is a text
     bool stringTo(char* field, int size) const;
+    /// Bytes that the text takes with a terminator, at most limit (0 or more): a size for stringTo.
+    int textSize(int limit) const;
     /// Through parseJsonNodeToStr: any value as text, at most size bytes, terminator included.
     void renderTo(char* field, int size) const;
     /// utf8To a buffer from new char[] of the text's length and a terminator. Null when that cannot be had.
