@@ -528,6 +528,12 @@ TEST(Node, MembersAreThoseOfAnObject) {
     }
 }
 
+TEST(Node, ANameOfNoBytesIsTheEmptyNameWhereverItPoints) {
+    const Json::Value value = Json(R"({"": 1, "a": 2})");
+    EXPECT_EQ(Node(value)[""].asInt(), 1);
+    EXPECT_EQ(Node(value)[std::string_view()].asInt(), 1);
+}
+
 TEST(Node, WhatIsNoObjectHasNoMembers) {
     for (const Json::Value& value : HostileValues()) {
         if (value.isObject()) continue;
