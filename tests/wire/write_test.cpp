@@ -119,6 +119,16 @@ TEST(Element, TheFirstOfNothingIsTheOnlyOne) {
     EXPECT_EQ(Text(node), "[null]");
 }
 
+TEST(Element, ElementsThatTheArrayLackedBeforeItsEndStayAsTheyAre) {
+    Json::Value sparse;
+    sparse[5] = 1;
+    Element(sparse, 8) = 2;
+    EXPECT_EQ(Text(sparse), "[null,null,null,null,null,1,null,null,2]");
+    EXPECT_EQ(Walked(sparse), 4U);
+    EXPECT_TRUE(Element(sparse, 3).isNull());
+    EXPECT_EQ(Walked(sparse), 5U);
+}
+
 TEST(Put, SetsAMemberAndKeepsTheOthers) {
     Json::Value node = Json(R"({"a": [1, 2], "b": 3})");
     Put(node, "a", "text");
