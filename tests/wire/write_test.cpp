@@ -69,7 +69,7 @@ TEST(Member, IsCreatedAsNullWhereMissingAndFoundWhereNot) {
         Json::Value node = Json(row.before);
         Json::Value& member = Member(node, "a");
         EXPECT_EQ(Text(node), row.after) << row.before;
-        EXPECT_EQ(&member, node.find("a", "a" + 1)) << row.before;
+        EXPECT_EQ(&member, &node["a"]) << row.before;
     }
 }
 
