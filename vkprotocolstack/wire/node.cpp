@@ -99,7 +99,8 @@ Node Node::at(std::size_t index) const {
 
 Node Node::operator[](std::string_view name) const {
     const bool isObject = TypeOf(value_) == Json::objectValue;
-    return {isObject ? value_->find(name.data(), name.data() + name.size()) : nullptr,
+    const char* const begin = name.empty() ? "" : name.data();  // jsoncpp takes a null pointer for an index
+    return {isObject ? value_->find(begin, begin + name.size()) : nullptr,
             trail_ == nullptr ? nullptr : trail_->member(name)};
 }
 

@@ -15,7 +15,8 @@ Json::Value& AsArray(Json::Value& node) {
 }
 
 Json::Value& Member(Json::Value& object, std::string_view name) {
-    return *AsObject(object).demand(name.data(), name.data() + name.size());
+    const char* const begin = name.empty() ? "" : name.data();  // jsoncpp takes a null pointer for an index
+    return *AsObject(object).demand(begin, begin + name.size());
 }
 
 Json::Value& Element(Json::Value& array, Json::ArrayIndex index) {

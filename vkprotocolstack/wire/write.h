@@ -18,7 +18,7 @@ Json::Value& AsArray(Json::Value& node);
 /// The member of that name, created as null when missing.
 Json::Value& Member(Json::Value& object, std::string_view name);
 
-/// The element at index, created as null when missing, like all before it.
+/// The element at index, created as null when missing, like those between the array's end and it.
 Json::Value& Element(Json::Value& array, Json::ArrayIndex index);
 
 /// Sets a member, replacing what it held.

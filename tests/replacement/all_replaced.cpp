@@ -1,0 +1,62 @@
+// The converters call a client's own support functions, all of them.
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+#include "own_functions.h"
+#include "vkprotocolstack/JsonParser.h"
+
+namespace {
+
+int failures = 0;
+
+void Expect(bool holds, const char* what) {
+    if (holds) return;
+    std::printf("FAILED: %s\n", what);
+    ++failures;
+}
+
+/// How often the own function of that name was called since the last question about it.
+std::ptrdiff_t Calls(const char* name) {
+    const std::ptrdiff_t calls = std::count(OwnCalls().begin(), OwnCalls().end(), name);
+    std::erase(OwnCalls(), name);
+    return calls;
+}
+
+}  // namespace
+
+int main() {
+    Json::Value vehicle;
+    for (const char* name : {"PlateNumber", "VehicleSign", "DefendCode", "DeviceAddress"}) vehicle[name] = "message";
+    jsonparser::Owned<tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO> car;
+    ParseStrtoTrafficCar(vehicle, car.get());
+    Expect(std::strcmp(car->szPlateNumber, "own") == 0, "Change_Utf8_Assic fills a field");
+    Expect(Calls("Change_Utf8_Assic") == 2, "Change_Utf8_Assic is called for field and address");
+    Expect(std::strcmp(car->szVehicleSign, "own") == 0 && Calls("GetJsonString") == 1, "GetJsonString");
+    Expect(std::strcmp(car->szDefendCode, "own") == 0 && Calls("parseJsonNodeToStr") == 1, "parseJsonNodeToStr");
+
+    Json::Value text;
+    char local[] = "local";
+    packetAssicToUtf8Jason(text, local, 5);
+    Expect(text == "own" && Calls("Change_Assic_UTF8") == 1, "Change_Assic_UTF8");
+
+    tagNET_NETAPP_WIRELESS wireless{};
+    Json::Value mobile;
+    PacketWirelessInfo(wireless, mobile);
+    Expect(mobile["UserName"] == "own" && Calls("SetJsonString") == 4, "SetJsonString");
+    Expect(Calls("SetBasicInfo") == 4 && Calls("SDKLogTraceOut") == 4, "the trace pair");
+
+    jsonparser::Owned<tagFACERECOGNITION_PERSON_INFOEX> person;
+    Json::Value packed;
+    PacketPersonInfo(packed, *person);
+    Expect(packed["UID"] == "own" && Calls("packetStrToJsonNode") > 0, "packetStrToJsonNode");
+
+    Json::Value status;
+    status["AlarmPoints"].append(7);
+    _NET_GPS_STATUS_INFO gps{};
+    ParseGPSStatusInfo(status, &gps);
+    Expect(gps.nAlarmTypes[0] == 1007 && Calls("TranslateAlarmType") == 1, "TranslateAlarmType");
+
+    std::printf("%d failed\n", failures);
+    return failures == 0 ? 0 : 1;
+}

@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+#include <json/value.h>
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "testing/json.h"
+#include "vkprotocolstack/wire/node.h"
+
+namespace {
+
+using jsonparser::Members;
+using jsonparser::NameList;
+using jsonparser::Node;
+using jsonparser::Resolve;
+using testing_tools::HostileValues;
+using testing_tools::Json;
+
+constexpr NameList kNames{"Lane", "b", "", "B", "bb", "路", "\x7F", "\xFF", "La", "Lanes"};
+
+/// Expects that every name of the list is found where jsoncpp finds it.
+void ExpectLikeFind(const Json::Value& value) {
+    std::array<const Json::Value*, 10> found{};
+    Resolve(&value, kNames.names.data(), kNames.sorted.data(), kNames.names.size(), found.data());
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        const std::string_view name = kNames.names[i];
+        const Json::Value* expected = value.isObject() ? value.find(name.data(), name.data() + name.size()) : nullptr;
+        EXPECT_EQ(found[i], expected) << name << " in " << testing_tools::Text(value);
+    }
+}
+
+TEST(Members, AreThoseOfTheObjectWhateverTheOrderOfTheList) {
+    const Json::Value value = Json(R"({"": 3, "B": 4, "La": 9, "Lane": 1, "Lanes": 10, "b": 2, "bb": 5, "路": 6})");
+    const Members<kNames> in{Node(value)};
+    EXPECT_EQ(in["Lane"].asInt(), 1);
+    EXPECT_EQ(in["b"].asInt(), 2);
+    EXPECT_EQ(in[""].asInt(), 3);
+    EXPECT_EQ(in["B"].asInt(), 4);
+    EXPECT_EQ(in["bb"].asInt(), 5);
+    EXPECT_EQ(in["路"].asInt(), 6);
+    EXPECT_EQ(in["La"].asInt(), 9);
+    EXPECT_EQ(in["Lanes"].asInt(), 10);
+    EXPECT_FALSE(in["\x7F"].isMember());
+    EXPECT_FALSE(in["\xFF"].isMember());
+    EXPECT_EQ(in["Lane"].asInt(), 1);
+}
+
+TEST(Members, TellNullFromMissing) {
+    const Json::Value value = Json(R"({"b": null})");
+    const Members<kNames> in{Node(value)};
+    EXPECT_TRUE(in["b"].isMember());
+    EXPECT_FALSE(in["b"]);
+    EXPECT_FALSE(in["B"].isMember());
+}
+
+TEST(Members, AreFoundAmongNamesBeforeBetweenBehindAndPrefixingThem) {
+    for (const char* json : {
+             R"({})",
+             R"({"": 1})",
+             R"({"b": 1})",
+             R"({"A": 1, "L": 2, "Lan": 3, "Lane": 4, "Lane ": 5, "Lanes": 6, "Laness": 7})",
+             R"({"B": 1, "BB": 2, "Ba": 3, "b": 4, "ba": 5, "bb": 6, "bbb": 7, "c": 8})",
+             R"({"\u0000": 1, "b\u0000": 2, "b": 3, "bb\u0000b": 4, "\u0000b": 5, "Lane\u0000": 6})",
+             R"({"\u0001": 1, "~": 2, "\u007F": 3, "\u0080": 4, "é": 5, "路": 6, "路路": 7, "😀": 8})",
+             R"({"0": 1, "zz": 2})",
+         }) {
+        ExpectLikeFind(Json(json));
+    }
+    Json::Value bytes;
+    for (int byte = 0; byte < 256; ++byte) bytes[std::string(1, static_cast<char>(byte))] = byte;
+    ExpectLikeFind(bytes);
+    bytes[""] = 0;
+    ExpectLikeFind(bytes);
+}
+
+TEST(Members, OfWhatIsNoObjectAreMissing) {
+    for (const Json::Value& value : HostileValues()) ExpectLikeFind(value);
+    std::array<const Json::Value*, 10> found{};
+    Resolve(nullptr, kNames.names.data(), kNames.sorted.data(), kNames.names.size(), found.data());
+    EXPECT_EQ(found, (std::array<const Json::Value*, 10>{}));
+    const Members<kNames> in{Node(nullptr, nullptr)};
+    EXPECT_FALSE(in["Lane"].isMember());
+    EXPECT_FALSE(in[""].isMember());
+}
+
+TEST(Members, ALaterEntryOfTheSameNameCounts) {
+    const Json::Value value = Json(R"({"b": 1, "b": 2})");
+    EXPECT_EQ(Members<kNames>(Node(value))["b"].asInt(), 2);
+}
+
+constexpr NameList kOne{"only"};
+
+TEST(Members, MayBeASingleOne) {
+    const Json::Value value = Json(R"({"o": 1, "only": 2, "onlys": 3})");
+    EXPECT_EQ(Members<kOne>(Node(value))["only"].asInt(), 2);
+}
+
+TEST(NameList, KeepsTheOrderAndSortsByBytes) {
+    static_assert(kNames.indexOf("Lane") == 0);
+    static_assert(kNames.indexOf("Lanes") == 9);
+    std::vector<std::string_view> sorted;
+    for (const std::size_t i : kNames.sorted) sorted.push_back(kNames.names[i]);
+    EXPECT_EQ(sorted, (std::vector<std::string_view>{"", "B", "La", "Lane", "Lanes", "b", "bb", "\x7F", "路", "\xFF"}));
+}
+
+TEST(Resolve, FindsInRandomObjectsWhatFindFinds) {
+    std::mt19937 random{20240105};  // NOLINT(cert-msc51-cpp): repeatable on purpose
+    const auto below = [&](unsigned limit) { return static_cast<unsigned>(random()) % limit; };
+    const auto name = [&] {
+        static constexpr char kBytes[] = {'a', 'b', '\0', '\x7F', '\x80', '\xFF'};
+        std::string bytes;
+        for (auto length = below(4); length > 0; --length) bytes += kBytes[below(6)];
+        return bytes;
+    };
+    std::size_t hits = 0;
+    for (int round = 0; round < 20000; ++round) {
+        Json::Value object(Json::objectValue);
+        for (auto count = below(30); count > 0; --count) object[name()] = round;
+        std::vector<std::string> wanted;
+        for (auto count = below(20); count > 0; --count) wanted.push_back(name());
+        std::sort(wanted.begin(), wanted.end());
+        wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
+        std::shuffle(wanted.begin(), wanted.end(), random);
+        const std::vector<std::string_view> names(wanted.begin(), wanted.end());
+        std::vector<std::size_t> sorted(names.size());
+        std::iota(sorted.begin(), sorted.end(), std::size_t{0});
+        std::sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) { return names[a] < names[b]; });
+        std::vector<const Json::Value*> found(names.size(), &object);
+        Resolve(&object, names.data(), sorted.data(), names.size(), found.data());
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            ASSERT_EQ(found[i], object.find(names[i].data(), names[i].data() + names[i].size()));
+            if (found[i] != nullptr) ++hits;
+        }
+    }
+    EXPECT_GT(hits, 10000U);
+}
+
+}  // namespace
