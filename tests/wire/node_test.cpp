@@ -32,6 +32,7 @@ void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
 namespace {
 
 using jsonparser::Keyword;
+using jsonparser::Keywords;
 using jsonparser::Node;
 using jsonparser::Signs;
 using testing_tools::Buffer;
@@ -835,7 +836,7 @@ TEST(Node, LooksKeywordsUpByTheTextOfAnyValue) {
         EXPECT_EQ(Node(row.value).firstExact(kWords, 99), row.firstExact) << row.value;
         EXPECT_EQ(Node(row.value).firstIgnoringCase(kWords, 99), row.firstIgnoringCase) << row.value;
         EXPECT_EQ(Node(row.value).lastIgnoringCase(kWords, 99), row.lastIgnoringCase) << row.value;
-        EXPECT_EQ(Node(row.value).firstExact({}, -5), -5) << row.value;
+        EXPECT_EQ(Node(row.value).firstExact(Keywords{}, -5), -5) << row.value;
         EXPECT_EQ(Node(row.value).firstIgnoringCase({}, -5), -5) << row.value;
         EXPECT_EQ(Node(row.value).lastIgnoringCase({}, -5), -5) << row.value;
     }
