@@ -34,3 +34,11 @@ assert tables["VehicleSize"]["rows"][2] == {"code": 4, "text": "Oversize"}' "$ou
     [ "$status" -eq 2 ]
     [ "$output" = 'jsonparser: found "NoSuchTable", expected the name of a vocabulary (see: jsonparser keywords)' ]
 }
+
+@test "every vocabulary has a name of its own and rows" {
+    "$JSONPARSER" keywords --json | python3 -c 'import json, sys
+tables = json.load(sys.stdin)
+assert len({t["name"].lower() for t in tables}) == len(tables) == 34, len(tables)
+assert all(t["rows"] and t["meaning"] for t in tables)
+assert sum(len(t["rows"]) for t in tables if t["name"] == "Resolution") == 120'
+}

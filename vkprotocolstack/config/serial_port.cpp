@@ -1,12 +1,18 @@
+#include <algorithm>
+#include <array>
 #include <string>
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/config/serial_port_keywords.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/record.h"
 #include "vkprotocolstack/wire/write.h"
 
 using jsonparser::AsArray;
 using jsonparser::Clear;
+using jsonparser::Keyword;
+using jsonparser::kParities;
+using jsonparser::kStopBits;
 using jsonparser::Node;
 using jsonparser::Put;
 
@@ -14,8 +20,16 @@ namespace {
 
 constexpr unsigned arrBaud[10] = {300, 600, 1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200};
 constexpr unsigned arrDataBit[4] = {5, 6, 7, 8};
-const std::string arrPatity[5] = {"None", "Odd", "Even", "Mark", "Space"};
-const std::string arrStopBit[3] = {"1", "1.5", "2"};
+
+template <std::size_t N>
+std::array<std::string, N> TextsOf(const Keyword (&table)[N]) {
+    std::array<std::string, N> texts;
+    std::transform(std::begin(table), std::end(table), texts.begin(), [](const Keyword& row) { return row.text; });
+    return texts;
+}
+
+const std::array<std::string, 5> arrPatity = TextsOf(kParities);
+const std::array<std::string, 3> arrStopBit = TextsOf(kStopBits);
 
 template <class Port>
 int Read(Node node, Port& port) {
