@@ -89,6 +89,14 @@ constexpr CatalogueEntry kCatalogue[] = {
         "tagCFG_TIME_SCHEDULE", "weekly schedule with masks, of the configuration layer",
         [](auto& node, auto& schedule) { return GetJsonTimeSchedule(node, schedule); },
         [](auto& node, auto& schedule) { return SetJsonTimeSchedule(node, schedule); }),
+    ReadsAndWrites<tagCFG_TIME_SECTION>(
+        "tagCFG_TIME_SECTION", "first segment of a time group, with a mask",
+        [](auto& node, auto& section) { return GetJsonTimeGroup(node, &section, 1); },
+        [](auto& node, auto& section) { return SetJsonTimeGroup(node, &section, 1); }),
+    ReadsAndWrites<tagNET_TIME_SECTION>(
+        "tagNET_TIME_SECTION", "first segment of a time group, of whose mask the low byte is written",
+        [](auto& node, auto& section) { return GetJsonTimeGroup(node, &section, 1); },
+        [](auto& node, auto& section) { return SetJsonTimeGroup(node, &section, 1); }),
 
     // ---- traffic
     Reads<tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO>(

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -57,18 +58,19 @@ std::optional<Real> RealOf(const Json::Value& value) {
     return static_cast<Real>(number);
 }
 
-class Reader {
+class RecordReader {
   public:
-    Reader(RecordBuffer& buffer, std::vector<std::string>& findings) : buffer_(buffer), findings_(findings) {}
+    RecordReader(RecordBuffer& buffer, std::vector<std::string>& findings) : buffer_(buffer), findings_(findings) {}
 
     void read(const Json::Value& form, const RecordLayout& layout, unsigned char* record, const std::string& path) {
         if (!form.isObject()) return find(path, form, fmt::format("an object with the fields of {}", layout.name));
         for (const std::string& name : form.getMemberNames()) {
+            const std::string place = fmt::format("{}/{}", path, name);
             const Field* field = fieldNamed(layout, name);
             if (field == nullptr) {
-                find(path + '/' + name, form[name], fmt::format("a field of {}", layout.name));
+                find(place, form[name], fmt::format("a field of {}", layout.name));
             } else {
-                readField(form[name], layout, record, *field, path + '/' + name);
+                readField(form[name], layout, record, *field, place);
             }
         }
     }
@@ -184,7 +186,7 @@ class Reader {
             return find(path, value,
                         fmt::format("a text of at most {} bytes, or {{\"hex\": its bytes}}", field.elementSize));
         }
-        std::memcpy(bytes, text->data(), text->size());
+        std::copy(text->begin(), text->end(), bytes);
     }
 
     void storePointer(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
@@ -206,7 +208,7 @@ class Reader {
 
 bool ReadRecord(const Json::Value& form, RecordBuffer& record, std::vector<std::string>& findings) {
     const std::size_t before = findings.size();
-    Reader(record, findings).read(form, record.layout(), record.bytes(), "");
+    RecordReader(record, findings).read(form, record.layout(), record.bytes(), "");
     return findings.size() == before;
 }
 
