@@ -6,6 +6,7 @@
 namespace {
 
 using testing_tools::Fields;
+using testing_tools::HostileValues;
 using testing_tools::Json;
 using testing_tools::Placed;
 
@@ -39,6 +40,19 @@ TEST(ParseCustomInfo, AWeighInfoThatIsNoObjectReadsAsZeros) {
     EXPECT_EQ(info->stuWeighInfo.dwRough, 0U);
     EXPECT_EQ(info->stuWeighInfo.dwTare, 0U);
     EXPECT_EQ(info->stuWeighInfo.dwNet, 0U);
+}
+
+TEST(ParseCustomInfo, TakesAnyJson) {
+    for (const Json::Value& value : HostileValues()) {
+        Placed<tagEVENT_JUNCTION_CUSTOM_INFO> info;
+        EXPECT_NO_THROW(ParseCustomInfo(value, *info));
+        Json::Value event;
+        event["WeighInfo"] = value;
+        EXPECT_NO_THROW(ParseCustomInfo(event, *info));
+        Json::Value weights;
+        weights["WeighInfo"]["Rough"] = value;
+        EXPECT_NO_THROW(ParseCustomInfo(weights, *info));
+    }
 }
 
 }  // namespace

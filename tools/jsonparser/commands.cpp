@@ -1,16 +1,17 @@
 #include "commands.h"
 
 #include <fmt/format.h>
+#include <json/writer.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdio>
 
 #include "catalogue.h"
 #include "input.h"
+#include "record_buffer.h"
 #include "record_form.h"
+#include "record_input.h"
 #include "utf8.h"
-#include "vkprotocolstack/JsonParser.h"
 
 namespace tool {
 namespace {
@@ -18,22 +19,6 @@ namespace {
 bool Print(const std::string& text) { return std::fwrite(text.data(), 1, text.size(), stdout) == text.size(); }
 
 void Complain(const std::string& line) { std::fprintf(stderr, "jsonparser: %s\n", line.c_str()); }
-
-/// Cleared memory for a record of any layout, whose heap texts it releases.
-class RecordBuffer {
-  public:
-    explicit RecordBuffer(const vkrecords::RecordLayout& layout)
-        : layout_(layout), words_((layout.size + sizeof(std::max_align_t) - 1) / sizeof(std::max_align_t)) {}
-    ~RecordBuffer() { jsonparser::ReleaseTexts(layout_, get()); }
-    RecordBuffer(const RecordBuffer&) = delete;
-    RecordBuffer& operator=(const RecordBuffer&) = delete;
-
-    void* get() { return words_.data(); }
-
-  private:
-    const vkrecords::RecordLayout& layout_;
-    std::vector<std::max_align_t> words_;
-};
 
 /// The entry of a record that the user named; complains when there is none.
 const CatalogueEntry* EntryOf(const std::string& record) {
@@ -48,8 +33,10 @@ const CatalogueEntry* EntryOf(const std::string& record) {
     return nullptr;
 }
 
-/// Reads one document and prints its record.
-int DecodeFile(const CatalogueEntry& entry, const std::string& file, const DecodeOptions& options) {
+/// Reads one document; complains when it cannot be read. The node at the place in it that the user named goes to use,
+/// which adds its findings.
+template <class Use>
+int WithDocument(const std::string& file, const std::string& at, Use use) {
     std::string text;
     std::string error;
     if (!ReadFile(file, text, error)) {
@@ -58,19 +45,51 @@ int DecodeFile(const CatalogueEntry& entry, const std::string& file, const Decod
     }
     std::vector<std::string> findings;
     Json::Value document;
-    Json::Value* node =
-        ParseDocument(file, text, document, findings) ? ValueAt(file, document, options.at, findings) : nullptr;
-    if (node != nullptr) {
-        RecordBuffer record(*entry.layout);
-        if (!entry.decode(*node, record.get())) {
-            findings.push_back(fmt::format("{}: {}: the converter reports that it did not read {}", file,
-                                           options.at.empty() ? "/" : options.at, entry.name));
-        }
-        Print(options.json ? RecordAsJson(*entry.layout, record.get()) : RecordAsText(*entry.layout, record.get()));
-        if (options.hex) Print(RecordAsHex(*entry.layout, record.get()));
-    }
+    Json::Value* node = ParseDocument(file, text, document, findings) ? ValueAt(file, document, at, findings) : nullptr;
+    if (node != nullptr) use(*node, findings);
     for (const std::string& finding : findings) Complain(finding);
     return findings.empty() ? kGood : kFindings;
+}
+
+/// Prints the record that one message holds.
+int DecodeFile(const CatalogueEntry& entry, const std::string& file, const DecodeOptions& options) {
+    return WithDocument(file, options.at, [&](Json::Value& node, std::vector<std::string>& findings) {
+        RecordBuffer record(*entry.layout);
+        record.lendBuffers();
+        if (!entry.decode(node, record.bytes())) {
+            findings.push_back(fmt::format("{}: {}: found {}, which the converter does not take for {}", FileName(file),
+                                           options.at.empty() ? "/" : options.at, Shown(node), entry.name));
+        }
+        Print(options.json ? RecordAsJson(*entry.layout, record.bytes()) : RecordAsText(*entry.layout, record.bytes()));
+        if (options.hex) Print(RecordAsHex(*entry.layout, record.bytes()));
+    });
+}
+
+/// Prints the message that one record, in the form in which decode prints it, becomes.
+int EncodeFile(const CatalogueEntry& entry, const std::string& file) {
+    return WithDocument(file, "", [&](const Json::Value& form, std::vector<std::string>& findings) {
+        RecordBuffer record(*entry.layout);
+        std::vector<std::string> inside;
+        if (!ReadRecord(form, record, inside)) {
+            for (const std::string& finding : inside)
+                findings.push_back(fmt::format("{}: {}", FileName(file), finding));
+            return;
+        }
+        Json::Value node;
+        if (!entry.encode(record.bytes(), node)) {
+            findings.push_back(
+                fmt::format("{}: /: found a {} that the converter does not write", FileName(file), entry.name));
+            return;
+        }
+        Json::StreamWriterBuilder builder;
+        builder["indentation"] = "  ";
+        builder["emitUTF8"] = true;
+        Print(Json::writeString(builder, node) + '\n');
+    });
+}
+
+std::vector<std::string> OrStandardInput(const std::vector<std::string>& files) {
+    return files.empty() ? std::vector<std::string>{"-"} : files;
 }
 
 /// What was printed must have arrived.
@@ -89,12 +108,24 @@ int Decode(const DecodeOptions& options) {
         Complain(fmt::format("{} is only written, there is nothing to decode", entry->name));
         return kUsage;
     }
-    const std::vector<std::string> files = options.files.empty() ? std::vector<std::string>{"-"} : options.files;
+    const std::vector<std::string> files = OrStandardInput(options.files);
     int code = kGood;
     for (const std::string& file : files) {
         if (files.size() > 1 && !options.json) Print(fmt::format("== {}\n", file));
         code = std::max(code, DecodeFile(*entry, file, options));
     }
+    return Flushed(code);
+}
+
+int Encode(const std::string& record, const std::vector<std::string>& files) {
+    const CatalogueEntry* entry = EntryOf(record);
+    if (entry == nullptr) return kUsage;
+    if (entry->encode == nullptr) {
+        Complain(fmt::format("{} is only read, there is nothing to encode", entry->name));
+        return kUsage;
+    }
+    int code = kGood;
+    for (const std::string& file : OrStandardInput(files)) code = std::max(code, EncodeFile(*entry, file));
     return Flushed(code);
 }
 

@@ -18,6 +18,7 @@ struct DecodeOptions {
 };
 
 int Decode(const DecodeOptions& options);
+int Encode(const std::string& record, const std::vector<std::string>& files);
 int ListRecords(bool json);
 int ListFields(const std::string& record, bool json);
 

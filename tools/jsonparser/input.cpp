@@ -12,6 +12,8 @@
 #include <memory>
 #include <sstream>
 
+#include "utf8.h"
+
 namespace tool {
 namespace {
 
@@ -21,8 +23,6 @@ struct CloseFile {
     }
 };
 
-std::string Name(const std::string& file) { return file == "-" ? "<stdin>" : file; }
-
 /// jsoncpp reports "* Line 3, Column 5", then the message indented, then perhaps where the thing began.
 void AddReaderErrors(const std::string& file, const std::string& errors, std::vector<std::string>& findings) {
     std::istringstream lines(errors);
@@ -31,7 +31,7 @@ void AddReaderErrors(const std::string& file, const std::string& errors, std::ve
         constexpr std::string_view kColumn = ", Column ";
         const std::size_t comma = line.find(kColumn);
         if (line.rfind(kLine, 0) == 0 && comma != line.npos) {
-            findings.push_back(fmt::format("{}:{}:{}:", Name(file), line.substr(kLine.size(), comma - kLine.size()),
+            findings.push_back(fmt::format("{}:{}:{}:", FileName(file), line.substr(kLine.size(), comma - kLine.size()),
                                            line.substr(comma + kColumn.size())));
         } else if (!findings.empty() && line.find_first_not_of(' ') != std::string::npos) {
             findings.back() += ' ' + line.substr(line.find_first_not_of(' '));
@@ -62,27 +62,22 @@ Json::Value* Child(Json::Value& value, const std::string& step) {
     return index < value.size() ? &value[static_cast<Json::ArrayIndex>(index)] : nullptr;
 }
 
-std::string_view Found(const Json::Value& value) {
-    switch (value.type()) {
-        case Json::nullValue:
-            return "null";
-        case Json::intValue:
-        case Json::uintValue:
-        case Json::realValue:
-            return "a number";
-        case Json::stringValue:
-            return "a text";
-        case Json::booleanValue:
-            return "a bool";
-        case Json::arrayValue:
-            return "an array without this element";
-        case Json::objectValue:
-            return "an object without this member";
-    }
-    return {};
-}
-
 }  // namespace
+
+std::string FileName(const std::string& file) { return file == "-" ? "<stdin>" : file; }
+
+std::string Shown(const Json::Value& value) {
+    switch (value.type()) {
+        case Json::arrayValue:
+            return fmt::format("an array of {}", value.size());
+        case Json::objectValue:
+            return "an object";
+        case Json::stringValue:
+            return QuotedText(value.asString());
+        default:
+            return value.isNull() ? "null" : value.asString();
+    }
+}
 
 bool ReadFile(const std::string& file, std::string& text, std::string& error) {
     const std::unique_ptr<std::FILE, CloseFile> stream(file == "-" ? stdin : std::fopen(file.c_str(), "rb"));
@@ -92,7 +87,7 @@ bool ReadFile(const std::string& file, std::string& text, std::string& error) {
         for (std::size_t n = 0; (n = std::fread(chunk, 1, sizeof chunk, stream.get())) > 0;) text.append(chunk, n);
         if (std::ferror(stream.get()) == 0) return true;
     }
-    error = fmt::format("{}: cannot be read: {}", Name(file), std::strerror(errno));
+    error = fmt::format("{}: cannot be read: {}", FileName(file), std::strerror(errno));
     return false;
 }
 
@@ -109,7 +104,7 @@ bool ParseDocument(const std::string& file, const std::string& text, Json::Value
         if (reader->parse(text.c_str(), text.c_str() + text.size(), &document, &errors)) return true;
         AddReaderErrors(file, errors, findings);
     } catch (const std::exception&) {
-        findings.push_back(fmt::format("{}: nested deeper than {} levels", Name(file), kMaximumDepth));
+        findings.push_back(fmt::format("{}: nested deeper than {} levels", FileName(file), kMaximumDepth));
     }
     return false;
 }
@@ -123,8 +118,8 @@ Json::Value* ValueAt(const std::string& file, Json::Value& document, std::string
         Json::Value* child =
             pointer[begin] == '/' ? Child(*value, Unescaped(pointer.substr(begin + 1, end - begin - 1))) : nullptr;
         if (child == nullptr) {
-            findings.push_back(fmt::format("{}: {}: found {} at \"{}\", expected a value at this place", Name(file),
-                                           pointer.substr(0, end), Found(*value), pointer.substr(0, begin)));
+            findings.push_back(fmt::format("{}: {}: found {} without it, expected a value", FileName(file),
+                                           pointer.substr(0, end), Shown(*value)));
             return nullptr;
         }
         value = child;

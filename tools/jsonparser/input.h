@@ -13,6 +13,12 @@ namespace tool {
 /// Nesting that a document may have.
 inline constexpr int kMaximumDepth = 64;
 
+/// How messages to the user name a file: "-" is <stdin>.
+std::string FileName(const std::string& file);
+
+/// What a value is, for messages to the user.
+std::string Shown(const Json::Value& value);
+
 /// Reads a whole file, "-" being standard input.
 /// @return false when it cannot be read; error then says why, beginning with the file's name
 bool ReadFile(const std::string& file, std::string& text, std::string& error);

@@ -23,6 +23,11 @@ int Run(int argc, char** argv) {
 
     bool json = false;
     std::string record;
+    std::vector<std::string> files;
+    CLI::App* encodeCommand =
+        app.add_subcommand("encode", "Write a record, as decode --json prints it, into a message");
+    encodeCommand->add_option("RECORD", record, "Name of the record, or a part of it")->required();
+    encodeCommand->add_option("FILE", files, "Records in JSON; - or none reads standard input");
     CLI::App* recordsCommand = app.add_subcommand("records", "List the records");
     recordsCommand->add_flag("--json", json, "Print the list as JSON");
     CLI::App* fieldsCommand = app.add_subcommand("fields", "Show a record's layout");
@@ -37,6 +42,7 @@ int Run(int argc, char** argv) {
         return tool::kUsage;
     }
     if (decodeCommand->parsed()) return tool::Decode(decode);
+    if (encodeCommand->parsed()) return tool::Encode(record, files);
     if (recordsCommand->parsed()) return tool::ListRecords(json);
     return tool::ListFields(record, json);
 }

@@ -1,0 +1,213 @@
+#include "record_input.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <optional>
+#include <string_view>
+
+#include "input.h"
+#include "vkprotocolstack/support/support.h"
+
+namespace tool {
+namespace {
+
+using vkrecords::Field;
+using vkrecords::FieldKind;
+using vkrecords::RecordLayout;
+
+/// The bytes that {"hex": "..."} stands for.
+std::optional<std::string> BytesOf(const Json::Value& value) {
+    if (!value.isObject() || value.size() != 1 || !value["hex"].isString()) return std::nullopt;
+    const std::string digits = value["hex"].asString();
+    if (digits.size() % 2 != 0 || digits.find_first_not_of("0123456789abcdefABCDEF") != std::string::npos) {
+        return std::nullopt;
+    }
+    std::string bytes;
+    for (std::size_t i = 0; i < digits.size(); i += 2) {
+        bytes += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
+    }
+    return bytes;
+}
+
+/// The local text that a value of the form stands for.
+std::optional<std::string> LocalText(const Json::Value& value) {
+    if (!value.isString()) return BytesOf(value);
+    std::string utf8 = value.asString();
+    if (utf8.find('\0') != std::string::npos) return std::nullopt;
+    std::vector<char> local(utf8.size() + 1);
+    Change_Utf8_Assic(reinterpret_cast<unsigned char*>(utf8.data()), local.data());
+    return std::string(local.data());
+}
+
+/// Written as an integer: jsoncpp counts 1.0 as one too.
+bool IsInteger(const Json::Value& value) { return value.type() == Json::intValue || value.type() == Json::uintValue; }
+
+template <class Real>
+std::optional<Real> RealOf(const Json::Value& value) {
+    using Limits = std::numeric_limits<Real>;
+    if (value == "NaN") return Limits::quiet_NaN();
+    if (value == "Infinity") return Limits::infinity();
+    if (value == "-Infinity") return -Limits::infinity();
+    if (!value.isNumeric()) return std::nullopt;
+    const double number = value.asDouble();
+    if (std::abs(number) > static_cast<double>(Limits::max())) return std::nullopt;
+    return static_cast<Real>(number);
+}
+
+class Reader {
+  public:
+    Reader(RecordBuffer& buffer, std::vector<std::string>& findings) : buffer_(buffer), findings_(findings) {}
+
+    void read(const Json::Value& form, const RecordLayout& layout, unsigned char* record, const std::string& path) {
+        if (!form.isObject()) return find(path, form, fmt::format("an object with the fields of {}", layout.name));
+        for (const std::string& name : form.getMemberNames()) {
+            const Field* field = fieldNamed(layout, name);
+            if (field == nullptr) {
+                find(path + '/' + name, form[name], fmt::format("a field of {}", layout.name));
+            } else {
+                readField(form[name], layout, record, *field, path + '/' + name);
+            }
+        }
+    }
+
+  private:
+    static const Field* fieldNamed(const RecordLayout& layout, const std::string& name) {
+        for (const Field& field : layout) {
+            if (field.kind != FieldKind::Reserved && name == field.name) return &field;
+        }
+        return nullptr;
+    }
+
+    void find(const std::string& path, const Json::Value& found, const std::string& expected) {
+        findings_.push_back(
+            fmt::format("{}: found {}, expected {}", path.empty() ? "/" : path, Shown(found), expected));
+    }
+
+    void readField(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
+                   const std::string& path) {
+        unsigned char* bytes = record + field.offset;
+        const auto element = [&](const Json::Value& one, unsigned char* at, const std::string& where) {
+            readElement(one, layout, record, field, at, where);
+        };
+        if (field.rank == 0) return element(value, bytes, path);
+        if (field.rank == 1) return readArray(value, field.extents[0], field.elementSize, bytes, path, element);
+        const auto row = [&](const Json::Value& one, unsigned char* at, const std::string& where) {
+            readArray(one, field.extents[1], field.elementSize, at, where, element);
+        };
+        readArray(value, field.extents[0], field.elementSize * field.extents[1], bytes, path, row);
+    }
+
+    template <class Element>
+    void readArray(const Json::Value& value, std::size_t extent, std::size_t step, unsigned char* bytes,
+                   const std::string& path, Element element) {
+        if (!value.isArray() || value.size() > extent)
+            return find(path, value, fmt::format("an array of at most {}", extent));
+        for (Json::ArrayIndex i = 0; i < value.size(); ++i) {
+            element(value[i], bytes + i * step, fmt::format("{}/{}", path, i));
+        }
+    }
+
+    void readElement(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
+                     unsigned char* bytes, const std::string& path) {
+        switch (field.kind) {
+            case FieldKind::Bool:
+                if (!value.isBool()) return find(path, value, "true or false");
+                *bytes = value.asBool() ? 1 : 0;
+                return;
+            case FieldKind::Int16:
+                return storeInteger<short>(value, bytes, path);
+            case FieldKind::Int32:
+                return storeInteger<int>(value, bytes, path);
+            case FieldKind::Int64:
+                return storeInteger<long long>(value, bytes, path);
+            case FieldKind::UInt8:
+                return storeInteger<unsigned char>(value, bytes, path);
+            case FieldKind::UInt16:
+                return storeInteger<unsigned short>(value, bytes, path);
+            case FieldKind::UInt32:
+                return storeInteger<unsigned>(value, bytes, path);
+            case FieldKind::Bits:
+                return storeBits(value, field, bytes, path);
+            case FieldKind::Float:
+                return storeReal<float>(value, bytes, path);
+            case FieldKind::Double:
+                return storeReal<double>(value, bytes, path);
+            case FieldKind::Text:
+                return storeText(value, field, bytes, path);
+            case FieldKind::HeapText:
+            case FieldKind::CallerText:
+                return storePointer(value, layout, record, field, bytes, path);
+            case FieldKind::Record:
+                return read(value, *field.record, bytes, path);
+            case FieldKind::Reserved:
+                return;
+        }
+    }
+
+    template <class T>
+    static void store(T value, unsigned char* bytes) {
+        std::memcpy(bytes, &value, sizeof value);
+    }
+
+    template <class Integer>
+    void storeInteger(const Json::Value& value, unsigned char* bytes, const std::string& path) {
+        using Limits = std::numeric_limits<Integer>;
+        const bool inside = IsInteger(value) && value.isInt64() && value.asInt64() >= Limits::min() &&
+                            value.asInt64() <= static_cast<Json::Int64>(Limits::max());
+        if (!inside) return find(path, value, fmt::format("an integer from {} to {}", Limits::min(), Limits::max()));
+        store(static_cast<Integer>(value.asInt64()), bytes);
+    }
+
+    void storeBits(const Json::Value& value, const Field& field, unsigned char* bytes, const std::string& path) {
+        const unsigned maximum = (1U << field.width) - 1U;
+        if (!IsInteger(value) || !value.isUInt() || value.asUInt() > maximum) {
+            return find(path, value, fmt::format("an integer from 0 to {}", maximum));
+        }
+        unsigned word = 0;
+        std::memcpy(&word, bytes, sizeof word);
+        store((word & ~(maximum << field.bit)) | (value.asUInt() << field.bit), bytes);
+    }
+
+    template <class Real>
+    void storeReal(const Json::Value& value, unsigned char* bytes, const std::string& path) {
+        const std::optional<Real> number = RealOf<Real>(value);
+        if (!number) return find(path, value, R"(a number in range, "NaN", "Infinity" or "-Infinity")");
+        store(*number, bytes);
+    }
+
+    void storeText(const Json::Value& value, const Field& field, unsigned char* bytes, const std::string& path) {
+        const std::optional<std::string> text = LocalText(value);
+        if (!text || text->size() > field.elementSize) {
+            return find(path, value,
+                        fmt::format("a text of at most {} bytes, or {{\"hex\": its bytes}}", field.elementSize));
+        }
+        std::memcpy(bytes, text->data(), text->size());
+    }
+
+    void storePointer(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
+                      unsigned char* bytes, const std::string& path) {
+        if (value.isNull()) return;
+        const std::optional<std::string> text = LocalText(value);
+        if (!text) return find(path, value, "a text, {\"hex\": its bytes} or null");
+        if (field.kind == FieldKind::CallerText) return buffer_.lendText(layout, record, field, *text);
+        char* owned = new char[text->size() + 1];
+        std::memcpy(owned, text->c_str(), text->size() + 1);
+        store(owned, bytes);
+    }
+
+    RecordBuffer& buffer_;
+    std::vector<std::string>& findings_;
+};
+
+}  // namespace
+
+bool ReadRecord(const Json::Value& form, RecordBuffer& record, std::vector<std::string>& findings) {
+    const std::size_t before = findings.size();
+    Reader(record, findings).read(form, record.layout(), record.bytes(), "");
+    return findings.size() == before;
+}
+
+}  // namespace tool
