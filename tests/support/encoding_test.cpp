@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <json/value.h>
+#include <locale.h>
 
 #include <clocale>
 #include <cstdio>
@@ -376,14 +377,17 @@ TEST(LocalEncoding, OfManyThreadsIsEachOnesOwn) {
         {"de_DE.ISO-8859-1",  "é",            "\xE9"                            },
         {"zh_HK.BIG5-HKSCS",  "Ê路",         "\x88\x66\xB8\xF4"                },
     };
+    std::vector<locale_t> locales;
+    for (const auto& row : rows) locales.push_back(newlocale(LC_ALL_MASK, row.locale, nullptr));
     std::vector<std::thread> threads;
     std::vector<int> wrong(8);
     for (std::size_t thread = 0; thread < wrong.size(); ++thread) {
-        threads.emplace_back([&rows, &count = wrong[thread], thread] {
-            for (std::size_t round = 0; round < 60; ++round) {
-                const auto& row = rows[(thread + round) % std::size(rows)];
-                const ThreadLocale locale(row.locale);
-                for (int i = 0; i < 40; ++i) {
+        threads.emplace_back([&rows, &locales, &count = wrong[thread], thread] {
+            for (std::size_t round = 0; round < 500; ++round) {
+                const std::size_t which = (thread + round) % locales.size();
+                const auto& row = rows[which];
+                uselocale(locales[which]);
+                for (int i = 0; i < 4; ++i) {
                     if (Local(row.utf8) != row.local || Field(row.utf8, 64) != row.local) ++count;
                     if (Rendered(row.utf8, 64) != row.local) ++count;
                     if (Utf8(row.local, 64) != row.utf8 || Node(row.local.c_str()) != row.utf8) ++count;
@@ -392,6 +396,7 @@ TEST(LocalEncoding, OfManyThreadsIsEachOnesOwn) {
         });
     }
     for (std::thread& thread : threads) thread.join();
+    for (const locale_t locale : locales) freelocale(locale);
     EXPECT_EQ(wrong, std::vector<int>(8));
 }
 

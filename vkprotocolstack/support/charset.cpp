@@ -6,17 +6,26 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <new>
 
 namespace jsonparser::support {
+
+struct LocalForm {
+    char32_t code;  ///< U+0000 while this is none
+    char bytes[4];
+    unsigned char length;  ///< 0: the character has no local form
+};
 
 struct Conversion {
     char codeset[64];  ///< "" while nothing is open
     iconv_t toLocal;
     iconv_t toUtf8;
     bool asciiIsSame;
+    LocalForm forms[509];  ///< of characters that came before: the texts of a place repeat theirs
 };
 
 namespace {
@@ -82,21 +91,25 @@ std::size_t ConvertWhole(iconv_t converter, std::string_view text, char* to, std
     return 0;
 }
 
-/// Writes the local form of one character, unless that is longer or stands for another character: iconv has the nearest
-/// one for some.
-/// @return its length, 0 when there is none
-std::size_t LocalForm(const Conversion& conversion, std::string_view character, char32_t code, char* form) {
+/// The local form of one character, unless that is longer or stands for another character: iconv has the nearest one
+/// for some.
+LocalForm FindForm(const Conversion& conversion, std::string_view character, char32_t code) {
+    LocalForm form{code, {}, 0};
     const bool isTag = (code & ~char32_t{0x7F}) == 0xE0000;  // most of iconv's encodings lose these without a word
-    if (code > 0x10FFFF || isTag) return 0;
-    if (code < 0x80 && conversion.asciiIsSame) {
-        *form = character[0];
-        return 1;
-    }
-    const std::size_t length = ConvertWhole(conversion.toLocal, character, form, character.size());
-    if (length == 0) return 0;
+    if (code > 0x10FFFF || isTag) return form;
+    const std::size_t length = ConvertWhole(conversion.toLocal, character, form.bytes, character.size());
+    if (length == 0) return form;
     char back[4];
-    const std::size_t backLength = ConvertWhole(conversion.toUtf8, {form, length}, back, sizeof back);
-    return std::string_view(back, backLength) == character ? length : 0;
+    const std::size_t backLength = ConvertWhole(conversion.toUtf8, {form.bytes, length}, back, sizeof back);
+    if (std::string_view(back, backLength) == character) form.length = static_cast<unsigned char>(length);
+    return form;
+}
+
+std::string_view FormOf(Conversion& conversion, std::string_view character, char32_t code) {
+    if (code < 0x80 && conversion.asciiIsSame) return character;
+    LocalForm& form = conversion.forms[code % std::size(conversion.forms)];
+    if (form.code != code) form = FindForm(conversion, character, code);
+    return {form.bytes, form.length};
 }
 
 thread_local Conversion theConversion;
@@ -126,24 +139,27 @@ bool AsciiIsSame() {
     return true;
 }
 
+bool IsOpen(iconv_t converter) { return reinterpret_cast<std::intptr_t>(converter) != -1; }
+
 /// Opens both ways, or neither.
 void Open(const char* codeset) {
-    if (std::strlen(codeset) >= sizeof theConversion.codeset) return;
-    const auto kNone = reinterpret_cast<iconv_t>(-1);
+    const std::size_t size = std::strlen(codeset) + 1;
+    if (size > sizeof theConversion.codeset) return;
     theConversion.toLocal = iconv_open(codeset, "UTF-8");
-    if (theConversion.toLocal == kNone) return;
+    if (!IsOpen(theConversion.toLocal)) return;
     theConversion.toUtf8 = iconv_open("UTF-8", codeset);
-    if (theConversion.toUtf8 == kNone) {
+    if (!IsOpen(theConversion.toUtf8)) {
         iconv_close(theConversion.toLocal);
         return;
     }
-    std::strcpy(theConversion.codeset, codeset);
+    std::memcpy(theConversion.codeset, codeset, size);
     theConversion.asciiIsSame = AsciiIsSame();
+    std::fill(std::begin(theConversion.forms), std::end(theConversion.forms), LocalForm{});
 }
 
 /// The conversion for the calling thread's locale as it is now, null where bytes are copied. Good until the next call
 /// on this thread.
-const Conversion* LocalConversion() {
+Conversion* LocalConversion() {
     const char* codeset = nl_langinfo(CODESET);
     if (std::strcmp(codeset, "UTF-8") == 0 || std::strcmp(codeset, "ANSI_X3.4-1968") == 0) return nullptr;
     if (std::strcmp(codeset, theConversion.codeset) != 0) {
@@ -224,11 +240,10 @@ void LocalText::convertPending() {
         const std::string_view pending(pending_, pendingLength_);
         const Character first = FirstCharacter(pending);
         if (first.length == 0) return;
-        char form[sizeof pending_];
-        std::size_t length = LocalForm(*conversion_, pending.substr(0, first.length), first.code, form);
-        if (length == 0) length = LocalForm(*conversion_, "?", U'?', form);
-        if (length > limit_ - length_) full_ = true;
-        if (!full_) copy({form, length});
+        std::string_view form = FormOf(*conversion_, pending.substr(0, first.length), first.code);
+        if (form.empty()) form = FormOf(*conversion_, "?", U'?');
+        if (form.size() > limit_ - length_) full_ = true;
+        if (!full_) copy(form);
         pendingLength_ -= first.length;
         std::copy_n(pending_ + first.length, pendingLength_, pending_);
     }

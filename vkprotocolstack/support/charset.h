@@ -45,7 +45,7 @@ class LocalText {
     void copy(std::string_view text);
     void convertPending();
 
-    const Conversion* conversion_;  // null: bytes are copied
+    Conversion* conversion_;  // null: bytes are copied
     char* buffer_;
     std::size_t limit_;
     std::size_t size_;
