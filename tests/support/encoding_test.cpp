@@ -236,6 +236,8 @@ TEST(LocalEncoding, ALetterWaitsForItsAccent) {
     EXPECT_EQ(Utf8("\xEA\x8A\xEC", 64), "ê?\u0301");  // 8A is no character
     EXPECT_EQ(Utf8("\xEA\xEA\xEC", 3), "ê");
     EXPECT_EQ(Utf8("\xEA\x8A", 3), "ê");
+    EXPECT_EQ(Utf8("\xEA", 2), "");
+    EXPECT_EQ(Utf8("\xE0", 8), "à");  // what did not fit does not come later
 }
 
 TEST(LocalEncoding, ConversionComesFirstThenTheCut) {
