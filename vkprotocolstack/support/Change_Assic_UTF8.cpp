@@ -3,11 +3,11 @@
 #include "vkprotocolstack/support/charset.h"
 #include "vkprotocolstack/support/support.h"
 
-using jsonparser::support::CopyCut;
+using jsonparser::support::ToUtf8;
 using jsonparser::support::UpToNul;
 
 void Change_Assic_UTF8(const char* source, int sourceLength, char* destination, int destinationSize) {
     if (destinationSize <= 0) return;
     const std::size_t length = sourceLength > 0 ? static_cast<std::size_t>(sourceLength) : 0;
-    CopyCut(UpToNul({source, length}), destination, static_cast<std::size_t>(destinationSize));
+    ToUtf8(UpToNul({source, length}), destination, static_cast<std::size_t>(destinationSize));
 }

@@ -1,7 +1,9 @@
-#include <cstring>
+#include <string_view>
 
+#include "vkprotocolstack/support/charset.h"
 #include "vkprotocolstack/support/support.h"
 
 void Change_Utf8_Assic(unsigned char* source, char* destination) {
-    std::memcpy(destination, source, std::strlen(reinterpret_cast<const char*>(source)) + 1);
+    const std::string_view text = reinterpret_cast<const char*>(source);
+    jsonparser::support::ToLocal(text, destination, text.size() + 1);
 }

@@ -1,7 +1,9 @@
 #include <json/value.h>
 
+#include "vkprotocolstack/support/charset.h"
 #include "vkprotocolstack/support/support.h"
 
-void SetJsonString(Json::Value& value, const char* text, bool /*convert*/) {
-    value = Json::Value(text == nullptr ? "" : text);
+void SetJsonString(Json::Value& value, const char* text, bool convert) {
+    if (text == nullptr) text = "";
+    value = convert ? jsonparser::support::Utf8Node(text) : Json::Value(text);
 }

@@ -9,29 +9,8 @@
 
 namespace {
 
+using jsonparser::support::LocalText;
 using jsonparser::support::UpToNul;
-using jsonparser::support::WholeCharacters;
-
-/// A buffer that takes what fits and knows when it is full.
-class BoundedText {
-  public:
-    BoundedText(char* buffer, std::size_t size) : buffer_(buffer), size_(size) {}
-
-    bool full() const { return length_ == size_; }
-    void put(char byte) {
-        if (!full()) buffer_[length_++] = byte;
-    }
-    void put(std::string_view text) {
-        for (std::size_t i = 0; i < text.size() && !full(); ++i) put(text[i]);
-    }
-    /// Ends the text. A full buffer gives up its last byte, and what that leaves of a character.
-    void terminate() { buffer_[WholeCharacters({buffer_, length_}, size_ - 1)] = '\0'; }
-
-  private:
-    char* buffer_;
-    std::size_t size_;
-    std::size_t length_ = 0;
-};
 
 std::string_view TextOf(const Json::Value& node) {
     const char* begin = nullptr;
@@ -40,7 +19,7 @@ std::string_view TextOf(const Json::Value& node) {
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-void PutQuoted(BoundedText& out, std::string_view text) {
+void PutQuoted(LocalText& out, std::string_view text) {
     out.put('"');
     for (const char byte : text) {
         switch (byte) {
@@ -88,7 +67,7 @@ struct Level {
 };
 
 /// Writes a scalar whole; of a container its opening bracket, and the level to go on with.
-void Open(BoundedText& out, const Json::Value& node, std::vector<Level>& levels) {
+void Open(LocalText& out, const Json::Value& node, std::vector<Level>& levels) {
     if (node.isString()) {
         PutQuoted(out, TextOf(node));
     } else if (node.isArray() || node.isObject()) {
@@ -100,7 +79,7 @@ void Open(BoundedText& out, const Json::Value& node, std::vector<Level>& levels)
 }
 
 /// Compact JSON. It keeps its own stack of levels, so the depth of a message cannot exhaust the thread's.
-void PutJson(BoundedText& out, const Json::Value& root) {
+void PutJson(LocalText& out, const Json::Value& root) {
     std::vector<Level> levels;
     Open(out, root, levels);
     while (!levels.empty() && !out.full()) {
@@ -130,7 +109,7 @@ void PutJson(BoundedText& out, const Json::Value& root) {
 
 void parseJsonNodeToStr(const Json::Value& node, char* buffer, int size) {
     if (size <= 0) return;
-    BoundedText out(buffer, static_cast<std::size_t>(size));
+    LocalText out(buffer, static_cast<std::size_t>(size));
     if (node.isString()) {
         out.put(UpToNul(TextOf(node)));
     } else if (!node.isNull()) {

@@ -1,0 +1,45 @@
+bats_require_minimum_version 1.5.0
+
+# Records in the local encoding, in and out as UTF-8.
+
+CAR=tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
+
+decode_car() { "$JSONPARSER" decode $CAR "$@" --at /params/Events/0/TrafficCar "$MESSAGES/traffic_event.json"; }
+
+@test "decode under GBK holds GBK and prints UTF-8" {
+    export LC_ALL=zh_CN.GBK
+    run decode_car
+    [ "$status" -eq 0 ]
+    [ "${lines[1]}" = '  szPlateNumber             "京A·D12345"' ]
+    [[ "$output" == *'szDrivingDirection        ["Approach", "南京路", "人民广场"]'* ]]
+    [[ "$output" == *'pszDeviceAddress          "中山路与解放路交叉口"'* ]]
+    run decode_car --hex
+    [[ "$output" == *"     0  be a9 41 a1 a4 44 31 32 33 34 35 00 "*"szPlateNumber"* ]]
+}
+
+@test "decode under ISO-8859-1 has question marks for what it cannot hold" {
+    export LC_ALL=de_DE.ISO-8859-1
+    run decode_car
+    [ "$status" -eq 0 ]
+    [ "${lines[1]}" = '  szPlateNumber             "?A·D12345"' ]
+    run bash -c 'echo "{\"PlateNumber\": \"MÜ 5 €\"}" | "$JSONPARSER" decode trafficcar --hex'
+    [ "${lines[1]}" = '  szPlateNumber             "MÜ 5 ?"' ]
+    [[ "$output" == *"     0  4d dc 20 35 20 3f 00 "* ]]
+}
+
+@test "decode --json prints the same under GBK as under UTF-8" {
+    LC_ALL=zh_CN.GBK decode_car --json >"$BATS_TEST_TMPDIR/gbk.json"
+    LC_ALL=C.UTF-8 decode_car --json >"$BATS_TEST_TMPDIR/utf8.json"
+    diff "$BATS_TEST_TMPDIR/gbk.json" "$BATS_TEST_TMPDIR/utf8.json"
+}
+
+@test "numbers do not follow the locale" {
+    export LC_ALL=de_DE.UTF-8
+    run decode_car
+    [[ "$output" == *'fVehicleLength            4.62'* ]]
+    [[ "$output" == *'fActualShutter            2.5'* ]]
+    run bash -c 'echo "{\"fMax\": 2.5, \"fMin\": -0.5}" | "$JSONPARSER" encode tagRANGE/float'
+    [ "$status" -eq 0 ]
+    [[ "$output" == *'"Max" : 2.5'* ]]
+    [[ "$output" == *'"Min" : -0.5'* ]]
+}
