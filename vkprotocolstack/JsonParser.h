@@ -578,8 +578,8 @@ VK_API int PacketCommAttr(const tagCFG_COMM_PROP& port, Json::Value& value);
 /// Keywords are compared exactly, and one that is missing or in no table reads as 0; but emAPN is -1 without "APN",
 /// and szAPN then left as the caller set it. Other missing members read as 0 or the empty text; so em3GFluxTactic is 1
 /// without "3GFluxTactic". Texts are cut to 32 or 64 bytes, terminator included.
-/// "TimeSection": segments that are missing, or do not convert as by TimeSection::parse, are not an error; 7 rows of 6
-/// are read, further ones ignored.
+/// "TimeSection": 7 rows of 6 segments are read by TimeSection::parse, further ones ignored. Missing segments are left
+/// as the caller set them; one that does not convert is no error.
 VK_API void ParseWirelessInfo(const Json::Value& value, tagNET_NETAPP_WIRELESS& info);
 
 /// Writes the mobile-data configuration, all but nIndex; further members stay. An enumeration that says unknown (-1 in
@@ -590,7 +590,7 @@ VK_API void ParseWirelessInfo(const Json::Value& value, tagNET_NETAPP_WIRELESS& 
 VK_API int PacketWirelessInfo(const tagNET_NETAPP_WIRELESS& info, Json::Value& value);
 
 /// Reads "Caller" of an intercom invitation: emCallerType is 1 for "Platform", ignoring case, and 0 for any other
-/// caller and for none.
+/// caller and for none. info must not be null.
 VK_API void ParseTalkingCallerType(const Json::Value& invitation, tagALARM_TALKING_INVITE_INFO* info);
 
 /// Reads the answer to a mission from the node itself: "Yes" or "No", ignoring case; anything else is unknown.

@@ -107,6 +107,19 @@ TEST(Coordinates, NearHundredAndTwentyDegreesTheSinglePrecisionStepIs8) {
               static_cast<unsigned>(TransLongitudetoDouble(Json("[121, 28, 25.37]"))));
 }
 
+/// Each of these comes out otherwise when a division becomes a multiplication, steps are reordered or fused, or a sum
+/// is kept in double precision.
+TEST(Coordinates, OfSinglePrecisionHaveTheseValues) {
+    EXPECT_EQ(TransLongitudetoUInt(Json("[9, 58, 24.8]")), 9973556U);
+    EXPECT_EQ(TransLongitudetoUInt(Json("[13, 58, 36.73]")), 13976869U);
+    EXPECT_EQ(TransLongitudetoUInt(Json("[31, 34, 53.26]")), 31581462U);
+    EXPECT_EQ(TransLongitudetoUInt(Json("[70, 58, 53.38]")), 70981496U);
+    EXPECT_EQ(TransLongitudetoUInt(Json("[7, 46, 9.04]")), 7769177U);
+    EXPECT_EQ(TransLongitudetoUInt(Json("[2, 38, 42.91]")), 2645252U);
+    EXPECT_EQ(TransLongitudetoUInt(Json("[75, 8, 15.5]")), 75137632U);
+    EXPECT_EQ(TransLongitudetoUInt(Json("[82, 25, 57.99]")), 82432768U);
+}
+
 TEST(Coordinates, OfSinglePrecisionAreExactToTheBit) {
     std::mt19937 random(20240105);
     std::uniform_int_distribution<unsigned> degrees(0, 180);
