@@ -1,5 +1,6 @@
 #include <json/value.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string_view>
 #include <vector>
@@ -24,8 +25,12 @@ class BoundedText {
     void put(std::string_view text) {
         for (std::size_t i = 0; i < text.size() && !full(); ++i) put(text[i]);
     }
-    /// Ends the text. A full buffer gives up its last byte, and what that leaves of a character.
-    void terminate() { buffer_[WholeCharacters({buffer_, length_}, size_ - 1)] = '\0'; }
+    /// Ends the text. A full buffer gives up its last byte, and what that leaves of a character; these bytes become
+    /// zero, so that a cleared record stays clear behind its texts.
+    void terminate() {
+        const std::size_t whole = WholeCharacters({buffer_, length_}, size_ - 1);
+        std::fill(buffer_ + whole, buffer_ + std::max(length_, whole + 1), '\0');
+    }
 
   private:
     char* buffer_;
