@@ -6,7 +6,8 @@
 //   throws when memory runs out may pass.)
 // - A member is present when it is neither missing nor null. Reading a missing member gives null.
 // - Numbers: null, texts, arrays and objects read as 0; integers keep their low bits; reals are cut toward zero, beyond
-//   the field's range to its nearest limit, NaN to 0.
+//   the range to its nearest limit, NaN to 0. For fields narrower than 32 bits that range is one of 32 bits, of which
+//   they keep the low bits: 300.5 gives a byte of 44.
 // - Text in messages is UTF-8, text in records is in the local encoding of the process's locale.
 // - Writers replace a node that is neither null nor of the container type they write; a container keeps the members and
 //   elements that are not written.
@@ -105,8 +106,7 @@ class VK_API Json_dimension {
     /// The same, with the shift count taken modulo 32. It needs no stack that grows with the depth of value.
     long long do_recursion(const Json::Value& value) const;
 
-  private:
-    int nShift;
+    int nShift;  ///< as given
 };
 
 // ======================================================================================================================
@@ -313,7 +313,7 @@ VK_API int ParseStrtoTrafficCar(Json::Value& node, tagDEV_EVENT_TRAFFIC_TRAFFICC
 VK_API bool ParseCustomInfo(const Json::Value& event, tagEVENT_JUNCTION_CUSTOM_INFO& info);
 
 /// Reads "Category" of a vehicle event's vehicle, cut to 64 bytes, terminator included. Without it the record is left
-/// as the caller set it.
+/// as the caller set it. info must not be null.
 /// @return true without "Category", else whether it is a text
 VK_API bool ParseStrtoVehicle(const Json::Value& vehicle, tagEVENT_VEHICLE_INFO* info);
 

@@ -112,6 +112,10 @@ TEST(JsonDimension, TheShiftCountsModulo32) {
     EXPECT_EQ(Json_dimension(INT_MAX)(Json("[[1], 2]")), 1);
 }
 
+TEST(JsonDimension, KeepsItsShift) {
+    for (const int shift : {0, 31, 32, -1, INT_MIN}) EXPECT_EQ(Json_dimension(shift).nShift, shift);
+}
+
 TEST(JsonDimension, DoRecursionTakesANegativeShiftModulo32Too) {
     EXPECT_EQ(Sampled(-1, 8), (std::set<int>{0, 1, 2, 3, 4, 5, 6, 7}));
     EXPECT_EQ(Sampled(-28, 8), (std::set<int>{0, 1, 2, 3, 4, 5, 6, 7}));

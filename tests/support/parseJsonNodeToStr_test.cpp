@@ -96,6 +96,19 @@ TEST(parseJsonNodeToStr, CutsCharactersOfEveryLengthBetweenThem) {
     }
 }
 
+TEST(parseJsonNodeToStr, LeavesNothingOfACharacterThatDoesNotFit) {
+    for (const char* text : {"aé路😀z", "éééé", "路路路", "😀😀😀"}) {
+        const std::string whole = text;
+        for (std::size_t size = 1; size <= whole.size(); ++size) {
+            Buffer buffer(size);
+            parseJsonNodeToStr(text, buffer.get(), static_cast<int>(size));
+            std::string expected = WholePrefix(whole, size - 1);
+            expected.resize(size, '\0');
+            ASSERT_EQ(buffer.all(), expected) << text << " in " << size;
+        }
+    }
+}
+
 TEST(parseJsonNodeToStr, ASizeOfZeroOrLessWritesNothing) {
     for (const int size : {0, -1, INT_MIN}) {
         for (const Json::Value& node : HostileValues()) {

@@ -628,10 +628,15 @@ TEST(ParseStrtoTrafficCar, BoundedTextsAreCutAtWholeCharactersWithinTheirField) 
                       std::string(std::min(length, limit), 'x'))
                 << field.name;
         }
-        Json::Value node = With(field.name, std::string(limit - 1, 'x') + "路");
-        Car car;
-        car.read(node);
-        EXPECT_EQ(std::string(reinterpret_cast<char*>(car.bytes()) + field.offset), std::string(limit - 1, 'x'));
+        for (const std::size_t kept : {limit - 1, limit - 2}) {  // and the rest of the cleared field stays zero
+            Json::Value node = With(field.name, std::string(kept, 'x') + "路");
+            Car car;
+            car.read(node);
+            std::string expected(kept, 'x');
+            expected.resize(field.capacity, '\0');
+            EXPECT_EQ(std::string(reinterpret_cast<char*>(car.bytes()) + field.offset, field.capacity), expected)
+                << field.name;
+        }
     }
 }
 
