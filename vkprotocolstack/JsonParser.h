@@ -8,7 +8,7 @@
 // - Numbers: null, texts, arrays and objects read as 0; integers keep their low bits; reals are cut toward zero, beyond
 //   the range to its nearest limit, NaN to 0. For fields narrower than 32 bits that range is one of 32 bits, of which
 //   they keep the low bits: 300.5 gives a byte of 44.
-// - Text in messages is UTF-8, text in records is in the local encoding of the process's locale.
+// - Text in messages is UTF-8, text in records is in the local encoding of the calling thread's locale.
 // - Writers replace a node that is neither null nor of the container type they write; a container keeps the members and
 //   elements that are not written.
 // - Functions keep no state and may run on any number of threads at once on separate records and nodes.
@@ -378,8 +378,8 @@ VK_API int ParseColorsimilar(const Json::Value& node, unsigned char* out, int co
 /// written even when missing, which reads as 0; an unknown keyword is 0 too, and the case of letters counts. What else
 /// is missing is left as the caller set it: boxes and "MainColor" of fewer than 4 elements, the three pictures with
 /// bPicEnable, riders beyond those in the list. The first 16 riders are read; bFaceImage and bFaceAttributes say of
-/// each whether the message has them. In a picture that is there, missing numbers read as 0 and szFilePath is cut to
-/// 260 bytes, terminator included.
+/// each whether the message has them. In a picture that is there, missing numbers read as 0, and szFilePath is cut to
+/// 260 bytes, terminator included, and empty when "FilePath" is no text.
 VK_API void ParseObjectNonMotor(const Json::Value& root, tagVA_OBJECT_NONMOTOR* pObject);
 
 /// Reads the attributes of a face. Every field is written on every call: what is missing reads as 0, unknown keywords
@@ -402,7 +402,7 @@ VK_API int ParseBulletHolesInfo(const Json::Value& node, tagNET_BULLET_HOLES_INF
 // caller's node is not changed.
 
 /// Reads one picture: "Offset", "Length" (bytes), "Width", "Height" (low 16 bits), "FilePath" when it is a text,
-/// "IsDetected" when it is a bool.
+/// "IsDetected" when it is a bool. The numbers are read as signed: a real stops at 2147483647.
 /// pszFilePath is a text from new char[], owned by the record; null when the memory cannot be had. One that the record
 /// held before the call is lost: release it first.
 VK_API void ParseImageInfo(Json::Value image, VK_PIC_INFO& info);
@@ -411,25 +411,27 @@ VK_API void ParseImageInfo(Json::Value image, VK_PIC_INFO& info);
 /// included.
 VK_API void ParseImageInfo(Json::Value image, VK_PIC_INFO_EX3& info);
 
-/// Reads one person of the face database.
+/// Reads one person of the face database. "Name", "Province", "City", "ID" and "Country" are any value, "UID" is a
+/// text; each is cut to its field, terminator included. "Important" and "IsCustomType": low 8 bits.
 /// Written even when missing, as 0: byGlasses, byAge (low 8 bits), emEmotion (also when the keyword is unknown; its
 /// case counts, unlike that of the others). An unknown "Sex", "CertificateType" or "Type" leaves its field as the
 /// caller set it. "Birthday" is scanned by "%04d-%02d-%02d"; what does not convert becomes 0. Of "Image" the first 48
 /// elements are read, each by ParseImageInfo; wFacePicNum counts them. Their paths are heap texts owned by the record:
 /// release those that it held before the call first. "Name" goes to szPersonNameEx. szPersonName receives the text of
-/// "Type" (of any value, empty when missing) when the message has "IsCustomType" with low 8 bits of 1; "Type" is tried
-/// as a keyword then too. "Comment", "GroupID", "GroupName" and "FeatureValue", when they are texts, go to the caller's
-/// buffers, cut to the lengths that stand beside them, terminator included. The buffer's first bytes, as many as the
-/// text and a terminator have but at most its length, are zeroed first. A null buffer is skipped; one of length 0 is
-/// not written.
+/// "Type" (of any value, empty when missing, cut to 16 bytes) when the message has "IsCustomType" with low 8 bits of 1;
+/// "Type" is tried as a keyword then too. "Comment", "GroupID", "GroupName" and "FeatureValue", when they are texts, go
+/// to the caller's buffers, cut to the lengths that stand beside them, terminator included. The buffer's first bytes,
+/// as many as the text and a terminator have but at most its length, are zeroed first. A null buffer is skipped; one of
+/// length 0 is not written.
 VK_API void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFO& info);
 
-/// The same for the second generation. "Name" goes to szPersonName, the custom type to szCustomType, "Comment",
-/// "GroupID" and "GroupName" to texts of the record; "FeatureValue" is not read.
-/// "HomeAddress" is read when it is a text, an unknown "GlassesType" (its case counts) as 0; "Race", "Eye", "Mouth",
-/// "Mask" and "Beard" are stored plus one, wrapping at the limit. nAttractive is -1 when missing. Of
-/// "CustomPersonInfo" the first 4 elements are read, each itself the text; nCustomPersonInfoNum counts them.
-/// bAgeEnable, nAgeRange, nEmotionValidNum and emEmotions are for PacketPersonInfo only: left as the caller set them.
+/// The same for the second generation. "Name" goes to szPersonName, the custom type to szCustomType; "FeatureValue" is
+/// not read. "Comment", "GroupID", "GroupName" and "HomeAddress", when they are texts, are cut to their fields,
+/// terminator included.
+/// An unknown "GlassesType" reads as 0 (its case counts); "Race", "Eye", "Mouth", "Mask" and "Beard" are stored plus
+/// one, wrapping at the limit. nAttractive is -1 when missing. Of "CustomPersonInfo" the first 4 elements are read,
+/// each itself the text, cut to 64 bytes, terminator included; nCustomPersonInfoNum counts them. bAgeEnable, nAgeRange,
+/// nEmotionValidNum and emEmotions are for PacketPersonInfo only: left as the caller set them.
 VK_API void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFOEX& info);
 
 /// Writes one person. Not the mirror of ParsePersonInfo:

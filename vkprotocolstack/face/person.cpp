@@ -153,6 +153,14 @@ void PutKeyword(Json::Value& person, std::string_view name, Keywords table, int 
     if (const Keyword* row = FirstWithCode(table, code)) Put(person, name, std::string(row->text));
 }
 
+/// Writes the keyword of the code as a text; nothing for 0, which has the empty one.
+void PutGlassesType(Json::Value& person, int code) {
+    const Keyword* row = code == 0 ? nullptr : FirstWithCode(kGlassesTypes, code);
+    if (row == nullptr) return;
+    const std::string text(row->text);
+    packetStrToJsonNode(Member(person, "GlassesType"), text.c_str(), static_cast<int>(text.size() + 1));
+}
+
 /// Writes a code that the record keeps one higher; nothing for 0.
 void PutMinusOne(Json::Value& person, std::string_view name, int code) {
     if (code != 0) Put(person, name, static_cast<int>(static_cast<unsigned>(code) - 1U));
@@ -247,7 +255,7 @@ void PutCustomInfo(Json::Value& person, const tagFACERECOGNITION_PERSON_INFOEX& 
 void Write(Json::Value& person, const tagFACERECOGNITION_PERSON_INFOEX& info) {
     WriteShared(person, info);
     packetStrToJsonNode(Member(person, "HomeAddress"), info.szHomeAddress, 128);
-    if (info.emGlassesType != 0) PutKeyword(person, "GlassesType", kGlassesTypes, info.emGlassesType);
+    PutGlassesType(person, info.emGlassesType);
     PutMinusOne(person, "Race", info.emRace);
     PutMinusOne(person, "Eye", info.emEye);
     PutMinusOne(person, "Mouth", info.emMouth);

@@ -231,8 +231,10 @@ void LocalText::put(std::string_view text) {
 }
 
 void LocalText::terminate() {
-    // Copied bytes have taken the terminator's place too: what stands there tells whether the cut splits a character.
-    buffer_[conversion_ == nullptr ? WholeCharacters({buffer_, length_}, size_ - 1) : length_] = '\0';
+    // Copied bytes have taken the terminator's place too: what stands there tells whether the cut splits a character,
+    // of which nothing may stay.
+    const std::size_t end = conversion_ == nullptr ? WholeCharacters({buffer_, length_}, size_ - 1) : length_;
+    std::fill(buffer_ + end, buffer_ + std::max(length_, end + 1), '\0');
 }
 
 void LocalText::copy(std::string_view text) {
