@@ -78,7 +78,7 @@ CAR=tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
 @test "decode says what a converter does not take, shows the record and gives 1" {
     run --separate-stderr bash -c 'echo "[1, 2, 3]" | "$JSONPARSER" decode VK_RECT'
     [ "$status" -eq 1 ]
-    [ "$stderr" = 'jsonparser: <stdin>: /: found an array of 3, which the converter does not take for VK_RECT' ]
+    [ "$stderr" = 'jsonparser: <stdin>: /: found an array of 3, expected a whole VK_RECT' ]
     [ "${lines[1]}" = "  nLeft    0" ]
 }
 
@@ -99,7 +99,7 @@ CAR=tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
 @test "decode takes 64 levels of nesting and refuses 65" {
     nested() { printf '[%.0s' $(seq "$1"); printf ']%.0s' $(seq "$1"); }
     run bash -c '"$JSONPARSER" decode VK_RECT' <<<"$(nested 64)"
-    [[ "$output" == *"does not take"* ]]
+    [[ "$output" == *"expected a whole VK_RECT"* ]]
     run bash -c '"$JSONPARSER" decode VK_RECT' <<<"$(nested 66)"
     [ "$status" -eq 1 ]
     [ "$output" = "jsonparser: <stdin>: nested deeper than 64 levels" ]

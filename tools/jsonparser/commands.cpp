@@ -63,7 +63,7 @@ int DecodeFile(const CatalogueEntry& entry, const std::string& file, const Decod
         RecordBuffer record(*entry.layout);
         record.lendBuffers();
         if (!entry.decode(node, record.bytes())) {
-            findings.push_back(fmt::format("{}: {}: found {}, which the converter does not take for {}", FileName(file),
+            findings.push_back(fmt::format("{}: {}: found {}, expected a whole {}", FileName(file),
                                            options.at.empty() ? "/" : options.at, Shown(node), entry.name));
         }
         Print(options.json ? RecordAsJson(*entry.layout, record.bytes()) : RecordAsText(*entry.layout, record.bytes()));
