@@ -15,6 +15,7 @@
 #include "record_buffer.h"
 #include "record_form.h"
 #include "record_input.h"
+#include "style.h"
 #include "utf8.h"
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/vocabulary.h"
@@ -24,7 +25,9 @@ namespace {
 
 bool Print(const std::string& text) { return std::fwrite(text.data(), 1, text.size(), stdout) == text.size(); }
 
-void Complain(const std::string& line) { std::fprintf(stderr, "jsonparser: %s\n", line.c_str()); }
+void Complain(const std::string& line) {
+    std::fprintf(stderr, "%s %s\n", StyleOf(stderr)(Style::kError, "jsonparser:").c_str(), line.c_str());
+}
 
 /// The entry of a record that the user named; complains when there is none.
 const CatalogueEntry* EntryOf(const std::string& record) {
