@@ -25,8 +25,13 @@
 
 #include "vkprotocolstack/support/export.h"
 #include "vkprotocolstack/support/support.h"
+#include "vkprotocolstack/version.h"
 #include "vkrecords/fields.h"
 #include "vkrecords/vkrecords.h"
+
+#if JSONCPP_VERSION_HEXA < 0x01090500
+#error "JsonParser needs jsoncpp 1.9.5 or later"
+#endif
 
 // ======================================================================================================================
 // 1. Foundation: text fields, geometry, colour, range, array depth
