@@ -16,7 +16,7 @@ install_packages() {
 }
 
 build_packages=(g++ cmake ninja-build libjsoncpp-dev libcli11-dev libfmt-dev)
-test_packages=("${build_packages[@]}" libgtest-dev bats locales python3 tzdata)
+test_packages=("${build_packages[@]}" libgtest-dev bats locales make pkg-config python3 tzdata)
 bench_packages=("${build_packages[@]}" libbenchmark-dev locales)
 check_packages=("${test_packages[@]}" clang clang-format clang-tidy libclang-rt-14-dev pkg-config)
 package_packages=("${build_packages[@]}" pkg-config lintian debootstrap file)
