@@ -1,0 +1,51 @@
+#include "commands.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "console.h"
+#include "document.h"
+#include "input.h"
+#include "record_buffer.h"
+#include "record_form.h"
+#include "record_name.h"
+
+namespace tool {
+namespace {
+
+/// Prints the record that one message holds.
+int DecodeFile(const CatalogueEntry& entry, const std::string& file, const DecodeOptions& options) {
+    return WithDocument(file, options.at, [&](Json::Value& node, std::vector<std::string>& findings) {
+        RecordBuffer record(*entry.layout);
+        record.lendBuffers();
+        if (!entry.decode(node, record.bytes())) {
+            findings.push_back(fmt::format("{}: {}: found {}, expected a whole {}", FileName(file),
+                                           options.at.empty() ? "/" : options.at, Shown(node), entry.name));
+        }
+        Print(options.json ? RecordAsJson(*entry.layout, record.bytes()) : RecordAsText(*entry.layout, record.bytes()));
+        if (options.hex) Print(RecordAsHex(*entry.layout, record.bytes()));
+    });
+}
+
+}  // namespace
+
+int Decode(const DecodeOptions& options) {
+    const CatalogueEntry* entry = EntryOf(options.record);
+    if (entry == nullptr) return kUsage;
+    if (entry->decode == nullptr) {
+        Complain(fmt::format("{} is only written, there is nothing to decode", entry->name));
+        return kUsage;
+    }
+    const std::vector<std::string> files = OrStandardInput(options.files);
+    int code = kGood;
+    for (const std::string& file : files) {
+        if (files.size() > 1 && !options.json) Print(fmt::format("== {}\n", file));
+        code = std::max(code, DecodeFile(*entry, file, options));
+    }
+    return Flushed(code);
+}
+
+}  // namespace tool

@@ -1,0 +1,57 @@
+#include "commands.h"
+
+#include <fmt/format.h>
+#include <json/writer.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "console.h"
+#include "document.h"
+#include "input.h"
+#include "record_buffer.h"
+#include "record_input.h"
+#include "record_name.h"
+
+namespace tool {
+namespace {
+
+/// Prints the message that one record, in the form in which decode prints it, becomes.
+int EncodeFile(const CatalogueEntry& entry, const std::string& file) {
+    return WithDocument(file, "", [&](const Json::Value& form, std::vector<std::string>& findings) {
+        RecordBuffer record(*entry.layout);
+        std::vector<std::string> inside;
+        if (!ReadRecord(form, record, inside)) {
+            for (const std::string& finding : inside)
+                findings.push_back(fmt::format("{}: {}", FileName(file), finding));
+            return;
+        }
+        Json::Value node;
+        if (!entry.encode(record.bytes(), node)) {
+            findings.push_back(
+                fmt::format("{}: /: found a {} that the converter does not write", FileName(file), entry.name));
+            return;
+        }
+        Json::StreamWriterBuilder builder;
+        builder["indentation"] = "  ";
+        builder["emitUTF8"] = true;
+        Print(Json::writeString(builder, node) + '\n');
+    });
+}
+
+}  // namespace
+
+int Encode(const std::string& record, const std::vector<std::string>& files) {
+    const CatalogueEntry* entry = EntryOf(record);
+    if (entry == nullptr) return kUsage;
+    if (entry->encode == nullptr) {
+        Complain(fmt::format("{} is only read, there is nothing to encode", entry->name));
+        return kUsage;
+    }
+    int code = kGood;
+    for (const std::string& file : OrStandardInput(files)) code = std::max(code, EncodeFile(*entry, file));
+    return Flushed(code);
+}
+
+}  // namespace tool
