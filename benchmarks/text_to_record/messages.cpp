@@ -32,6 +32,9 @@ Message MessageOf(const Json& record, Order order = Order::Sample) {
 }
 
 Json Car() { return Sample("traffic_event.json", kCarInEvent); }
+/// A traffic car with text behind its opening brace.
+Message TrafficBehind(const std::string& text) { return Message('{' + text + Car().dump().substr(1)); }
+
 Json Object() { return Sample("object_event.json", "/params/Events/0/Object"); }
 Json Person() { return Sample("person_query.json", "/params/Persons/0"); }
 
@@ -109,40 +112,58 @@ Json Event() {
 
 Message TrafficMessage(Order order) { return MessageOf(Car(), order); }
 
-Message TrafficMessageWith(std::size_t count) {
+Message ObjectMessage(Order order) { return MessageOf(Object(), order); }
+
+Message PersonMessage(Order order) { return MessageOf(Person(), order); }
+
+Message ScheduleMessage() { return MessageOf(Sample("schedule.json", "/params/config/Recording/0/TimeSection")); }
+
+Message EventMessage() { return Message(Event().dump(), true); }
+
+Message TrafficOfUnreadMembers(std::size_t count) {
     Json car;
     for (std::size_t i = 0; i < count; ++i) car["Unread" + std::to_string(i)] = i;
     car.update(Car());
     return MessageOf(car);
 }
 
-Message ObjectMessage(Order order) { return MessageOf(Object(), order); }
+Message TrafficOfDuplicates(std::size_t count) {
+    std::string members;
+    for (std::size_t i = 0; i < count; ++i) members += "\"Speed\":1,";
+    return TrafficBehind(members);
+}
 
-Message ObjectMessageOfPoints(std::size_t count) {
+Message TrafficOfBlanks(std::size_t count) { return TrafficBehind(std::string(count, ' ')); }
+
+Message TrafficOfDepth(std::size_t count) {
+    return TrafficBehind("\"Unread\":" + std::string(count, '[') + std::string(count, ']') + ',');
+}
+
+Message TrafficOfEscapes(std::size_t count) {
+    Json car = Car();
+    car["DeviceAddress"] = std::string(count, '\n');
+    return MessageOf(car);
+}
+
+Message EventOfUnreadText(std::size_t count) {
+    Json message = Event();
+    message["params"]["Events"][0]["Unread"] = std::string(count, 'x');
+    return Message(message.dump(), true);
+}
+
+Message ObjectOfPoints(std::size_t count) {
     Json object = Object();
     object["Contour"] = Json::array();
     for (std::size_t i = 0; i < count; ++i) object["Contour"].push_back({i % 8192, 4096});
     return MessageOf(object);
 }
 
-Message PersonMessage(Order order) { return MessageOf(Person(), order); }
-
-Message PersonMessageOfPictures(std::size_t count) {
+Message PersonOfPictures(std::size_t count) {
     Json person = Person();
     const Json picture = person["Image"][0];
     person["Image"] = Json::array();
     for (std::size_t i = 0; i < count; ++i) person["Image"].push_back(picture);
     return MessageOf(person);
-}
-
-Message ScheduleMessage() { return MessageOf(Sample("schedule.json", "/params/config/Recording/0/TimeSection")); }
-
-Message EventMessage() { return Message(Event().dump(), true); }
-
-Message EventMessageWithText(std::size_t count) {
-    Json message = Event();
-    message["params"]["Events"][0]["Unread"] = std::string(count, 'x');
-    return Message(message.dump(), true);
 }
 
 }  // namespace benchmarks

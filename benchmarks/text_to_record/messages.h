@@ -34,22 +34,33 @@ enum class Order { Sample, Shuffled };
 
 /// A traffic car with every member that its converter reads.
 Message TrafficMessage(Order order = Order::Sample);
-/// The same behind count members that nothing reads.
-Message TrafficMessageWith(std::size_t count);
 /// A detected object with every member that its converter reads.
 Message ObjectMessage(Order order = Order::Sample);
-/// The same with an outline of count points.
-Message ObjectMessageOfPoints(std::size_t count);
 /// A person with every member that its converter reads, and eight pictures.
 Message PersonMessage(Order order = Order::Sample);
-/// The same with count pictures.
-Message PersonMessageOfPictures(std::size_t count);
 /// A schedule of eight rows of six segments.
 Message ScheduleMessage();
 /// The notification of a traffic event: a traffic car besides many members that nothing reads.
 Message EventMessage();
-/// The same with a text of count bytes that nothing reads.
-Message EventMessageWithText(std::size_t count);
+
+// ---- the same with more and more of something
+
+/// A traffic car behind count members that nothing reads.
+Message TrafficOfUnreadMembers(std::size_t count);
+/// One that has a member count times more than once.
+Message TrafficOfDuplicates(std::size_t count);
+/// One behind count blanks.
+Message TrafficOfBlanks(std::size_t count);
+/// One behind an array in an array and so on, count deep.
+Message TrafficOfDepth(std::size_t count);
+/// One with an address of count escapes.
+Message TrafficOfEscapes(std::size_t count);
+/// An event with a text of count bytes that nothing reads.
+Message EventOfUnreadText(std::size_t count);
+/// A detected object with an outline of count points.
+Message ObjectOfPoints(std::size_t count);
+/// A person with count pictures.
+Message PersonOfPictures(std::size_t count);
 
 }  // namespace benchmarks
 

@@ -56,8 +56,7 @@ class OnDemandValue {
     template <class Use>
     void members(Use use) {
         for (ondemand::field member : value_.get_object()) {
-            const std::string_view name = member.unescaped_key();
-            use(name, OnDemandValue(member.value()));
+            use(NameOf(member.key()), OnDemandValue(member.value()));
         }
     }
     template <class Use>
@@ -72,6 +71,12 @@ class OnDemandValue {
     OnDemandValue element(std::size_t index) { return OnDemandValue(value_.get_array().at(index)); }
 
   private:
+    /// The name as it stands, up to its quote: as the library's own look-ups compare, and faster than unescaping it.
+    static std::string_view NameOf(ondemand::raw_json_string name) {
+        const char* const begin = name.raw();
+        return {begin, static_cast<std::size_t>(std::strchr(begin, '"') - begin)};
+    }
+
     ondemand::value value_;
 };
 

@@ -4,9 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
+#include <algorithm>
 #include <cstring>
-#include <functional>
 #include <stdexcept>
 
 #include "benchmarks/text_to_record/road.h"
@@ -34,6 +33,15 @@ Roads AllRoads() {
 Roads& TheRoads() {
     static Roads roads = AllRoads();
     return roads;
+}
+
+template <class Wanted>
+std::vector<Road*> RoadsOf(Wanted wanted) {
+    std::vector<Road*> found;
+    for (const auto& road : TheRoads()) {
+        if (wanted(*road)) found.push_back(road.get());
+    }
+    return found;
 }
 
 /// What scripts/bench_report.py needs to know of a road.
@@ -97,11 +105,11 @@ struct Difference : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Throws Difference when a road does not make the record that the first one makes.
+/// Throws Difference when one of the roads does not make the record that the first one makes.
 template <class Record>
-void Compare(const std::string& name, const Message& message) {
-    const std::string expected = Made<Record>(*TheRoads().front(), message);
-    for (const auto& road : TheRoads()) {
+void Compare(const std::string& name, const Message& message, const std::vector<Road*>& roads) {
+    const std::string expected = Made<Record>(*roads.front(), message);
+    for (Road* road : roads) {
         std::string made;
         try {
             made = Made<Record>(*road, message);
@@ -109,10 +117,10 @@ void Compare(const std::string& name, const Message& message) {
             throw Difference(name + ": " + road->name() + " does not read it: " + error.what());
         }
         if (made == expected) continue;
-        std::size_t place = 0;
-        while (place < made.size() && place < expected.size() && made[place] == expected[place]) ++place;
+        const auto place =
+            std::mismatch(made.begin(), made.end(), expected.begin(), expected.end()).first - made.begin();
         throw Difference(name + ": " + road->name() + " makes another record, from byte " + std::to_string(place) +
-                         " on, than " + TheRoads().front()->name());
+                         " on, than " + roads.front()->name());
     }
 }
 
@@ -133,27 +141,26 @@ void Measure(benchmark::State& state, Road& road, const Message& message) {
 /// Registers message/NAME/ROAD for every road.
 template <class Record>
 void Register(const std::string& name, const Message& message) {
-    Compare<Record>(name, message);
-    for (const auto& road : TheRoads()) {
+    const std::vector<Road*> roads = RoadsOf([](const Road&) { return true; });
+    Compare<Record>(name, message, roads);
+    for (Road* road : roads) {
         benchmark::RegisterBenchmark(
             ("message/" + name + "/" + road->name()).c_str(),
-            [&road = *road, message](benchmark::State& state) { Measure<Record>(state, road, message); });
+            [road, message](benchmark::State& state) { Measure<Record>(state, *road, message); });
     }
 }
 
 /// Registers growth/NAME/ROAD/SIZE for our roads, for sizes that double.
-template <class Record, class Make>
-void RegisterGrowth(const std::string& name, std::size_t from, std::size_t to, Make make) {
+template <class Record>
+void RegisterGrowth(const std::string& name, std::size_t from, std::size_t to, Message (*make)(std::size_t)) {
+    const std::vector<Road*> ours = RoadsOf([](const Road& road) { return road.kind() == Road::Kind::Ours; });
     for (std::size_t size = from; size <= to; size *= 2) {
         const Message message = make(size);
-        Compare<Record>(name + " of " + std::to_string(size), message);
-        for (const auto& road : TheRoads()) {
-            if (road->kind() != Road::Kind::Ours) continue;
-            const std::string title = "growth/" + name + "/" + road->name() + "/" + std::to_string(size);
-            benchmark::RegisterBenchmark(title.c_str(), [&road = *road, message](benchmark::State& state) {
-                Measure<Record>(state, road, message);
-                state.counters["bytes"] = static_cast<double>(message.text().size());
-            });
+        Compare<Record>(name + " of " + std::to_string(size), message, ours);
+        for (Road* road : ours) {
+            benchmark::RegisterBenchmark(
+                ("growth/" + name + "/" + road->name() + "/" + std::to_string(size)).c_str(),
+                [road, message](benchmark::State& state) { Measure<Record>(state, *road, message); });
         }
     }
 }
@@ -169,10 +176,14 @@ void RegisterTextToRecord() {
     Register<Car>("traffic shuffled", TrafficMessage(Order::Shuffled));
     Register<DetectedObject>("object shuffled", ObjectMessage(Order::Shuffled));
     Register<Person>("person shuffled", PersonMessage(Order::Shuffled));
-    RegisterGrowth<Car>("unread members", 64, 4096, TrafficMessageWith);
-    RegisterGrowth<Car>("unread text", 4096, 1 << 18, EventMessageWithText);
-    RegisterGrowth<DetectedObject>("points", 64, 4096, ObjectMessageOfPoints);
-    RegisterGrowth<Person>("pictures", 64, 4096, PersonMessageOfPictures);
+    RegisterGrowth<Car>("unread members", 64, 4096, TrafficOfUnreadMembers);
+    RegisterGrowth<Car>("duplicates", 64, 4096, TrafficOfDuplicates);
+    RegisterGrowth<Car>("blanks", 1024, 65536, TrafficOfBlanks);
+    RegisterGrowth<Car>("depth", 32, 512, TrafficOfDepth);
+    RegisterGrowth<Car>("escapes", 256, 16384, TrafficOfEscapes);
+    RegisterGrowth<Car>("unread text", 4096, 262144, EventOfUnreadText);
+    RegisterGrowth<DetectedObject>("points", 64, 4096, ObjectOfPoints);
+    RegisterGrowth<Person>("pictures", 64, 4096, PersonOfPictures);
 }
 
 }  // namespace benchmarks
