@@ -45,6 +45,8 @@ def read(path):
         name = tuple(run["run_name"].split("/"))
         least[name] = min(run["cpu_time"], least.get(name, float("inf")))
         roads[name[2]] = Road(run["label"])
+    if not roads:
+        raise ValueError("there are no runs")
     fastest_first = sorted(roads, key=lambda road: math.prod(least["message", message, road] for message in MESSAGES))
     return least, {road: roads[road] for road in fastest_first}
 
