@@ -632,13 +632,14 @@ class Owned {
     Owned(const Owned&) = delete;
     Owned& operator=(const Owned&) = delete;
 
-    Record& operator*() { return record_; }
-    const Record& operator*() const { return record_; }
-    Record* operator->() { return &record_; }
-    const Record* operator->() const { return &record_; }
-    Record* get() { return &record_; }
-    const Record* get() const { return &record_; }
+    Record& operator*() { return record_; }                ///< the record
+    const Record& operator*() const { return record_; }    ///< the record
+    Record* operator->() { return &record_; }              ///< a field of the record
+    const Record* operator->() const { return &record_; }  ///< a field of the record
+    Record* get() { return &record_; }                     ///< the record's place, never null
+    const Record* get() const { return &record_; }         ///< the record's place, never null
 
+    /// Releases the heap texts now; the other fields stay.
     void releaseTexts() { ReleaseTexts(record_); }
 
   private:

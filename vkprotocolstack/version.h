@@ -2,9 +2,9 @@
 #ifndef VKPROTOCOLSTACK_VERSION_H
 #define VKPROTOCOLSTACK_VERSION_H
 
-#define JSONPARSER_VERSION_MAJOR 0
-#define JSONPARSER_VERSION_MINOR 1
-#define JSONPARSER_VERSION_PATCH 0
+#define JSONPARSER_VERSION_MAJOR 0  ///< while 0, a minor version may break what was built against another
+#define JSONPARSER_VERSION_MINOR 1  ///< goes up with what is added
+#define JSONPARSER_VERSION_PATCH 0  ///< goes up with what is mended
 
 /// The version as a text.
 #define JSONPARSER_VERSION "0.1.0"
