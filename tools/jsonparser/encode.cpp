@@ -10,6 +10,7 @@
 #include "console.h"
 #include "document.h"
 #include "input.h"
+#include "line_functions.h"
 #include "record_buffer.h"
 #include "record_input.h"
 #include "record_name.h"
@@ -42,15 +43,17 @@ int EncodeFile(const CatalogueEntry& entry, const std::string& file) {
 
 }  // namespace
 
-int Encode(const std::string& record, const std::vector<std::string>& files) {
-    const CatalogueEntry* entry = EntryOf(record);
+int Encode(const EncodeOptions& options) {
+    const CatalogueEntry* entry = EntryOf(options.record);
     if (entry == nullptr) return kUsage;
     if (entry->encode == nullptr) {
         Complain(fmt::format("{} is only read, there is nothing to encode", entry->name));
         return kUsage;
     }
+    const std::vector<std::string> files = OrStandardInput(options.files);
+    if (options.lines) return ConvertLines(files, options.perLine, EncodeLine(*entry));
     int code = kGood;
-    for (const std::string& file : OrStandardInput(files)) code = std::max(code, EncodeFile(*entry, file));
+    for (const std::string& file : files) code = std::max(code, EncodeFile(*entry, file));
     return Flushed(code);
 }
 

@@ -10,6 +10,21 @@
 
 namespace {
 
+/// The options of commands that work line by line.
+CLI::Option* AddLinesOptions(CLI::App& command, bool& lines, tool::LinesOptions& options) {
+    CLI::Option* flag = command.add_flag("--lines", lines, "Read one document a line (NDJSON), print one a line");
+    command.add_option("--jobs", options.jobs, "Threads of --lines; as many as there are cores when not given")
+        ->needs(flag)
+        ->check(CLI::Range(1, 1024))
+        ->type_name("N");
+    command.add_option("--max-line", options.maximumLine, "Bytes that a line of --lines may have")
+        ->needs(flag)
+        ->check(CLI::Range(1, 1 << 30))
+        ->type_name("BYTES")
+        ->capture_default_str();
+    return flag;
+}
+
 int Run(int argc, char** argv) {
     CLI::App app("Shows what the JsonParser library makes of device messages.", "jsonparser");
     app.set_version_flag("--version", "jsonparser " JSONPARSER_VERSION);
@@ -33,15 +48,17 @@ int Run(int argc, char** argv) {
     decodeCommand->add_option("FILE", decode.files, "Messages in JSON; - or none reads standard input");
     decodeCommand->add_option("--at", decode.at, "JSON pointer to the record in each message")->type_name("POINTER");
     decodeCommand->add_flag("--json", decode.json, "Print the record as JSON");
-    decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
+    CLI::Option* hex = decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
+    AddLinesOptions(*decodeCommand, decode.lines, decode.perLine)->excludes(hex);
 
     bool json = false;
     std::string record;
-    std::vector<std::string> files;
+    tool::EncodeOptions encode;
     CLI::App* encodeCommand =
         app.add_subcommand("encode", "Write a record, as decode --json prints it, into a message");
-    encodeCommand->add_option("RECORD", record, "Name of the record, or a part of it")->required();
-    encodeCommand->add_option("FILE", files, "Records in JSON; - or none reads standard input");
+    encodeCommand->add_option("RECORD", encode.record, "Name of the record, or a part of it")->required();
+    encodeCommand->add_option("FILE", encode.files, "Records in JSON; - or none reads standard input");
+    AddLinesOptions(*encodeCommand, encode.lines, encode.perLine);
     CLI::App* recordsCommand = app.add_subcommand("records", "List the records");
     recordsCommand->add_flag("--json", json, "Print the list as JSON");
     CLI::App* fieldsCommand = app.add_subcommand("fields", "Show a record's layout");
@@ -67,7 +84,7 @@ int Run(int argc, char** argv) {
         return tool::kUsage;
     }
     if (decodeCommand->parsed()) return tool::Decode(decode);
-    if (encodeCommand->parsed()) return tool::Encode(record, files);
+    if (encodeCommand->parsed()) return tool::Encode(encode);
     if (recordsCommand->parsed()) return tool::ListRecords(json);
     if (keywordsCommand->parsed()) return tool::ListKeywords(table, json);
     if (errorCommand->parsed()) return tool::MapErrorCode(code, json);
