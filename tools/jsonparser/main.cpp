@@ -1,25 +1,106 @@
+#include <fmt/format.h>
+
 #include <CLI/CLI.hpp>
 #include <clocale>
+#include <csignal>
 #include <exception>
-#include <iostream>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "commands.h"
+#include "completion.h"
+#include "console.h"
+#include "description.h"
+#include "manual.h"
 #include "style.h"
+#include "suggestion.h"
+#include "utf8.h"
 
 namespace {
+
+bool IsFlag(const CLI::Option& option) { return option.get_items_expected_max() == 0; }
+
+std::vector<std::string> OptionNames(const CLI::Option& option) {
+    std::vector<std::string> names;
+    for (const std::string& name : option.get_snames()) names.push_back("-" + name);
+    for (const std::string& name : option.get_lnames()) names.push_back("--" + name);
+    return names;
+}
+
+tool::ArgumentDescription DescribeArgument(const CLI::Option& option) {
+    tool::ArgumentDescription argument;
+    argument.names = OptionNames(option);
+    argument.meaning = option.get_description();
+    argument.standard = option.get_default_str();
+    argument.isRequired = option.get_required();
+    argument.repeats = option.get_items_expected_max() > 1;
+    if (IsFlag(option)) return argument;
+
+    // The name of the type, and behind a colon the words of a choice in braces.
+    const std::string type = option.get_type_name();
+    const std::size_t colon = type.find(':');
+    argument.value = argument.isOption() ? type.substr(0, colon) : option.get_name(true);
+    if (colon != type.npos) {
+        argument.choices = CLI::detail::split(type.substr(colon + 2, type.size() - colon - 3), ',');
+        argument.kind = tool::ValueKind::kChoice;
+    } else {
+        argument.kind = argument.value == "RECORD"  ? tool::ValueKind::kRecord
+                        : argument.value == "TABLE" ? tool::ValueKind::kVocabulary
+                        : argument.value == "FILE"  ? tool::ValueKind::kFile
+                                                    : tool::ValueKind::kOther;
+    }
+    return argument;
+}
+
+tool::CommandDescription Describe(const CLI::App& app) {
+    tool::CommandDescription command;
+    command.name = app.get_name();
+    command.meaning = app.get_description();
+    for (const CLI::Option* option : app.get_options()) command.arguments.push_back(DescribeArgument(*option));
+    for (const CLI::App* below : app.get_subcommands([](const CLI::App*) { return true; })) {
+        command.commands.push_back(Describe(*below));
+    }
+    return command;
+}
+
+/// What is wrong with the command line: in CLI11's words, but for what it did not expect at all.
+std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> unexpected = app.remaining(true);
+    const std::vector<CLI::App*> parsed = app.get_subcommands();
+    const std::string command = parsed.empty() ? app.get_name() : app.get_name() + ' ' + parsed.front()->get_name();
+    const std::string see = fmt::format(" (see: {} --help)", command);
+    if (unexpected.empty()) return error.what() + see;
+
+    const std::string& word = unexpected.front();
+    std::vector<std::string> names;
+    std::string expected = "nothing more";
+    if (word.size() > 1 && word.starts_with('-')) {
+        expected = "an option of " + command;
+        for (const CLI::App* owner : {&app, parsed.empty() ? &app : static_cast<const CLI::App*>(parsed.front())}) {
+            for (const CLI::Option* option : owner->get_options()) {
+                for (std::string& name : OptionNames(*option)) names.push_back(std::move(name));
+            }
+        }
+    } else if (parsed.empty()) {
+        expected = "a command";
+        for (const tool::CommandDescription& below : Describe(app).commands) names.push_back(below.name);
+    }
+    return fmt::format("found {}, expected {}{}{}", tool::QuotedText(word), expected,
+                       tool::DidYouMean(word.substr(0, word.find('=')), names), see);
+}
 
 /// The options of commands that work line by line.
 CLI::Option* AddLinesOptions(CLI::App& command, bool& lines, tool::LinesOptions& options) {
     CLI::Option* flag = command.add_flag("--lines", lines, "Read one document a line (NDJSON), print one a line");
     command.add_option("--jobs", options.jobs, "Threads of --lines; as many as there are cores when not given")
         ->needs(flag)
-        ->check(CLI::Range(1, 1024))
+        ->check(CLI::Range(1, 1024).description(""))
         ->type_name("N");
     command.add_option("--max-line", options.maximumLine, "Bytes that a line of --lines may have")
         ->needs(flag)
-        ->check(CLI::Range(1, 1 << 30))
+        ->check(CLI::Range(1, 1 << 30).description(""))
         ->type_name("BYTES")
         ->capture_default_str();
     return flag;
@@ -75,19 +156,45 @@ int Run(int argc, char** argv) {
         ->required();
     errorCommand->add_flag("--json", json, "Print both codes as JSON");
 
+    std::string shell;
+    CLI::App* completionCommand = app.add_subcommand("completion", "Print the script that completes the tool's words");
+    completionCommand->add_option("SHELL", shell, "Shell that the script is for")
+        ->required()
+        ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+    CLI::App* manCommand = app.add_subcommand("man", "Print the manual page, for mandoc or man -l");
+
+    for (CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
+        for (CLI::Option* option : command->get_options()) {
+            if (option->get_positional()) option->type_name("");
+            if (IsFlag(*option)) option->disable_flag_override();
+        }
+    }
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) return app.exit(error);
-        std::cerr << tool::StyleOf(stderr)(tool::Style::kError, "jsonparser:") << ' ' << error.what()
-                  << " (see: jsonparser --help)\n";
-        return tool::kUsage;
+        if (error.get_exit_code() != 0) {
+            tool::Complain(UsageError(app, error));
+            return tool::kUsage;
+        }
+        std::ostringstream help;
+        app.exit(error, help, help);
+        tool::Print(help.str());
+        return tool::Flushed(tool::kGood);
     }
     if (decodeCommand->parsed()) return tool::Decode(decode);
     if (encodeCommand->parsed()) return tool::Encode(encode);
     if (recordsCommand->parsed()) return tool::ListRecords(json);
     if (keywordsCommand->parsed()) return tool::ListKeywords(table, json);
     if (errorCommand->parsed()) return tool::MapErrorCode(code, json);
+    if (completionCommand->parsed()) {
+        tool::Print(tool::CompletionScript(shell, Describe(app)));
+        return tool::Flushed(tool::kGood);
+    }
+    if (manCommand->parsed()) {
+        tool::Print(tool::ManualPage(Describe(app)));
+        return tool::Flushed(tool::kGood);
+    }
     return tool::ListFields(record, json);
 }
 
@@ -96,10 +203,12 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
     // Texts follow the locale, numbers never do.
     std::setlocale(LC_CTYPE, "");
+    // A closed pipe ends the tool quietly, also where its parent has the signal ignored.
+    std::signal(SIGPIPE, SIG_DFL);
     try {
         return Run(argc, argv);
     } catch (const std::exception& error) {
-        std::cerr << "jsonparser: " << error.what() << '\n';
+        tool::Complain(error.what());
         return tool::kCannotReadOrWrite;
     }
 }
