@@ -125,7 +125,8 @@ std::unique_ptr<Batch> LineReader::withoutLine() {
                                            passed->file, line_, maximumLine_));
     std::size_t end = 0;
     while ((end = pending().find('\n')) == std::string_view::npos && !hasEnded_) {
-        passed->bytes += std::exchange(begin_, buffer_.size());
+        passed->bytes += pending().size();
+        begin_ = buffer_.size();
         fill();
     }
     end = std::min(end, pending().size() - 1) + 1;
