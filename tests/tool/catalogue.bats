@@ -53,7 +53,7 @@ assert records["VK_POINT"] == {"name": "VK_POINT", "size": 4, "decode": True, "e
     nearest() {
         run "$JSONPARSER" "${@:3}"
         [ "$status" -eq 2 ]
-        [[ "$output" == "jsonparser: found \"$1\", expected "*"; did you mean $2? (see: jsonparser"* ]]
+        [[ "$output" == "jsonparser: found \"$1\", expected "*"; did you mean \"$2\"? (see: jsonparser"* ]]
     }
     nearest decod decode decod VK_RECT
     nearest Records records Records

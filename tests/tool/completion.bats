@@ -183,8 +183,8 @@ END
     [[ "$output" == *"decode tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO"* ]]
     run in_zsh "jsonparser keywords VehicleS"
     [[ "$output" == *"keywords VehicleSize"* ]]
-    run in_zsh "jsonparser decode --max-l"
-    [[ "$output" == *"decode --max-line"* ]]
+    run in_zsh "jsonparser decode --max-d"
+    [[ "$output" == *"decode --max-depth"* ]]
     run in_zsh "jsonparser records --color=al"
     [[ "$output" == *"records --color=always"* ]]
 }

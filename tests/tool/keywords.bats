@@ -46,5 +46,5 @@ assert sum(len(t["rows"]) for t in tables if t["name"] == "Resolution") == 120'
 @test "a mistyped vocabulary is answered with the nearest one" {
     run "$JSONPARSER" keywords VehicelSize
     [ "$status" -eq 2 ]
-    [ "$output" = 'jsonparser: found "VehicelSize", expected the name of a vocabulary; did you mean VehicleSize? (see: jsonparser keywords)' ]
+    [ "$output" = 'jsonparser: found "VehicelSize", expected the name of a vocabulary; did you mean "VehicleSize"? (see: jsonparser keywords)' ]
 }

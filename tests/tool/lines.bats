@@ -58,10 +58,10 @@ print(json.dumps(json.load(sys.stdin), ensure_ascii=False, separators=(",", ":")
     run --separate-stderr decode_points '[1, 2]\n{"a": 1}\n[1, 2, 3]\n[1, 2\nnull\n[3, 4]\n'
     [ "$status" -eq 1 ]
     [ "$output" = $'{"nx":1,"ny":2}\n{"nx":3,"ny":4}' ]
-    [[ "$stderr" == *"jsonparser: <stdin>:2: /: found an object, expected a whole VK_POINT"* ]]
-    [[ "$stderr" == *"jsonparser: <stdin>:3: /: found an array of 3, expected a whole VK_POINT"* ]]
+    [[ "$stderr" == *"jsonparser: <stdin>:2:1: /: found an object, expected a whole VK_POINT"* ]]
+    [[ "$stderr" == *"jsonparser: <stdin>:3:1: /: found an array of 3, expected a whole VK_POINT"* ]]
     [[ "$stderr" == *"jsonparser: <stdin>:4:"* ]]
-    [[ "$stderr" == *"jsonparser: <stdin>:5: /: found null, expected a whole VK_POINT"* ]]
+    [[ "$stderr" == *"jsonparser: <stdin>:5:1: /: found null, expected a whole VK_POINT"* ]]
     [ "${stderr_lines[-1]}" = "jsonparser: 4 of 6 lines are bad" ]
 }
 
@@ -69,23 +69,24 @@ print(json.dumps(json.load(sys.stdin), ensure_ascii=False, separators=(",", ":")
     run --separate-stderr decode_points '{"p": [1, 2]}\n{"q": [3, 4]}\n{"p": [5, 6]}\n' --at /p
     [ "$status" -eq 1 ]
     [ "$output" = $'{"nx":1,"ny":2}\n{"nx":5,"ny":6}' ]
-    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:2: /p: found an object without it, expected a value" ]
+    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:2:1: /p: found an object without it, expected a value" ]
 }
 
 @test "a NUL in a line makes that line bad" {
-    run --separate-stderr decode_points '[1, 2]\n[3, \0 4]\n[7, 8]\n'
+    run --separate-stderr decode_points '[1, 2]\n[3, \0 4]\n[5, 6]\0\n[7, 8]\n'
     [ "$status" -eq 1 ]
     [ "$output" = $'{"nx":1,"ny":2}\n{"nx":7,"ny":8}' ]
     [[ "${stderr_lines[0]}" == "jsonparser: <stdin>:2:"* ]]
-    [ "${stderr_lines[-1]}" = "jsonparser: 1 of 3 lines are bad" ]
+    [[ "$stderr" == *"jsonparser: <stdin>:3:"* ]]
+    [ "${stderr_lines[-1]}" = "jsonparser: 2 of 4 lines are bad" ]
 }
 
-@test "a line of as many bytes as --max-line says is taken, a longer one is bad" {
-    run --separate-stderr decode_points '[1, 22]\n[1, 222]\r\n[1, 2222]\n[1, 22222]\r\n[1, 333]' --max-line 8
+@test "a line of as many bytes as --max-size says is taken, a longer one is bad" {
+    run --separate-stderr decode_points '[1, 22]\n[1, 222]\r\n[1, 2222]\n[1, 22222]\r\n[1, 333]' --max-size 8
     [ "$status" -eq 1 ]
     [ "$output" = $'{"nx":1,"ny":22}\n{"nx":1,"ny":222}\n{"nx":1,"ny":333}' ]
-    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:3: found a line of more than 8 bytes, expected at most as many" ]
-    [ "${stderr_lines[1]}" = "jsonparser: <stdin>:4: found a line of more than 8 bytes, expected at most as many" ]
+    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:3: found a line of more than 8 bytes, expected at most that many (see --max-size)" ]
+    [ "${stderr_lines[1]}" = "jsonparser: <stdin>:4: found a line of more than 8 bytes, expected at most that many (see --max-size)" ]
     [ "${stderr_lines[2]}" = "jsonparser: 2 of 5 lines are bad" ]
 }
 
@@ -94,8 +95,8 @@ print(json.dumps(json.load(sys.stdin), ensure_ascii=False, separators=(",", ":")
         head -c 9000000 /dev/zero | tr "\0" x; } | "$JSONPARSER" decode VK_POINT --lines'
     [ "$status" -eq 1 ]
     [ "$output" = $'{"nx":1,"ny":2}\n{"nx":3,"ny":4}' ]
-    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:2: found a line of more than 1048576 bytes, expected at most as many" ]
-    [ "${stderr_lines[1]}" = "jsonparser: <stdin>:4: found a line of more than 1048576 bytes, expected at most as many" ]
+    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:2: found a line of more than 1048576 bytes, expected at most that many (see --max-size)" ]
+    [ "${stderr_lines[1]}" = "jsonparser: <stdin>:4: found a line of more than 1048576 bytes, expected at most that many (see --max-size)" ]
     [ "${stderr_lines[2]}" = "jsonparser: 2 of 4 lines are bad" ]
 }
 
@@ -142,7 +143,7 @@ print(json.dumps(json.load(sys.stdin), ensure_ascii=False, separators=(",", ":")
     run --separate-stderr bash -c 'seq 5000 | "$JSONPARSER" decode VK_POINT --lines --jobs 8'
     [ "$status" -eq 1 ]
     [ "${stderr_lines[-1]}" = "jsonparser: 5000 of 5000 lines are bad" ]
-    [ "$(sed -nE 's/^jsonparser: <stdin>:([0-9]+): .*/\1/p' <<<"$stderr")" = "$(seq 5000)" ]
+    [ "$(sed -nE 's/^jsonparser: <stdin>:([0-9]+):1: .*/\1/p' <<<"$stderr")" = "$(seq 5000)" ]
 }
 
 @test "a live pipe gives each result before the next line comes" {
@@ -197,7 +198,7 @@ END
     [ -e /dev/full ] || skip "no /dev/full"
     run bash -c 'yes "[1, 2]" | "$JSONPARSER" decode VK_POINT --lines 2>&1 >/dev/full'
     [ "$status" -eq 3 ]
-    [ "$output" = "jsonparser: cannot write to standard output" ]
+    [ "$output" = "jsonparser: cannot write to standard output: No space left on device" ]
 }
 
 @test "--lines and --json are the same as --lines" {
@@ -213,10 +214,10 @@ END
     [[ "$output" == *"--hex"*"--lines"* ]]
 }
 
-@test "--jobs and --max-line are for --lines, and numbers" {
-    for arguments in "--jobs 2" "--max-line 100" "--lines --jobs 0" "--lines --jobs -1" "--lines --jobs x" \
-        "--lines --jobs 1.5" "--lines --jobs 1025" "--lines --max-line 0" "--lines --max-line 1G" "--lines --jobs" \
-        "--lines --max-line 99999999999999999999"; do
+@test "--jobs and --max-size take numbers, --jobs for --lines only" {
+    for arguments in "--jobs 2" "--lines --jobs 0" "--lines --jobs -1" "--lines --jobs x" \
+        "--lines --jobs 1.5" "--lines --jobs 1025" "--lines --max-size 0" "--max-size 1X" "--lines --jobs" \
+        "--lines --max-size 99999999999999999999"; do
         run bash -c "echo '[1, 2]' | \"\$JSONPARSER\" decode VK_POINT $arguments"
         [ "$status" -eq 2 ]
         [ "${#lines[@]}" -eq 1 ]
@@ -234,7 +235,7 @@ END
         "$JSONPARSER" encode VK_POINT --lines'
     [ "$status" -eq 1 ]
     [ "$output" = $'[1,2]\n[3,0]' ]
-    [[ "${stderr_lines[0]}" == "jsonparser: <stdin>:2: /nx: found 70000, expected "* ]]
-    [[ "$stderr" == *"jsonparser: <stdin>:3: "* ]]
+    [[ "${stderr_lines[0]}" == "jsonparser: <stdin>:2:8: /nx: found 70000, expected "* ]]
+    [[ "$stderr" == *"jsonparser: <stdin>:3:1: "* ]]
     [ "${stderr_lines[-1]}" = "jsonparser: 2 of 4 lines are bad" ]
 }

@@ -74,6 +74,7 @@ std::vector<std::string> Lines(Batch& batch) {
     std::vector<std::string> lines;
     tool::Convert(batch, [&lines](tool::LinePlace place, std::string_view line, auto&, auto&) {
         lines.push_back(std::to_string(place.number) + ':' + std::string(line));
+        return true;
     });
     return lines;
 }
@@ -149,16 +150,18 @@ TEST(LineReader, PassesOverLinesThatAreTooLong) {
                              "y");
     const auto batches = Batches({file.name()});
     Texts lines;
-    Texts findings;
+    std::string findings;
     std::size_t bytes = 0;
     for (const auto& batch : batches) {
         for (const std::string& line : Lines(*batch)) lines.push_back(line.substr(0, 3));
-        findings.insert(findings.end(), batch->findings.begin(), batch->findings.end());
+        findings += batch->findings;
         bytes += batch->bytes;
     }
     EXPECT_EQ(lines, (Texts{"1:x", "2:x", "4:a", "6:b"}));
-    const std::string rest = ": found a line of more than 1000 bytes, expected at most as many";
-    EXPECT_EQ(findings, (Texts{file.name() + ":3" + rest, file.name() + ":5" + rest, file.name() + ":7" + rest}));
+    const std::string rest = ": found a line of more than 1000 bytes, expected at most that many (see --max-size)\n";
+    std::string expected;
+    for (const char* line : {":3", ":5", ":7"}) expected += "jsonparser: " + file.name() + line + rest;
+    EXPECT_EQ(findings, expected);
     EXPECT_EQ(bytes, 4 * kLimit + 300000 + 11);
 }
 
@@ -167,10 +170,10 @@ TEST(LineReader, GoesOnBehindFilesThatCannotBeRead) {
     const auto batches = Batches({"/missing", file.name(), testing::TempDir(), file.name()});
     ASSERT_EQ(batches.size(), 4U);
     EXPECT_TRUE(batches[0]->isUnreadable);
-    EXPECT_EQ(batches[0]->findings, Texts{"/missing: cannot be read: No such file or directory"});
+    EXPECT_EQ(batches[0]->findings, "jsonparser: /missing: cannot be read: No such file or directory\n");
     EXPECT_EQ(batches[1]->text, "one\n");
     EXPECT_TRUE(batches[2]->isUnreadable);
-    EXPECT_EQ(batches[2]->findings, Texts{testing::TempDir() + ": cannot be read: Is a directory"});
+    EXPECT_EQ(batches[2]->findings, "jsonparser: " + testing::TempDir() + ": cannot be read: Is a directory\n");
     EXPECT_EQ(batches[3]->firstLine, 1U);
     EXPECT_EQ(batches[3]->text, "one\n");
 }
@@ -178,13 +181,14 @@ TEST(LineReader, GoesOnBehindFilesThatCannotBeRead) {
 TEST(Convert, CountsBadLinesOnceEach) {
     Batch batch;
     batch.text = "good\nbad\n\nworse\n";
-    tool::Convert(batch, [](tool::LinePlace, std::string_view line, std::string& output, Texts& findings) {
+    tool::Convert(batch, [](tool::LinePlace, std::string_view line, std::string& output, std::string& findings) {
         if (line == "good") output += "fine\n";
-        if (line != "good") findings.emplace_back(line);
-        if (line == "worse") findings.emplace_back("worst");
+        if (line != "good") findings += std::string(line) + '\n';
+        if (line == "worse") findings += "worst\n";
+        return line == "good";
     });
     EXPECT_EQ(batch.output, "fine\n");
-    EXPECT_EQ(batch.findings, (Texts{"bad", "worse", "worst"}));
+    EXPECT_EQ(batch.findings, "bad\nworse\nworst\n");
     EXPECT_EQ(batch.lines, 3U);
     EXPECT_EQ(batch.bad, 2U);
 }
@@ -202,9 +206,7 @@ std::string Converted(const std::string& file, const tool::LineFunction& functio
             if (batch == nullptr) return;
             tool::Convert(*batch, function);
             lock.lock();
-            std::string& part = parts[batch->firstLine];
-            part = batch->output;
-            for (const std::string& finding : batch->findings) part += finding + '\n';
+            parts[batch->firstLine] = batch->output + batch->findings;
         }
     };
     std::vector<std::thread> workers;
@@ -225,7 +227,7 @@ TEST(Convert, GivesTheSameOnManyThreads) {
     Texts alternatives;
     const tool::CatalogueEntry* entry = tool::FindEntry("trafficcar", alternatives);
     ASSERT_NE(entry, nullptr);
-    const tool::LineFunction function = tool::DecodeLine(*entry, "");
+    const tool::LineFunction function = tool::DecodeLine(*entry, "", {});
     const std::string alone = Converted(file.name(), function, 1);
     EXPECT_NE(alone.find(R"("nSpeed":999,)"), std::string::npos);
     EXPECT_NE(alone.find(file.name() + ":995:"), std::string::npos);

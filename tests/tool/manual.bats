@@ -64,6 +64,6 @@ END
     for arguments in man --help "decode --help" --version "completion bash"; do
         run bash -c "\"\$JSONPARSER\" $arguments 2>&1 >/dev/full"
         [ "$status" -eq 3 ]
-        [ "$output" = "jsonparser: cannot write to standard output" ]
+        [ "$output" = "jsonparser: cannot write to standard output: No space left on device" ]
     done
 }

@@ -102,7 +102,7 @@ lines_file() { yes '[1, 2]' | head -n 200000 >"$BATS_TEST_TMPDIR/lines"; }
     lines_file
     echo '[1]' >>"$BATS_TEST_TMPDIR/lines"
     run with_slow_reader 1.5 "\"$JSONPARSER\" --color never decode VK_POINT --lines \"$BATS_TEST_TMPDIR/lines\""
-    [[ "$output" == *$'\e[K'"jsonparser: $BATS_TEST_TMPDIR/lines:200001: /: found "* ]]
+    [[ "$output" == *$'\e[K'"jsonparser: $BATS_TEST_TMPDIR/lines:200001:1: /: found "* ]]
 }
 
 @test "a run of less than a second shows no progress" {

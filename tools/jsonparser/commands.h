@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "lines.h"
+#include "input.h"
 
 namespace tool {
 
@@ -17,15 +17,17 @@ struct DecodeOptions {
     std::string at;                  ///< JSON pointer to the record in each document
     bool json = false;
     bool hex = false;
-    bool lines = false;  ///< one message a line in, one record a line out
-    LinesOptions perLine;
+    ReadingOptions reading;
+    bool lines = false;  ///< one document a line in, one a line out
+    unsigned jobs = 0;   ///< threads for lines; 0 is one for each core
 };
 
 struct EncodeOptions {
     std::string record;
-    std::vector<std::string> files;  ///< as for decode
-    bool lines = false;
-    LinesOptions perLine;
+    std::vector<std::string> files;  ///< "-" is standard input; none means standard input
+    ReadingOptions reading;
+    bool lines = false;  ///< one document a line in, one a line out
+    unsigned jobs = 0;   ///< threads for lines; 0 is one for each core
 };
 
 int Decode(const DecodeOptions& options);

@@ -3,52 +3,69 @@
 #include <fmt/format.h>
 #include <json/writer.h>
 
-#include "input.h"
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+#include "document.h"
+#include "finding.h"
 #include "record_buffer.h"
 #include "record_form.h"
 #include "record_input.h"
+#include "style.h"
 
 namespace tool {
+namespace {
 
-LineFunction DecodeLine(const CatalogueEntry& entry, const std::string& at) {
-    return
-        [&entry, at](LinePlace place, std::string_view line, std::string& output, std::vector<std::string>& findings) {
-            const std::string where = fmt::format("{}:{}", place.file, place.number);
-            Json::Value document;
-            Json::Value* node = ParseDocument(where, std::string(line), document, findings)
-                                    ? ValueAt(where, document, at, findings)
-                                    : nullptr;
-            if (node == nullptr) return;
-            RecordBuffer record(*entry.layout);
-            record.lendBuffers();
-            if (entry.decode(*node, record.bytes())) return AppendRecordLine(output, *entry.layout, record.bytes());
-            findings.push_back(fmt::format("{}: {}: found {}, expected a whole {}", where, at.empty() ? "/" : at,
-                                           Shown(*node), entry.name));
-        };
+/// Reads the document on a line; it goes to use, which adds its findings.
+LineFunction WithLine(const std::string& at, const ReadingOptions& reading,
+                      const std::function<void(const Document&, std::string&, std::vector<Finding>&)>& use) {
+    return [at, reading, use, style = StyleOf(stderr)](LinePlace place, std::string_view line, std::string& output,
+                                                       std::string& described) {
+        std::string text(line);
+        std::vector<Finding> findings;
+        Json::Value root;
+        Json::Value* node = ParseDocument(text, reading, root, findings) ? ValueAt(root, at, findings) : nullptr;
+        if (node != nullptr) use({text, *node, at}, output, findings);
+        if (findings.empty()) return true;
+        // What is said of the whole document is said of its line.
+        for (Finding& finding : findings) finding.offset = std::min(finding.offset, text.size());
+        described += Described(place.file, text, findings, place.number, style);
+        return false;
+    };
 }
 
-LineFunction EncodeLine(const CatalogueEntry& entry) {
-    return [&entry](LinePlace place, std::string_view line, std::string& output, std::vector<std::string>& findings) {
-        const std::string where = fmt::format("{}:{}", place.file, place.number);
-        Json::Value form;
-        if (!ParseDocument(where, std::string(line), form, findings)) return;
-        RecordBuffer record(*entry.layout);
-        std::vector<std::string> inside;
-        if (!ReadRecord(form, record, inside)) {
-            for (const std::string& finding : inside) findings.push_back(fmt::format("{}: {}", where, finding));
-            return;
-        }
-        Json::Value node;
-        if (!entry.encode(record.bytes(), node)) {
-            findings.push_back(fmt::format("{}: /: found a {} that the converter does not write", where, entry.name));
-            return;
-        }
-        Json::StreamWriterBuilder builder;
-        builder["indentation"] = "";
-        builder["emitUTF8"] = true;
-        output += Json::writeString(builder, node);
-        output += '\n';
-    };
+}  // namespace
+
+LineFunction DecodeLine(const CatalogueEntry& entry, const std::string& at, const ReadingOptions& reading) {
+    return WithLine(
+        at, reading, [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
+            RecordBuffer record(*entry.layout);
+            record.lendBuffers();
+            if (entry.decode(document.node, record.bytes())) {
+                AppendRecordLine(output, *entry.layout, record.bytes());
+            } else {
+                findings.push_back(
+                    Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
+            }
+        });
+}
+
+LineFunction EncodeLine(const CatalogueEntry& entry, const ReadingOptions& reading) {
+    return WithLine(
+        "", reading, [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
+            RecordBuffer record(*entry.layout);
+            if (!ReadRecord(document.node, document.text, record, findings)) return;
+            Json::Value node;
+            if (!entry.encode(record.bytes(), node)) {
+                findings.push_back({0, "", fmt::format("found a {}, expected one that can be written", entry.name)});
+                return;
+            }
+            Json::StreamWriterBuilder builder;
+            builder["indentation"] = "";
+            builder["emitUTF8"] = true;
+            output += Json::writeString(builder, node) + '\n';
+        });
 }
 
 }  // namespace tool

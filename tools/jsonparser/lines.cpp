@@ -16,7 +16,7 @@
 
 #include "commands.h"
 #include "console.h"
-#include "input.h"
+#include "finding.h"
 #include "progress.h"
 
 namespace tool {
@@ -102,7 +102,7 @@ void LineReader::fill() {
 
 std::unique_ptr<Batch> LineReader::batch() const {
     auto batch = std::make_unique<Batch>();
-    batch->file = FileName(files_[file_]);
+    batch->file = files_[file_];
     batch->firstLine = line_;
     return batch;
 }
@@ -121,8 +121,9 @@ std::unique_ptr<Batch> LineReader::lines(std::size_t count, std::size_t bytes) {
 std::unique_ptr<Batch> LineReader::withoutLine() {
     std::unique_ptr<Batch> passed = batch();
     passed->lines = passed->bad = 1;
-    passed->findings.push_back(fmt::format("{}:{}: found a line of more than {} bytes, expected at most as many",
-                                           passed->file, line_, maximumLine_));
+    passed->findings =
+        Complaint(fmt::format("{}:{}: found a line of more than {} bytes, expected at most that many (see --max-size)",
+                              FileName(passed->file), line_, maximumLine_));
     std::size_t end = 0;
     while ((end = pending().find('\n')) == std::string_view::npos && !hasEnded_) {
         passed->bytes += pending().size();
@@ -140,7 +141,7 @@ std::unique_ptr<Batch> LineReader::withoutLine() {
 std::unique_ptr<Batch> LineReader::unreadable() {
     std::unique_ptr<Batch> failed = batch();
     failed->isUnreadable = true;
-    failed->findings.push_back(fmt::format("{}: cannot be read: {}", failed->file, std::strerror(error_)));
+    failed->findings = Complaint(fmt::format("{}: cannot be read: {}", FileName(failed->file), std::strerror(error_)));
     close();
     ++file_;
     return failed;
@@ -154,15 +155,14 @@ void Convert(Batch& batch, const LineFunction& function) {
         rest.remove_prefix(std::min(end + 1, rest.size()));
         if (line.ends_with('\r')) line.remove_suffix(1);
         if (line.find_first_not_of(" \t\r") == line.npos) continue;
-        const std::size_t findings = batch.findings.size();
-        function(place, line, batch.output, batch.findings);
         ++batch.lines;
-        if (batch.findings.size() > findings) ++batch.bad;
+        if (!function(place, line, batch.output, batch.findings)) ++batch.bad;
     }
 }
 
-int ConvertLines(const std::vector<std::string>& files, const LinesOptions& options, const LineFunction& function) {
-    LineReader reader(files, options.maximumLine);
+int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine, unsigned jobs,
+                 const LineFunction& function) {
+    LineReader reader(files, maximumLine);
     Progress progress(TotalBytes(files));
     bool isWritable = true;
     std::size_t lines = 0;
@@ -181,21 +181,21 @@ int ConvertLines(const std::vector<std::string>& files, const LinesOptions& opti
     const auto print = [&](const std::shared_ptr<Batch>& batch) {
         if (!isWritable) return;
         Print(batch->output);
-        isWritable = std::fflush(stdout) == 0;
+        isWritable = Flush();
         if (!batch->findings.empty()) progress.hide();
-        for (const std::string& finding : batch->findings) Complain(finding);
+        std::fwrite(batch->findings.data(), 1, batch->findings.size(), stderr);
         lines += batch->lines;
         bad += batch->bad;
         if (batch->isUnreadable) code = kCannotReadOrWrite;
         progress.advance(batch->bytes, batch->lines);
     };
-    const auto jobs = options.jobs > 0 ? options.jobs : static_cast<unsigned>(tbb::info::default_concurrency());
-    const tbb::global_control threads(tbb::global_control::max_allowed_parallelism, jobs);
+    const std::size_t threads = jobs > 0 ? jobs : static_cast<unsigned>(tbb::info::default_concurrency());
+    const tbb::global_control control(tbb::global_control::max_allowed_parallelism, threads);
     constexpr auto kOrdered = tbb::filter_mode::serial_in_order;
-    tbb::parallel_pipeline(std::size_t{2} * jobs, tbb::make_filter<void, std::shared_ptr<Batch>>(kOrdered, cut) &
-                                                      tbb::make_filter<std::shared_ptr<Batch>, std::shared_ptr<Batch>>(
-                                                          tbb::filter_mode::parallel, convert) &
-                                                      tbb::make_filter<std::shared_ptr<Batch>, void>(kOrdered, print));
+    tbb::parallel_pipeline(2 * threads, tbb::make_filter<void, std::shared_ptr<Batch>>(kOrdered, cut) &
+                                            tbb::make_filter<std::shared_ptr<Batch>, std::shared_ptr<Batch>>(
+                                                tbb::filter_mode::parallel, convert) &
+                                            tbb::make_filter<std::shared_ptr<Batch>, void>(kOrdered, print));
     progress.hide();
     if (bad > 0) Complain(fmt::format("{} of {} lines are bad", bad, lines));
     return Flushed(std::max(code, bad > 0 ? int{kFindings} : int{kGood}));

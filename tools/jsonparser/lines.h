@@ -14,31 +14,27 @@ namespace tool {
 /// Lines that one thread converts at one go, at most.
 inline constexpr std::size_t kBatchLines = 64;
 
-struct LinesOptions {
-    std::size_t maximumLine = 1024UL * 1024;  ///< bytes of a line, without its end
-    unsigned jobs = 0;                        ///< threads; 0 is one for each core
-};
-
 /// Where a line is.
 struct LinePlace {
-    std::string_view file;
+    const std::string& file;
     std::size_t number;  ///< from 1
 };
 
-/// Converts one line, which has no line end and is not blank: appends a line to output, or says in findings why not.
-/// Called on many threads at once.
-using LineFunction = std::function<void(LinePlace place, std::string_view line, std::string& output,
-                                        std::vector<std::string>& findings)>;
+/// Converts one line, which has no line end and is not blank: appends a line to output, or lines that say why not to
+/// findings. Called on many threads at once.
+/// @return whether there was nothing to find
+using LineFunction =
+    std::function<bool(LinePlace place, std::string_view line, std::string& output, std::string& findings)>;
 
 /// Consecutive lines of a file, and what became of them.
 struct Batch {
-    std::string file;
+    std::string file;  ///< "-" is standard input
     std::size_t firstLine = 0;
     std::string text;       ///< whole lines with their ends, which the last line of a file may lack
     std::size_t bytes = 0;  ///< of input that this batch accounts for
 
-    std::string output;
-    std::vector<std::string> findings;
+    std::string output;         ///< for standard output
+    std::string findings;       ///< for standard error
     std::size_t lines = 0;      ///< that are not blank
     std::size_t bad = 0;        ///< of these
     bool isUnreadable = false;  ///< the file cannot be read, or not on from here; findings has the reason
@@ -83,8 +79,11 @@ void Convert(Batch& batch, const LineFunction& function);
 
 /// Converts all lines of the files ("-" is standard input), prints what they become to standard output, and complains
 /// about the bad ones, in their order.
+/// @param maximumLine bytes of a line, without its end
+/// @param jobs threads; 0 is one for each core
 /// @return the exit code
-int ConvertLines(const std::vector<std::string>& files, const LinesOptions& options, const LineFunction& function);
+int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine, unsigned jobs,
+                 const LineFunction& function);
 
 }  // namespace tool
 

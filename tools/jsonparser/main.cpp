@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <clocale>
-#include <csignal>
 #include <exception>
 #include <sstream>
 #include <string>
@@ -91,18 +90,29 @@ std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
                        tool::DidYouMean(word.substr(0, word.find('=')), names), see);
 }
 
-/// The options of commands that work line by line.
-CLI::Option* AddLinesOptions(CLI::App& command, bool& lines, tool::LinesOptions& options) {
+CLI::Option* AddReadingOptions(CLI::App& command, tool::ReadingOptions& reading) {
+    command.add_flag("--lenient", reading.lenient, "Take what the client's own reader takes: comments, text behind it");
+    command.add_option("--max-depth", reading.maximumDepth, "Arrays and objects inside each other")
+        ->check(CLI::Range(1, tool::kDeepestAllowed).description(""))
+        ->type_name("N")
+        ->capture_default_str();
+    return command.add_option("--max-size", reading.maximumSize, "Bytes of a document: 64MiB, 1MiB of one on a line")
+        ->transform(CLI::AsSizeValue(false).description(""))
+        ->check(CLI::Range(std::size_t{1}, tool::kLargestAllowed).description(""))  // - makes a number beyond it
+        ->type_name("SIZE");
+}
+
+/// The options of a command that works line by line, too.
+CLI::Option* AddLinesOptions(CLI::App& command, bool& lines, unsigned& jobs, tool::ReadingOptions& reading) {
+    const CLI::Option* size = AddReadingOptions(command, reading);
     CLI::Option* flag = command.add_flag("--lines", lines, "Read one document a line (NDJSON), print one a line");
-    command.add_option("--jobs", options.jobs, "Threads of --lines; as many as there are cores when not given")
+    command.add_option("--jobs", jobs, "Threads of --lines; as many as there are cores when not given")
         ->needs(flag)
         ->check(CLI::Range(1, 1024).description(""))
         ->type_name("N");
-    command.add_option("--max-line", options.maximumLine, "Bytes that a line of --lines may have")
-        ->needs(flag)
-        ->check(CLI::Range(1, 1 << 30).description(""))
-        ->type_name("BYTES")
-        ->capture_default_str();
+    command.parse_complete_callback([&lines, &reading, size] {
+        if (lines && size->count() == 0) reading.maximumSize = tool::kMaximumLine;
+    });
     return flag;
 }
 
@@ -130,7 +140,7 @@ int Run(int argc, char** argv) {
     decodeCommand->add_option("--at", decode.at, "JSON pointer to the record in each message")->type_name("POINTER");
     decodeCommand->add_flag("--json", decode.json, "Print the record as JSON");
     CLI::Option* hex = decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
-    AddLinesOptions(*decodeCommand, decode.lines, decode.perLine)->excludes(hex);
+    AddLinesOptions(*decodeCommand, decode.lines, decode.jobs, decode.reading)->excludes(hex);
 
     bool json = false;
     std::string record;
@@ -139,7 +149,7 @@ int Run(int argc, char** argv) {
         app.add_subcommand("encode", "Write a record, as decode --json prints it, into a message");
     encodeCommand->add_option("RECORD", encode.record, "Name of the record, or a part of it")->required();
     encodeCommand->add_option("FILE", encode.files, "Records in JSON; - or none reads standard input");
-    AddLinesOptions(*encodeCommand, encode.lines, encode.perLine);
+    AddLinesOptions(*encodeCommand, encode.lines, encode.jobs, encode.reading);
     CLI::App* recordsCommand = app.add_subcommand("records", "List the records");
     recordsCommand->add_flag("--json", json, "Print the list as JSON");
     CLI::App* fieldsCommand = app.add_subcommand("fields", "Show a record's layout");
@@ -203,8 +213,6 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
     // Texts follow the locale, numbers never do.
     std::setlocale(LC_CTYPE, "");
-    // A closed pipe ends the tool quietly, also where its parent has the signal ignored.
-    std::signal(SIGPIPE, SIG_DFL);
     try {
         return Run(argc, argv);
     } catch (const std::exception& error) {

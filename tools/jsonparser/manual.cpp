@@ -77,7 +77,9 @@ constexpr Example kExamples[] = {
     {"Messages of a live source, one a line, with a bad one among them:",
      R"(printf '[1, 2]\n[3]\n[5, 6]\n' | jsonparser decode VK_POINT --lines)",                                                                                       R"({"nx":1,"ny":2}
 {"nx":5,"ny":6}
-jsonparser: <stdin>:2: /: found an array of 1, expected a whole VK_POINT
+jsonparser: <stdin>:2:1: /: found an array of 1, expected a whole VK_POINT
+    2 | [3]
+      | ^
 jsonparser: 1 of 3 lines are bad
 )"   },
     {"Where the fields of a record are:",                                 "jsonparser fields VK_POINT",                                                              R"(VK_POINT (4 bytes)
@@ -238,13 +240,14 @@ These options may stand before the command and behind it:
     text += ArgumentList(tool, false);
     text += ".Sh COMMANDS\n" + CommandSections(tool);
     text += R"(.Sh FINDINGS
-What is wrong with a message goes to standard error, each finding on a line of its own:
+What is wrong with a message goes to standard error, each finding on a line of its own, and below it the line of the
+document around the place:
 .Pp
 .D1 jsonparser : Ar file : Ns Ar line : Ns Ar column : Ar path : found Ar what , expected Ar what
 .Pp
 .Ar path
 is the JSON pointer to the value, / for the document itself.
-Line and column are left out where a document as a whole is meant, the column also where a line is.
+Line and column count from 1, columns in characters; they are left out where a document as a whole is meant.
 All findings of a run are printed, and so are the results of the messages that have none.
 .Pp
 Progress, with rate and time left, is shown after a second where standard error is a terminal and standard output is

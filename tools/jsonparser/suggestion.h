@@ -8,7 +8,7 @@
 
 namespace tool {
 
-/// What a complaint about word ends with: "; did you mean NAME?" of the nearest name, nothing when none is near.
+/// What a complaint about word ends with: ; did you mean "NAME"? of the nearest name, nothing when none is near.
 std::string DidYouMean(std::string_view word, const std::vector<std::string>& names);
 
 }  // namespace tool
