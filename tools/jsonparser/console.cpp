@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "commands.h"
+#include "style.h"
 
 namespace tool {
 namespace {
@@ -19,12 +20,14 @@ void NoteError(bool succeeded) {
 
 void Print(const std::string& text) { NoteError(std::fwrite(text.data(), 1, text.size(), stdout) == text.size()); }
 
-void Complain(const std::string& line) { std::fprintf(stderr, "jsonparser: %s\n", line.c_str()); }
+void Complain(const std::string& line) {
+    std::fprintf(stderr, "%s %s\n", StyleOf(stderr)(Style::kError, "jsonparser:").c_str(), line.c_str());
+}
 
 void PrintFindings(const std::string& file, std::string_view text, const std::vector<Finding>& findings) {
     if (findings.empty()) return;
     NoteError(std::fflush(stdout) == 0);
-    const std::string lines = Described(file, text, findings);
+    const std::string lines = Described(file, text, findings, StyleOf(stderr));
     std::fwrite(lines.data(), 1, lines.size(), stderr);
 }
 

@@ -2,8 +2,11 @@
 #include <clocale>
 #include <exception>
 #include <iostream>
+#include <string>
+#include <vector>
 
 #include "commands.h"
+#include "style.h"
 
 namespace {
 
@@ -23,6 +26,17 @@ int Run(int argc, char** argv) {
     app.set_version_flag("--version", "jsonparser " JSONPARSER_VERSION);
     app.require_subcommand(1);
     app.footer("Exit codes: 0 good, 1 findings, 2 usage, 3 cannot read or write.");
+
+    const auto setColor = [](const std::string& when) {
+        tool::SetColor(when == "always"  ? tool::ColorWhen::kAlways
+                       : when == "never" ? tool::ColorWhen::kNever
+                                         : tool::ColorWhen::kAuto);
+    };
+    app.add_option_function<std::string>("--color", setColor, "Colour what is printed; auto does so on a terminal")
+        ->check(CLI::IsMember({"auto", "always", "never"}))
+        ->trigger_on_parse()
+        ->type_name("WHEN");
+    app.fallthrough();  // the tool's own options may stand behind the command as well
 
     tool::DecodeOptions decode;
     CLI::App* decodeCommand = app.add_subcommand("decode", "Read a record from each message and print it");
@@ -61,7 +75,8 @@ int Run(int argc, char** argv) {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) return app.exit(error);
-        std::cerr << "jsonparser: " << error.what() << " (see: jsonparser --help)\n";
+        std::cerr << tool::StyleOf(stderr)(tool::Style::kError, "jsonparser:") << ' ' << error.what()
+                  << " (see: jsonparser --help)\n";
         return tool::kUsage;
     }
     if (decodeCommand->parsed()) return tool::Decode(decode);
