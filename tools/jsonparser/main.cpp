@@ -10,6 +10,17 @@
 
 namespace {
 
+void AddReadingOptions(CLI::App& command, tool::ReadingOptions& reading) {
+    command.add_flag("--lenient", reading.lenient, "Take what the client's own reader takes: comments, text behind it");
+    command.add_option("--max-depth", reading.maximumDepth, "Arrays and objects inside each other")
+        ->check(CLI::Range(1, tool::kDeepestAllowed))
+        ->capture_default_str();
+    command.add_option("--max-size", reading.maximumSize, "Bytes of a document; 64MiB")
+        ->transform(CLI::AsSizeValue(false))
+        ->check(CLI::Range(std::size_t{1}, tool::kLargestAllowed))  // a minus sign makes a number beyond it
+        ->type_name("SIZE");
+}
+
 int Run(int argc, char** argv) {
     CLI::App app("Shows what the JsonParser library makes of device messages.", "jsonparser");
     app.set_version_flag("--version", "jsonparser " JSONPARSER_VERSION);
@@ -34,14 +45,16 @@ int Run(int argc, char** argv) {
     decodeCommand->add_option("--at", decode.at, "JSON pointer to the record in each message")->type_name("POINTER");
     decodeCommand->add_flag("--json", decode.json, "Print the record as JSON");
     decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
+    AddReadingOptions(*decodeCommand, decode.reading);
 
     bool json = false;
     std::string record;
-    std::vector<std::string> files;
+    tool::EncodeOptions encode;
     CLI::App* encodeCommand =
         app.add_subcommand("encode", "Write a record, as decode --json prints it, into a message");
-    encodeCommand->add_option("RECORD", record, "Name of the record, or a part of it")->required();
-    encodeCommand->add_option("FILE", files, "Records in JSON; - or none reads standard input");
+    encodeCommand->add_option("RECORD", encode.record, "Name of the record, or a part of it")->required();
+    encodeCommand->add_option("FILE", encode.files, "Records in JSON; - or none reads standard input");
+    AddReadingOptions(*encodeCommand, encode.reading);
     CLI::App* recordsCommand = app.add_subcommand("records", "List the records");
     recordsCommand->add_flag("--json", json, "Print the list as JSON");
     CLI::App* fieldsCommand = app.add_subcommand("fields", "Show a record's layout");
@@ -67,7 +80,7 @@ int Run(int argc, char** argv) {
         return tool::kUsage;
     }
     if (decodeCommand->parsed()) return tool::Decode(decode);
-    if (encodeCommand->parsed()) return tool::Encode(record, files);
+    if (encodeCommand->parsed()) return tool::Encode(encode);
     if (recordsCommand->parsed()) return tool::ListRecords(json);
     if (keywordsCommand->parsed()) return tool::ListKeywords(table, json);
     if (errorCommand->parsed()) return tool::MapErrorCode(code, json);

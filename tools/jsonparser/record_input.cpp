@@ -9,8 +9,10 @@
 #include <optional>
 #include <string_view>
 
-#include "input.h"
+#include "strict_reader.h"
+#include "utf8.h"
 #include "vkprotocolstack/support/support.h"
+#include "vkprotocolstack/wire/nearest.h"
 
 namespace tool {
 namespace {
@@ -60,15 +62,19 @@ std::optional<Real> RealOf(const Json::Value& value) {
 
 class RecordReader {
   public:
-    RecordReader(RecordBuffer& buffer, std::vector<std::string>& findings) : buffer_(buffer), findings_(findings) {}
+    RecordReader(std::string_view document, RecordBuffer& buffer, std::vector<Finding>& findings)
+        : document_(document), buffer_(buffer), findings_(findings) {}
 
     void read(const Json::Value& form, const RecordLayout& layout, unsigned char* record, const std::string& path) {
         if (!form.isObject()) return find(path, form, fmt::format("an object with the fields of {}", layout.name));
         for (const std::string& name : form.getMemberNames()) {
-            const std::string place = fmt::format("{}/{}", path, name);
+            const std::string place = path + PointerStep(name);
             const Field* field = fieldNamed(layout, name);
             if (field == nullptr) {
-                find(place, form[name], fmt::format("a field of {}", layout.name));
+                findings_.push_back({NameOffset(document_, static_cast<std::size_t>(form[name].getOffsetStart())),
+                                     place,
+                                     fmt::format("found {}, expected a field of {}{}", QuotedText(name), layout.name,
+                                                 Proposal(layout, name))});
             } else {
                 readField(form[name], layout, record, *field, place);
             }
@@ -83,9 +89,18 @@ class RecordReader {
         return nullptr;
     }
 
+    /// The field that the user may have meant.
+    static std::string Proposal(const RecordLayout& layout, const std::string& name) {
+        std::vector<std::string_view> fields;
+        for (const Field& field : layout) {
+            if (field.kind != FieldKind::Reserved) fields.emplace_back(field.name);
+        }
+        const auto near = jsonparser::Nearest(name, fields);
+        return near ? fmt::format("; did you mean {}?", *near) : "";
+    }
+
     void find(const std::string& path, const Json::Value& found, const std::string& expected) {
-        findings_.push_back(
-            fmt::format("{}: found {}, expected {}", path.empty() ? "/" : path, Shown(found), expected));
+        findings_.push_back(Unexpected(found, path, expected));
     }
 
     void readField(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
@@ -200,15 +215,17 @@ class RecordReader {
         store(owned, bytes);
     }
 
+    std::string_view document_;
     RecordBuffer& buffer_;
-    std::vector<std::string>& findings_;
+    std::vector<Finding>& findings_;
 };
 
 }  // namespace
 
-bool ReadRecord(const Json::Value& form, RecordBuffer& record, std::vector<std::string>& findings) {
+bool ReadRecord(const Json::Value& form, std::string_view document, RecordBuffer& record,
+                std::vector<Finding>& findings) {
     const std::size_t before = findings.size();
-    RecordReader(record, findings).read(form, record.layout(), record.bytes(), "");
+    RecordReader(document, record, findings).read(form, record.layout(), record.bytes(), "");
     return findings.size() == before;
 }
 
