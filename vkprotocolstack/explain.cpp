@@ -12,6 +12,7 @@
 
 #include "vkprotocolstack/wire/nearest.h"
 #include "vkprotocolstack/wire/observer.h"
+#include "vkprotocolstack/wire/report.h"
 
 namespace jsonparser {
 namespace {
@@ -53,6 +54,7 @@ std::string Shown(const Json::Value& value) {
     Json::StreamWriterBuilder builder;
     builder["indentation"] = "";
     builder["emitUTF8"] = true;
+    if (value.type() == Json::realValue) return Digits(value.asDouble());
     if (!value.isString()) return Json::writeString(builder, value);
     const char* begin = nullptr;
     const char* end = nullptr;
@@ -117,7 +119,8 @@ class Account : public Observer {
             if (isBareRoot && !IsFinding(row.reading.outcome)) continue;
             explanation.readings.push_back(std::move(row.reading));
         }
-        if (seen_.empty()) {
+        keepWords(explanation);
+        if (rows_.empty()) {
             addUnread(explanation, "", message_, "");
         } else {
             addUnreadBelow(explanation, "", message_);
@@ -141,8 +144,6 @@ class Account : public Observer {
         bool converted = false;          ///< read as a whole
         bool byIndex = false;            ///< elements were looked up
         std::vector<std::string> names;  ///< of members that were looked up, in order
-
-        bool passed() const { return byIndex || !names.empty(); }
     };
 
     /// The value in the message at the end of a trail; null when there is none.
@@ -175,7 +176,7 @@ class Account : public Observer {
         if (trail == nullptr || rowOfTrail_.contains(trail)) return;
         addAncestors(trail->parent());
         const Json::Value* value = valueAt(*trail);
-        if (IsPresent(value)) rows_[rowOf(*trail, value)].onlyPassed = true;
+        if (value != nullptr) rows_[rowOf(*trail, value)].onlyPassed = true;
     }
 
     void followTrails() {
@@ -231,6 +232,20 @@ class Account : public Observer {
         become(Outcome::kLeft, "only tested", "");
     }
 
+    /// A text that is no keyword, but that another field takes as it is, is none on purpose.
+    static void keepWords(Explanation& explanation) {
+        for (Reading& reading : explanation.readings) {
+            if (reading.outcome != Outcome::kUnknownKeyword) continue;
+            for (const Reading& other : explanation.readings) {
+                if (other.outcome != Outcome::kKept || other.path != reading.path) continue;
+                reading.outcome = Outcome::kDefault;
+                reading.remark = "no keyword, kept as a text";
+                reading.expected.clear();
+                break;
+            }
+        }
+    }
+
     void addUnread(Explanation& explanation, std::string path, const Json::Value& value, std::string_view hint,
                    std::string_view what = "nothing reads this") {
         std::string remark(what);
@@ -242,9 +257,11 @@ class Account : public Observer {
 
     void addUnreadBelow(Explanation& explanation, const std::string& path, const Json::Value& value) {
         const auto found = seen_.find(path);
-        if (found == seen_.end() || found->second.converted || !found->second.passed()) return;
-        if (value.isObject()) addUnreadMembers(explanation, path, value, found->second);
-        if (value.isArray()) addUnreadElements(explanation, path, value);
+        if (found == seen_.end() || found->second.converted) return;
+        // A container of the wrong type is one finding, not one for each of its members.
+        const Seen& seen = found->second;
+        if (value.isObject() && !seen.names.empty()) addUnreadMembers(explanation, path, value, seen);
+        if (value.isArray() && seen.byIndex) addUnreadElements(explanation, path, value);
     }
 
     void addUnreadMembers(Explanation& explanation, const std::string& path, const Json::Value& object,
@@ -261,10 +278,10 @@ class Account : public Observer {
             const std::string memberPath = path + PointerStep(name);
             if (seen_.contains(memberPath)) {
                 addUnreadBelow(explanation, memberPath, object[name]);
-            } else if (const auto nearest = Nearest(name, missing)) {
-                addUnread(explanation, memberPath, object[name], *nearest);
             } else {
-                addUnread(explanation, memberPath, object[name], placeOf(name));
+                std::string hint = placeOf(name);
+                if (hint.empty()) hint = Nearest(name, missing).value_or("");
+                addUnread(explanation, memberPath, object[name], hint);
             }
         }
     }

@@ -312,11 +312,11 @@ TEST(Observer, SeesNumbersBeyondAllLimits) {
     value.append(-0.0);
     EXPECT_EQ(Observed(value, read), R"( | array | size | [3]
 /0 | real | double | [1e+308]
-/0 | real | float | [1e+9999] beyond the range of the field
+/0 | real | float | [inf] beyond the range of the field
 /0 | real | double, cut to 64-bit integer | [9223372036854775807] beyond the range, the nearest limit taken
  | array | size | [3]
-/1 | real | double | [null]
-/1 | real | float | [null]
+/1 | real | double | [nan]
+/1 | real | float | [nan]
 /1 | real | double, cut to 64-bit integer | [0] not a number, read as 0
  | array | size | [3]
 /2 | real | double | [-0.0]

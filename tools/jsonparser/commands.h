@@ -17,6 +17,15 @@ struct DecodeOptions {
     std::string at;                  ///< JSON pointer to the record in each document
     bool json = false;
     bool hex = false;
+    bool strict = false;  ///< what the record has otherwise than the message is a finding
+    ReadingOptions reading;
+};
+
+struct ExplainOptions {
+    std::string record;
+    std::string file = "-";  ///< "-" is standard input
+    std::string at;          ///< JSON pointer to the record in the document
+    bool json = false;
     ReadingOptions reading;
 };
 
@@ -27,6 +36,7 @@ struct EncodeOptions {
 };
 
 int Decode(const DecodeOptions& options);
+int Explain(const ExplainOptions& options);
 int Encode(const EncodeOptions& options);
 int ListRecords(bool json);
 /// One vocabulary, or all of them.

@@ -8,6 +8,7 @@
 
 #include "console.h"
 #include "document.h"
+#include "explain.h"
 #include "finding.h"
 #include "record_buffer.h"
 #include "record_form.h"
@@ -22,7 +23,15 @@ int DecodeFile(const CatalogueEntry& entry, const std::string& file, const Decod
         file, options.at, options.reading, [&](const Document& document, std::vector<Finding>& findings) {
             RecordBuffer record(*entry.layout);
             record.lendBuffers();
-            if (!entry.decode(document.node, record.bytes())) {
+            bool whole = false;
+            if (options.strict) {
+                const Explained explained = DecodeExplained(entry, document.node, record.bytes());
+                AddFindings(document, explained.explanation, findings);
+                whole = explained.whole || !findings.empty();  // which then say why it is not
+            } else {
+                whole = entry.decode(document.node, record.bytes());
+            }
+            if (!whole) {
                 findings.push_back(
                     Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
             }

@@ -3,9 +3,11 @@
 #include <json/writer.h>
 
 #include <algorithm>
+#include <charconv>
 #include <climits>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -29,12 +31,20 @@ std::string Quoted(std::string_view text) {
     return Json::writeString(builder, Json::Value(text.data(), text.data() + text.size()));
 }
 
+template <class Real>
+std::string DigitsOf(Real number) {
+    char buffer[64] = {};
+    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), number).ptr;
+    std::string digits(buffer, end);
+    return digits.find_first_of(".en") == digits.npos ? digits + ".0" : digits;
+}
+
 template <class Number>
 std::string Shown(Number number) {
     if constexpr (std::is_same_v<Number, bool>) {
         return number ? "true" : "false";
     } else if constexpr (std::is_floating_point_v<Number>) {
-        return Json::Value(number).asString();
+        return Digits(number);
     } else {
         return std::to_string(number);
     }
@@ -137,6 +147,9 @@ std::size_t RenderedSize(const Json::Value& value) {
 }
 
 }  // namespace
+
+std::string Digits(double number) { return DigitsOf(number); }
+std::string Digits(float number) { return DigitsOf(number); }
 
 std::string QuotedLocal(const char* text) {
     Json::Value value;

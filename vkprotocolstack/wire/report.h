@@ -68,6 +68,10 @@ class Report {
     const Json::Value* value_;
 };
 
+/// The shortest digits that read back as the same number, with a point or an exponent.
+std::string Digits(double number);
+std::string Digits(float number);
+
 /// Local text as a JSON text in UTF-8.
 std::string QuotedLocal(const char* text);
 
