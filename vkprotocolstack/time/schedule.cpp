@@ -56,9 +56,9 @@ template <class Section>
 bool SetJsonTimeSchedule(Json::Value& value, const Section* sections, int rows, int segments) {
     if (sections == nullptr || rows < 1 || segments < 1) return false;
     for (Json::ArrayIndex r = 0; r < static_cast<Json::ArrayIndex>(rows); ++r) {
-        Json::Value& row = Element(value, r);
+        Json::Value& texts = Element(value, r);
         for (Json::ArrayIndex s = 0; s < static_cast<Json::ArrayIndex>(segments); ++s) {
-            Put(row, s, Written(*sections++));
+            Put(texts, s, Written(*sections++));
         }
     }
     return true;
