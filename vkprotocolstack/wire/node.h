@@ -46,12 +46,12 @@ class Node {
     // ---- way down
     Node at(std::size_t index) const;
     /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
-    /// for each.
+    /// for each, and reports none of its own.
     /// @return whether it never did
     template <class Visit>
     bool forElements(std::size_t most, Visit visit) const {
         std::size_t index = 0;
-        return place_.forElements(std::min(size(), most), [&](Place element) {
+        return place_.forElements(std::min(place_.size(), most), [&](Place element) {
             const Node node(element, trail_ == nullptr ? nullptr : trail_->element(index));
             return visit(node, index++);
         });
