@@ -18,12 +18,16 @@ struct DecodeOptions {
     bool json = false;
     bool hex = false;
     ReadingOptions reading;
+    bool lines = false;  ///< one document a line in, one a line out
+    unsigned jobs = 0;   ///< threads for lines; 0 is one for each core
 };
 
 struct EncodeOptions {
     std::string record;
     std::vector<std::string> files;  ///< "-" is standard input; none means standard input
     ReadingOptions reading;
+    bool lines = false;  ///< one document a line in, one a line out
+    unsigned jobs = 0;   ///< threads for lines; 0 is one for each core
 };
 
 int Decode(const DecodeOptions& options);

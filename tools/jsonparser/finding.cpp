@@ -210,23 +210,24 @@ std::string FileName(const std::string& file) { return file == "-" ? "<stdin>" :
 Place PlaceOf(std::string_view text, std::size_t offset) { return PlaceFinder(text).find(offset); }
 
 std::string Described(const std::string& file, std::string_view text, std::vector<Finding> findings,
-                      const Styler& style) {
+                      std::size_t firstLine, const Styler& style) {
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& a, const Finding& b) { return a.offset < b.offset; });
     PlaceFinder finder(text);
+    const std::string lead = style(Style::kError, "jsonparser:");
     std::string all;
     const auto out = std::back_inserter(all);
     for (const Finding& finding : findings) {
-        all += style(Style::kError, "jsonparser:") + ' ';
         if (finding.offset == Finding::kNowhere) {
-            fmt::format_to(out, "{} {}\n", style(Style::kLocation, FileName(file) + ':'), finding.text);
+            fmt::format_to(out, "{} {} {}\n", lead, style(Style::kLocation, FileName(file) + ':'), finding.text);
             continue;
         }
         const auto [line, column] = finder.find(finding.offset);
-        const std::string place = fmt::format("{}:{}:{}: {}:", FileName(file), line, column,
+        const std::size_t number = firstLine + line - 1;
+        const std::string place = fmt::format("{}:{}:{}: {}:", FileName(file), number, column,
                                               finding.path.empty() ? "/" : Harmless(finding.path));
-        fmt::format_to(out, "{} {}\n", style(Style::kLocation, place), finding.text);
-        all += Excerpt(text, finder.lineBegin(), std::min(finding.offset, text.size()), line, style);
+        fmt::format_to(out, "{} {} {}\n", lead, style(Style::kLocation, place), finding.text);
+        all += Excerpt(text, finder.lineBegin(), std::min(finding.offset, text.size()), number, style);
     }
     return all;
 }

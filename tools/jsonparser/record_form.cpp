@@ -158,21 +158,25 @@ std::string InlineText(const RecordLayout& layout, const unsigned char* record) 
     return '{' + line + '}';
 }
 
-void AppendJson(std::string& out, const RecordLayout& layout, const unsigned char* record, std::size_t indent) {
+/// The record as JSON: a field a line, behind indent blanks; without indent all on one line, and no blanks.
+void AppendJson(std::string& out, const RecordLayout& layout, const unsigned char* record,
+                std::optional<std::size_t> indent) {
+    const std::string lead = indent ? fmt::format("\n{:{}}", "", *indent + 2) : "";
     out += '{';
-    const char* separator = "\n";
+    const char* comma = "";
     for (const Field& field : layout) {
         if (field.kind == FieldKind::Reserved) continue;
-        out += fmt::format("{}{:{}}\"{}\": ", separator, "", indent + 2, field.name);
-        separator = ",\n";
-        out += Elements(field, record + field.offset, ", ", [&](const unsigned char* bytes) {
+        fmt::format_to(std::back_inserter(out), "{}{}\"{}\":{}", comma, lead, field.name, indent ? " " : "");
+        comma = ",";
+        out += Elements(field, record + field.offset, indent ? ", " : ",", [&](const unsigned char* bytes) {
             if (field.kind != FieldKind::Record) return ScalarAsJson(layout, record, field, bytes);
             std::string nested;
-            AppendJson(nested, *field.record, bytes, indent + 2);
+            AppendJson(nested, *field.record, bytes, indent ? std::optional(*indent + 2) : std::nullopt);
             return nested;
         });
     }
-    out += fmt::format("\n{:{}}}}", "", indent);
+    if (indent) fmt::format_to(std::back_inserter(out), "\n{:{}}", "", *indent);
+    out += '}';
 }
 
 std::string TypeName(const Field& field) {
@@ -259,6 +263,11 @@ std::string RecordAsJson(const RecordLayout& layout, const void* record) {
     std::string out;
     AppendJson(out, layout, static_cast<const unsigned char*>(record), 0);
     return out + '\n';
+}
+
+void AppendRecordLine(std::string& out, const RecordLayout& layout, const void* record) {
+    AppendJson(out, layout, static_cast<const unsigned char*>(record), std::nullopt);
+    out += '\n';
 }
 
 std::string RecordAsHex(const RecordLayout& layout, const void* record) {

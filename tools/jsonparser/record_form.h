@@ -16,6 +16,9 @@ std::string RecordAsText(const vkrecords::RecordLayout& layout, const void* reco
 /// null. Reserved bytes are left out.
 std::string RecordAsJson(const vkrecords::RecordLayout& layout, const void* record);
 
+/// Appends what RecordAsJson prints on one line, without blanks.
+void AppendRecordLine(std::string& out, const vkrecords::RecordLayout& layout, const void* record);
+
 /// The record's bytes, sixteen a line, with the name of the field in which each line begins.
 std::string RecordAsHex(const vkrecords::RecordLayout& layout, const void* record);
 
