@@ -77,6 +77,9 @@ END
     encode tagFACERECOGNITION_PERSON_INFO <<<'{"wFacePicNum": 49}'
     [ "$status" -eq 1 ]
     [ "${stderr_lines[0]}" = 'jsonparser: <stdin>:1:17: /wFacePicNum: found 49, expected at most 48, the elements of stuFacePicInfo' ]
+    encode tagFACERECOGNITION_PERSON_INFO --lines <<<'{"wFacePicNum": 49}'
+    [ "$status" -eq 1 ]
+    [[ "$stderr" == *'found 49, expected at most 48, the elements of stuFacePicInfo'* ]]
     encode tagFACERECOGNITION_PERSON_INFO <<<'{"wFacePicNum": 48}'
     [ "$status" -eq 0 ]
     for count in 5 -1; do
