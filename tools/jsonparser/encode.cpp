@@ -23,7 +23,7 @@ namespace {
 int EncodeFile(const CatalogueEntry& entry, const std::string& file, const ReadingOptions& reading) {
     return WithDocument(file, "", reading, [&](const Document& document, std::vector<Finding>& findings) {
         RecordBuffer record(*entry.layout);
-        if (!ReadRecord(document.node, document.text, record, findings)) return;
+        if (!ReadRecordToWrite(document.node, document.text, record, findings)) return;
         Json::Value node;
         if (!entry.encode(record.bytes(), node)) {
             findings.push_back({0, "", fmt::format("found a {0}, expected one that can be written", entry.name)});

@@ -54,7 +54,7 @@ LineFunction EncodeLine(const CatalogueEntry& entry, const ReadingOptions& readi
     return WithLine(
         "", reading, [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
             RecordBuffer record(*entry.layout);
-            if (!ReadRecord(document.node, document.text, record, findings)) return;
+            if (!ReadRecordToWrite(document.node, document.text, record, findings)) return;
             Json::Value node;
             if (!entry.encode(record.bytes(), node)) {
                 findings.push_back({0, "", fmt::format("found a {}, expected one that can be written", entry.name)});
