@@ -12,6 +12,7 @@
 #include "finding.h"
 #include "input.h"
 #include "line_functions.h"
+#include "progress.h"
 #include "record_buffer.h"
 #include "record_input.h"
 #include "record_name.h"
@@ -48,8 +49,12 @@ int Encode(const EncodeOptions& options) {
     const std::vector<std::string> files = OrStandardInput(options.files);
     if (options.lines)
         return ConvertLines(files, options.reading.maximumSize, options.jobs, EncodeLine(*entry, options.reading));
+    Progress progress("files", TotalBytes(files));
     int code = kGood;
-    for (const std::string& file : files) code = std::max(code, EncodeFile(*entry, file, options.reading));
+    for (const std::string& file : files) {
+        code = std::max(code, EncodeFile(*entry, file, options.reading));
+        progress.advance(TotalBytes({file}).value_or(0), 1);
+    }
     return Flushed(code);
 }
 
