@@ -17,7 +17,7 @@ namespace {
 using jsonparser::Members;
 using jsonparser::NameList;
 using jsonparser::Node;
-using jsonparser::Resolve;
+using jsonparser::Place;
 using testing_tools::HostileValues;
 using testing_tools::Json;
 
@@ -25,12 +25,12 @@ constexpr NameList kNames{"Lane", "b", "", "B", "bb", "路", "\x7F", "\xFF", "La
 
 /// Expects that every name of the list is found where jsoncpp finds it.
 void ExpectLikeFind(const Json::Value& value) {
-    std::array<const Json::Value*, 10> found{};
-    Resolve(&value, kNames.names.data(), kNames.sorted.data(), kNames.names.size(), found.data());
+    std::array<Place, 10> found{};
+    Place(&value).members(kNames.names.data(), kNames.sorted.data(), kNames.names.size(), found.data());
     for (std::size_t i = 0; i < found.size(); ++i) {
         const std::string_view name = kNames.names[i];
         const Json::Value* expected = value.isObject() ? value.find(name.data(), name.data() + name.size()) : nullptr;
-        EXPECT_EQ(found[i], expected) << name << " in " << testing_tools::Text(value);
+        EXPECT_EQ(found[i].address(), expected) << name << " in " << testing_tools::Text(value);
     }
 }
 
@@ -80,10 +80,7 @@ TEST(Members, AreFoundAmongNamesBeforeBetweenBehindAndPrefixingThem) {
 
 TEST(Members, OfWhatIsNoObjectAreMissing) {
     for (const Json::Value& value : HostileValues()) ExpectLikeFind(value);
-    std::array<const Json::Value*, 10> found{};
-    Resolve(nullptr, kNames.names.data(), kNames.sorted.data(), kNames.names.size(), found.data());
-    EXPECT_EQ(found, (std::array<const Json::Value*, 10>{}));
-    const Members<kNames> in{Node(nullptr, nullptr)};
+    const Members<kNames> in{Node(Place(), nullptr)};
     EXPECT_FALSE(in["Lane"].isMember());
     EXPECT_FALSE(in[""].isMember());
 }
@@ -108,7 +105,7 @@ TEST(NameList, KeepsTheOrderAndSortsByBytes) {
     EXPECT_EQ(sorted, (std::vector<std::string_view>{"", "B", "La", "Lane", "Lanes", "b", "bb", "\x7F", "路", "\xFF"}));
 }
 
-TEST(Resolve, FindsInRandomObjectsWhatFindFinds) {
+TEST(Members, FindInRandomObjectsWhatFindFinds) {
     std::mt19937 random{20240105};  // NOLINT(cert-msc51-cpp): repeatable on purpose
     const auto below = [&](unsigned limit) { return static_cast<unsigned>(random()) % limit; };
     const auto name = [&] {
@@ -130,11 +127,11 @@ TEST(Resolve, FindsInRandomObjectsWhatFindFinds) {
         std::vector<std::size_t> sorted(names.size());
         std::iota(sorted.begin(), sorted.end(), std::size_t{0});
         std::sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) { return names[a] < names[b]; });
-        std::vector<const Json::Value*> found(names.size(), &object);
-        Resolve(&object, names.data(), sorted.data(), names.size(), found.data());
+        std::vector<Place> found(names.size(), Place(&object));
+        Place(&object).members(names.data(), sorted.data(), names.size(), found.data());
         for (std::size_t i = 0; i < names.size(); ++i) {
-            ASSERT_EQ(found[i], object.find(names[i].data(), names[i].data() + names[i].size()));
-            if (found[i] != nullptr) ++hits;
+            ASSERT_EQ(found[i].address(), object.find(names[i].data(), names[i].data() + names[i].size()));
+            if (found[i].exists()) ++hits;
         }
     }
     EXPECT_GT(hits, 10000U);

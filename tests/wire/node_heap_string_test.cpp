@@ -36,7 +36,7 @@ TEST(NodeHeapString, OfAnyValueThatIsNoTextIsEmpty) {
         ASSERT_NE(heap, nullptr);
         EXPECT_TRUE(value.isString() || heap[0] == '\0');
     }
-    const Heap missing(Node(nullptr, nullptr).heapString());
+    const Heap missing(Node(jsonparser::Place(), nullptr).heapString());
     EXPECT_STREQ(missing.get(), "");
 }
 
@@ -48,7 +48,7 @@ TEST(NodeHeapString, ReportsToTheObserver) {
     const jsonparser::ObserverScope scope(observer);
     const Json::Value text = "text";
     const Heap heap(Node(text).heapString());
-    EXPECT_EQ(observer.results, std::vector<std::string>{"text"});
+    EXPECT_EQ(observer.results, std::vector<std::string>{R"("text")"});
 }
 
 }  // namespace

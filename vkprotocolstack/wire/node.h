@@ -18,6 +18,7 @@
 #include "vkprotocolstack/wire/keywords.h"
 #include "vkprotocolstack/wire/names.h"
 #include "vkprotocolstack/wire/observer.h"
+#include "vkprotocolstack/wire/place.h"
 #include "vkprotocolstack/wire/scan.h"
 
 namespace jsonparser {
@@ -25,8 +26,8 @@ namespace jsonparser {
 class Node {
   public:
     /// The node that a converter was called with.
-    explicit Node(const Json::Value& root) : Node(&root, ObserverScope::Current()) {}
-    Node(const Json::Value* value, const Trail* trail) : value_(value), trail_(trail) {}
+    explicit Node(const Json::Value& root) : Node(Place(&root), ObserverScope::Current()) {}
+    Node(Place place, const Trail* trail) : place_(place), trail_(trail) {}
 
     // ---- tests
     /// Present: neither missing nor null.
@@ -91,7 +92,7 @@ class Node {
     template <class... Word>
     bool scan(std::string_view format, Signs signs, Word&... words) const {
         std::string storage;
-        const std::size_t converted = ScanInto(text(storage), format, signs, words...);
+        const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
         if (trail_ != nullptr) reportScan(format, converted, sizeof...(Word));
         return converted == sizeof...(Word);
     }
@@ -118,22 +119,18 @@ class Node {
     template <const auto& List>
     friend class Members;
 
-    /// The text; one that is not a text in the message is kept in storage.
-    std::string_view text(std::string& storage) const;
-    template <class Result>
-    Result reported(std::string_view operation, Result result) const;
-    int lookedUp(std::string_view operation, const Keyword* row, int otherwise) const;
-    int foundAt(std::string_view operation, std::ptrdiff_t index, std::size_t size, int otherwise) const;
-    void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
+    /// Only for who is observed.
+    class Report report() const;
+    [[gnu::cold]] void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
+    bool tested(std::string_view operation, bool passed) const;
+    template <class Number>
+    Number reported(std::string_view operation, Number result, int added = 0) const;
+    int lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise,
+                 bool isText = false) const;
 
-    const Json::Value* value_;  ///< null when missing
-    const Trail* trail_;        ///< null when nobody observes
+    Place place_;
+    [[no_unique_address]] TrailPointer trail_;  ///< null when nobody observes
 };
-
-/// Looks up names, given with their sorted order, in object's members at one go. What is missing, and everything when
-/// object is no object, becomes null.
-void Resolve(const Json::Value* object, const std::string_view* names, const std::size_t* sorted, std::size_t count,
-             const Json::Value** found);
 
 /// The members of an object that a converter names up front in List, resolved at one go. Asking for a name that is not
 /// on the list does not compile.
@@ -149,7 +146,7 @@ class Members {
     };
 
     explicit Members(Node object) : trail_(object.trail_) {
-        Resolve(object.value_, List.names.data(), List.sorted.data(), kCount, found_.data());
+        object.place_.members(List.names.data(), List.sorted.data(), kCount, found_.data());
     }
 
     Node operator[](Name name) const {
@@ -157,8 +154,8 @@ class Members {
     }
 
   private:
-    std::array<const Json::Value*, kCount> found_;
-    const Trail* trail_;
+    std::array<Place, kCount> found_;
+    [[no_unique_address]] TrailPointer trail_;
 };
 
 }  // namespace jsonparser
