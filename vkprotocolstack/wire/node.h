@@ -8,6 +8,7 @@
 
 #include <json/value.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -44,6 +45,17 @@ class Node {
 
     // ---- way down
     Node at(std::size_t index) const;
+    /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
+    /// for each, and reports none of its own.
+    /// @return whether it never did
+    template <class Visit>
+    bool forElements(std::size_t most, Visit visit) const {
+        std::size_t index = 0;
+        return place_.forElements(std::min(place_.size(), most), [&](Place element) {
+            const Node node(element, trail_ == nullptr ? nullptr : trail_->element(index));
+            return visit(node, index++);
+        });
+    }
     Node operator[](std::string_view name) const;
 
     // ---- numbers
@@ -90,10 +102,10 @@ class Node {
     /// Scans the text (see Scan) into the words of a record; those that do not convert are left as they were.
     /// @return whether all converted
     template <class... Word>
-    bool scan(std::string_view format, Signs signs, Word&... words) const {
+    [[gnu::always_inline]] bool scan(NumberFormat<sizeof...(Word)> format, Signs signs, Word&... words) const {
         std::string storage;
         const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
-        if (trail_ != nullptr) reportScan(format, converted, sizeof...(Word));
+        if (trail_ != nullptr) reportScan(format.text(), converted, sizeof...(Word));
         return converted == sizeof...(Word);
     }
     /// The code of the first row with exactly this text, or otherwise.
