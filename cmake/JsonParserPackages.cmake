@@ -61,6 +61,10 @@ jsonparser_package(dev libjsonparser-dev libdevel "message-body codec for networ
 string(APPEND CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libjsoncpp-dev (>= ${jsonparser_jsoncpp_least})")
 if(TARGET jsonparser_tool)
     jsonparser_package(tool jsonparser utils "command-line codec for messages of network video devices"
-                       "${about}This package has the command-line tool, which decodes and encodes messages.")
+                       "${about}This package has the command-line tool.")
+    # Debian has manual pages compressed.
+    install(CODE "file(GLOB pages \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_MANDIR}/man1/*.1)
+                  execute_process(COMMAND ${GZIP} -9nf \${pages} COMMAND_ERROR_IS_FATAL ANY)"
+            COMPONENT tool EXCLUDE_FROM_ALL)
 endif()
 include(CPack)
