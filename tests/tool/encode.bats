@@ -33,16 +33,18 @@ bats_require_minimum_version 1.5.0
         "$JSONPARSER" encode tagRANGE'
     [ "$status" -eq 1 ]
     [ "$output" = "" ]
-    [ "${#stderr_lines[@]}" -eq 4 ]
-    [ "${stderr_lines[0]}" = "jsonparser: <stdin>: /bHasStep: found 1, expected true or false" ]
-    [[ "${stderr_lines[3]}" == "jsonparser: <stdin>: /other: found 1, expected a field of tagRANGE" ]]
+    [ "${#stderr_lines[@]}" -eq 12 ]
+    [ "${stderr_lines[0]}" = 'jsonparser: <stdin>:1:10: /fMin: found 1e+300, expected a number in range, "NaN", "Infinity" or "-Infinity"' ]
+    [ "${stderr_lines[3]}" = 'jsonparser: <stdin>:1:17: /other: found "other", expected a field of tagRANGE' ]
+    [ "${stderr_lines[6]}" = "jsonparser: <stdin>:1:41: /bHasStep: found 1, expected true or false" ]
+    [ "${stderr_lines[9]}" = 'jsonparser: <stdin>:1:53: /fStep: found "x", expected a number in range, "NaN", "Infinity" or "-Infinity"' ]
 }
 
 @test "encode refuses numbers out of range" {
     for form in '{"dwYear": -1}' '{"dwYear": 4294967296}' '{"dwYear": 1.0}' '{"dwYear": "1"}' '{"dwYear": null}'; do
         run bash -c 'echo "$1" | "$JSONPARSER" encode tagNET_TIME_EX' _ "$form"
         [ "$status" -eq 1 ]
-        [[ "$output" == *"/dwYear: found "*", expected an integer from 0 to 4294967295" ]]
+        [[ "${lines[0]}" == *"<stdin>:1:12: /dwYear: found "*", expected an integer from 0 to 4294967295" ]]
     done
 }
 
@@ -55,5 +57,5 @@ bats_require_minimum_version 1.5.0
 @test "encode of what is no object says so" {
     run bash -c 'echo "[1]" | "$JSONPARSER" encode tagRANGE'
     [ "$status" -eq 1 ]
-    [ "$output" = 'jsonparser: <stdin>: /: found an array of 1, expected an object with the fields of tagRANGE' ]
+    [ "${lines[0]}" = 'jsonparser: <stdin>:1:1: /: found an array of 1, expected an object with the fields of tagRANGE' ]
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "input.h"
+
 namespace tool {
 
 enum ExitCode { kGood = 0, kFindings = 1, kUsage = 2, kCannotReadOrWrite = 3 };
@@ -15,10 +17,21 @@ struct DecodeOptions {
     std::string at;                  ///< JSON pointer to the record in each document
     bool json = false;
     bool hex = false;
+    ReadingOptions reading;
+    bool lines = false;  ///< one document a line in, one a line out
+    unsigned jobs = 0;   ///< threads for lines; 0 is one for each core
+};
+
+struct EncodeOptions {
+    std::string record;
+    std::vector<std::string> files;  ///< "-" is standard input; none means standard input
+    ReadingOptions reading;
+    bool lines = false;  ///< one document a line in, one a line out
+    unsigned jobs = 0;   ///< threads for lines; 0 is one for each core
 };
 
 int Decode(const DecodeOptions& options);
-int Encode(const std::string& record, const std::vector<std::string>& files);
+int Encode(const EncodeOptions& options);
 int ListRecords(bool json);
 /// One vocabulary, or all of them.
 int ListKeywords(const std::string& table, bool json);

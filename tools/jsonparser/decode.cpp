@@ -8,7 +8,8 @@
 
 #include "console.h"
 #include "document.h"
-#include "input.h"
+#include "finding.h"
+#include "line_functions.h"
 #include "record_buffer.h"
 #include "record_form.h"
 #include "record_name.h"
@@ -18,16 +19,18 @@ namespace {
 
 /// Prints the record that one message holds.
 int DecodeFile(const CatalogueEntry& entry, const std::string& file, const DecodeOptions& options) {
-    return WithDocument(file, options.at, [&](Json::Value& node, std::vector<std::string>& findings) {
-        RecordBuffer record(*entry.layout);
-        record.lendBuffers();
-        if (!entry.decode(node, record.bytes())) {
-            findings.push_back(fmt::format("{}: {}: found {}, expected a whole {}", FileName(file),
-                                           options.at.empty() ? "/" : options.at, Shown(node), entry.name));
-        }
-        Print(options.json ? RecordAsJson(*entry.layout, record.bytes()) : RecordAsText(*entry.layout, record.bytes()));
-        if (options.hex) Print(RecordAsHex(*entry.layout, record.bytes()));
-    });
+    return WithDocument(
+        file, options.at, options.reading, [&](const Document& document, std::vector<Finding>& findings) {
+            RecordBuffer record(*entry.layout);
+            record.lendBuffers();
+            if (!entry.decode(document.node, record.bytes())) {
+                findings.push_back(
+                    Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
+            }
+            Print(options.json ? RecordAsJson(*entry.layout, record.bytes())
+                               : RecordAsText(*entry.layout, record.bytes()));
+            if (options.hex) Print(RecordAsHex(*entry.layout, record.bytes()));
+        });
 }
 
 }  // namespace
@@ -40,6 +43,9 @@ int Decode(const DecodeOptions& options) {
         return kUsage;
     }
     const std::vector<std::string> files = OrStandardInput(options.files);
+    if (options.lines)
+        return ConvertLines(files, options.reading.maximumSize, options.jobs,
+                            DecodeLine(*entry, options.at, options.reading));
     int code = kGood;
     for (const std::string& file : files) {
         if (files.size() > 1 && !options.json) Print(fmt::format("== {}\n", file));

@@ -2,7 +2,6 @@
 
 #include "commands.h"
 #include "console.h"
-#include "input.h"
 
 namespace tool {
 
@@ -10,19 +9,19 @@ std::vector<std::string> OrStandardInput(const std::vector<std::string>& files) 
     return files.empty() ? std::vector<std::string>{"-"} : files;
 }
 
-int WithDocument(const std::string& file, const std::string& at,
-                 const std::function<void(Json::Value& node, std::vector<std::string>& findings)>& use) {
+int WithDocument(const std::string& file, const std::string& at, const ReadingOptions& options,
+                 const std::function<void(const Document& document, std::vector<Finding>& findings)>& use) {
     std::string text;
     std::string error;
-    if (!ReadFile(file, text, error)) {
+    if (!ReadFile(file, options.maximumSize, text, error)) {
         Complain(error);
         return kCannotReadOrWrite;
     }
-    std::vector<std::string> findings;
-    Json::Value document;
-    Json::Value* node = ParseDocument(file, text, document, findings) ? ValueAt(file, document, at, findings) : nullptr;
-    if (node != nullptr) use(*node, findings);
-    for (const std::string& finding : findings) Complain(finding);
+    std::vector<Finding> findings;
+    Json::Value root;
+    Json::Value* node = ParseDocument(text, options, root, findings) ? ValueAt(root, at, findings) : nullptr;
+    if (node != nullptr) use({text, *node, at}, findings);
+    PrintFindings(file, text, findings);
     return findings.empty() ? kGood : kFindings;
 }
 

@@ -9,7 +9,9 @@
 
 #include "console.h"
 #include "document.h"
+#include "finding.h"
 #include "input.h"
+#include "line_functions.h"
 #include "record_buffer.h"
 #include "record_input.h"
 #include "record_name.h"
@@ -18,19 +20,13 @@ namespace tool {
 namespace {
 
 /// Prints the message that one record, in the form in which decode prints it, becomes.
-int EncodeFile(const CatalogueEntry& entry, const std::string& file) {
-    return WithDocument(file, "", [&](const Json::Value& form, std::vector<std::string>& findings) {
+int EncodeFile(const CatalogueEntry& entry, const std::string& file, const ReadingOptions& reading) {
+    return WithDocument(file, "", reading, [&](const Document& document, std::vector<Finding>& findings) {
         RecordBuffer record(*entry.layout);
-        std::vector<std::string> inside;
-        if (!ReadRecord(form, record, inside)) {
-            for (const std::string& finding : inside)
-                findings.push_back(fmt::format("{}: {}", FileName(file), finding));
-            return;
-        }
+        if (!ReadRecord(document.node, document.text, record, findings)) return;
         Json::Value node;
         if (!entry.encode(record.bytes(), node)) {
-            findings.push_back(
-                fmt::format("{}: /: found a {} that the converter does not write", FileName(file), entry.name));
+            findings.push_back({0, "", fmt::format("found a {0}, expected one that can be written", entry.name)});
             return;
         }
         Json::StreamWriterBuilder builder;
@@ -42,15 +38,18 @@ int EncodeFile(const CatalogueEntry& entry, const std::string& file) {
 
 }  // namespace
 
-int Encode(const std::string& record, const std::vector<std::string>& files) {
-    const CatalogueEntry* entry = EntryOf(record);
+int Encode(const EncodeOptions& options) {
+    const CatalogueEntry* entry = EntryOf(options.record);
     if (entry == nullptr) return kUsage;
     if (entry->encode == nullptr) {
         Complain(fmt::format("{} is only read, there is nothing to encode", entry->name));
         return kUsage;
     }
+    const std::vector<std::string> files = OrStandardInput(options.files);
+    if (options.lines)
+        return ConvertLines(files, options.reading.maximumSize, options.jobs, EncodeLine(*entry, options.reading));
     int code = kGood;
-    for (const std::string& file : OrStandardInput(files)) code = std::max(code, EncodeFile(*entry, file));
+    for (const std::string& file : files) code = std::max(code, EncodeFile(*entry, file, options.reading));
     return Flushed(code);
 }
 

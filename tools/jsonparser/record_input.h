@@ -4,17 +4,20 @@
 
 #include <json/value.h>
 
-#include <string>
+#include <string_view>
 #include <vector>
 
+#include "finding.h"
 #include "record_buffer.h"
 
 namespace tool {
 
 /// Fills a cleared record. Fields that the form lacks stay zero; a field that the record lacks, a value that its field
-/// cannot hold, a text longer than its field, are findings, each beginning with the path: nothing is silently cut.
+/// cannot hold, a text longer than its field, are findings: nothing is silently cut.
+/// @param document the text that the offsets of form's values count in
 /// @return whether there were no findings
-bool ReadRecord(const Json::Value& form, RecordBuffer& record, std::vector<std::string>& findings);
+bool ReadRecord(const Json::Value& form, std::string_view document, RecordBuffer& record,
+                std::vector<Finding>& findings);
 
 }  // namespace tool
 

@@ -30,6 +30,13 @@ std::size_t CharacterLength(std::string_view text) {
     return 0;
 }
 
+char32_t CodePoint(std::string_view character) {
+    const auto lead = static_cast<unsigned char>(character.front());
+    char32_t number = character.size() == 1 ? lead : lead & (0x7FU >> character.size());
+    for (const char c : character.substr(1)) number = (number << 6U) | (static_cast<unsigned char>(c) & 0x3FU);
+    return number;
+}
+
 bool IsUtf8(std::string_view text) {
     while (!text.empty()) {
         const std::size_t length = CharacterLength(text);

@@ -11,6 +11,9 @@ namespace tool {
 /// Bytes of the well-formed character at the start of text, which is not empty; 0 when none begins there.
 std::size_t CharacterLength(std::string_view text);
 
+/// The number of a well-formed character.
+char32_t CodePoint(std::string_view character);
+
 bool IsUtf8(std::string_view text);
 
 /// text in quotes for people: what is no well-formed UTF-8 as \xNN, control characters and quotes escaped.
