@@ -231,7 +231,10 @@ MessageText::MessageText(std::string_view text, const MessageTextOptions& option
 
 MessageText::~MessageText() { const TextTape tape(entries_, capacity_); }
 
-bool MessageText::accepted() { return MessageReading::PlaceAt(at(""), nullptr).has_value(); }
+bool MessageText::accepted() {
+    if (state_ == State::Unread) MessageReading::PlaceAt(at(""), nullptr);
+    return state_ == State::Accepted;
+}
 
 const MessageTextError* MessageText::error() {
     static const MessageTextError noMemory{0, 1, 1, "out of memory"};
