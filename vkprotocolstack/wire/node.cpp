@@ -114,7 +114,7 @@ void Node::utf8To(char* field, int limit) const {
 }
 
 bool Node::stringTo(char* field, int size) const {
-    const bool isText = GetJsonString(place_.value(), field, size, true);
+    const bool isText = place_.stringTo(field, size);
     if (trail_ != nullptr) report().string(size, field);
     return isText;
 }
@@ -127,7 +127,7 @@ int Node::textSize(int limit) const {
 }
 
 void Node::renderTo(char* field, int size) const {
-    parseJsonNodeToStr(place_.value(), field, size);
+    place_.renderTo(field, size);
     if (trail_ != nullptr) report().rendered(size, field);
 }
 
@@ -183,7 +183,7 @@ int Node::lastIgnoringCase(Keywords table, int otherwise) const {
 
 int Node::stringFirstIgnoringCase(Keywords table, int otherwise) const {
     char word[64] = {};
-    GetJsonString(place_.value(), word, 64, true);
+    place_.stringTo(word, 64);
     const Keyword* row = FirstIgnoringCase(table, word);
     return lookedUp("string, size 64, keyword, ignoring case", table, row, otherwise, true);
 }
