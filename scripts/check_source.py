@@ -117,15 +117,69 @@ def check_capacities(report):
                                      "name the reason in scripts/check_source.py")
 
 
+# Public readers and writers that no command of the tool reaches -> why.
+NOT_IN_CATALOGUE = {
+    "parseUtf8JasonToAssic": "a text field of a capacity that only the caller knows; records with texts show it",
+    "packetAssicToUtf8Jason": "a text field of a capacity that only the caller knows; records with texts show it",
+    "JsonTimeEx::parse": "GetJsonTime of the same record is the same",
+    "JsonTimeEx::pack": "SetJsonTime of the same record is the same",
+    "GetTimeStructFromStr": "JsonTime::parse of the same record is the same",
+    "getTimeScheduleFromStr": "TimeSection::parse of the same record is the same",
+    "GetJsonTimeSchedule<Section>": "rows of a number that only the caller knows; the schedules show it",
+    "SetJsonTimeSchedule<Section>": "rows of a number that only the caller knows; the schedules show it",
+    "GetNetTimeByUTCTime": "reads no message",
+    "GetNetTimeByUTCTimeNew": "reads no message",
+    "GetUTCTimebyNetTime": "writes no message",
+    "GetUTCTimebyNetTimeNew": "writes no message",
+    "GetLocalTimebyNetTimeNew": "writes no message",
+    "ParseErrorCode(code)": "the command error",
+    "ReleaseTexts": "reads and writes no message",
+}
+
+
+def check_catalogue(report):
+    """The tool's catalogue has every public reader and writer, but for those named above."""
+    header = CORE / "JsonParser.h"
+    catalogue = without_comments((ROOT / "tools" / "jsonparser" / "catalogue.cpp").read_text())
+    records = set(re.findall(r"VK_RECORD\((\w+),", (ROOT / "include" / "vkrecords" / "fields.h").read_text()))
+    entries = re.split(r"\b(?:Reads|Writes|ReadsAndWrites|ReadsWord|ReadsText)(?:<(\w+)>)?\(", catalogue)
+    called = set()
+    for record, body in zip(entries[1::2], entries[2::2]):
+        called |= {(function, record) for function in re.findall(r"\b((?:\w+::)?\w+)\(", body)}
+    functions = {function for function, _ in called}
+    unused = set(NOT_IN_CATALOGUE)
+    holder, template = "", ""
+    for number, line in enumerate(without_comments(header.read_text()).split("\n"), 1):
+        if match := re.match(r"class (\w+) \{", line):
+            holder = f"{match[1]}::"
+        elif line == "};":
+            holder = ""
+        elif line.startswith("template"):
+            template = "<Section>" if "Section" in line else ""
+        if not (match := re.match(r"(?:VK_API|    static) [\w ]+?(\w+)\((.*)", line)):
+            continue
+        name = holder + match[1]
+        taken = records & set(re.findall(r"\w+", match[2]))
+        row = name + template * (not holder) + "(code)" * (name == "ParseErrorCode" and "deviceCode" in line)
+        template = ""
+        if row in NOT_IN_CATALOGUE:
+            unused.discard(row)
+        elif not all((name, record) in called for record in taken) or name not in functions:
+            report(header, number, f"{name} of {', '.join(taken) or 'a node'} is in no entry of the tool's catalogue; add "
+                                   "one, or name the reason in scripts/check_source.py")
+    for row in unused:
+        report(header, 1, f"has no {row}, which scripts/check_source.py says is not in the catalogue; take it off")
+
+
 def main():
     breaches = []
 
     def report(path, number, what):
         breaches.append(f"{path.relative_to(ROOT)}:{number}: {what}")
 
-    for check in (check_layers, check_reading, check_names, check_capacities):
+    for check in (check_layers, check_reading, check_names, check_capacities, check_catalogue):
         check(report)
-    print("\n".join(breaches) or "sources: layers, reading, names and capacities are in order")
+    print("\n".join(breaches) or "sources: layers, reading, names, capacities and catalogue are in order")
     return 1 if breaches else 0
 
 

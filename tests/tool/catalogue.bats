@@ -49,6 +49,66 @@ assert records["VK_POINT"] == {"name": "VK_POINT", "size": 4, "decode": True, "e
     done
 }
 
+@test "a mistyped command, option or record name is answered with the nearest one" {
+    nearest() {
+        run "$JSONPARSER" "${@:3}"
+        [ "$status" -eq 2 ]
+        [[ "$output" == "jsonparser: found \"$1\", expected "*"; did you mean \"$2\"? (see: jsonparser"* ]]
+    }
+    nearest decod decode decod VK_RECT
+    nearest Records records Records
+    nearest --jsn --json decode VK_RECT --jsn
+    nearest --colour --color records --colour always
+    nearest --colr=never --color --colr=never records
+    nearest --versoin --version --versoin
+    nearest VK_RECTS VK_RECT fields VK_RECTS
+    nearest vk_rcet VK_RECT decode vk_rcet
+    nearest trafficcra TRAFFICCAR fields trafficcra
+    nearest tagNET_GSP_INFO tagNET_GPS_INFO encode tagNET_GSP_INFO
+}
+
+@test "what is near to nothing is answered without a proposal" {
+    for arguments in frobnicate "decode VK_RECT --frobnicate" "fields Zzzzzzzz" "keywords Zzzzzzzz"; do
+        run "$JSONPARSER" $arguments
+        [ "$status" -eq 2 ]
+        [[ "$output" != *"did you mean"* ]]
+    done
+}
+
+@test "usage errors say what was found and what was expected" {
+    run "$JSONPARSER" frobnicate
+    [ "$output" = 'jsonparser: found "frobnicate", expected a command (see: jsonparser --help)' ]
+    run "$JSONPARSER" records extra
+    [ "$output" = 'jsonparser: found "extra", expected nothing more (see: jsonparser records --help)' ]
+    run "$JSONPARSER" decode VK_RECT --frobnicate
+    [ "$output" = 'jsonparser: found "--frobnicate", expected an option of jsonparser decode (see: jsonparser decode --help)' ]
+    run "$JSONPARSER" decode VK_RECT --json=3
+    [ "$status" -eq 2 ]
+}
+
+@test "records and keywords are coloured where that is wanted" {
+    run "$JSONPARSER" records --color always
+    [[ "${lines[0]}" == $'\e[36mVK_RECT                               \e[0m     32 bytes  decode, encode  '* ]]
+    [ "$(sed 's/\x1b\[[0-9;]*m//g' <<<"$output")" = "$("$JSONPARSER" records)" ]
+    run "$JSONPARSER" keywords VehicleSize --color always
+    [[ "${lines[0]}" == $'\e[1mVehicleSize\e[0m: size of '* ]]
+}
+
+@test "JSON is never coloured" {
+    for arguments in "records --json" "fields VK_RECT --json" "keywords VehicleSize --json" "error 0 --json"; do
+        run "$JSONPARSER" $arguments --color always
+        [ "$status" -eq 0 ]
+        [[ "$output" != *$'\e'* ]]
+    done
+}
+
+@test "fields --json is the whole layout" {
+    "$JSONPARSER" fields VK_POINT --json | python3 -c 'import json, sys
+assert json.load(sys.stdin) == {"record": "VK_POINT", "size": 4, "fields": [
+    {"name": "nx", "offset": 0, "size": 2, "type": "int16", "meaning": "horizontal coordinate"},
+    {"name": "ny", "offset": 2, "size": 2, "type": "int16", "meaning": "vertical coordinate"}]}'
+}
+
 @test "--help and --version are good" {
     run "$JSONPARSER" --help
     [ "$status" -eq 0 ]

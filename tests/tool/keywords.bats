@@ -42,3 +42,9 @@ assert len({t["name"].lower() for t in tables}) == len(tables) == 36
 assert all(t["rows"] and t["meaning"] for t in tables)
 assert sum(len(t["rows"]) for t in tables if t["name"] == "Resolution") == 120'
 }
+
+@test "a mistyped vocabulary is answered with the nearest one" {
+    run "$JSONPARSER" keywords VehicelSize
+    [ "$status" -eq 2 ]
+    [ "$output" = 'jsonparser: found "VehicelSize", expected the name of a vocabulary; did you mean "VehicleSize"? (see: jsonparser keywords)' ]
+}

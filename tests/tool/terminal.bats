@@ -77,3 +77,48 @@ on_terminal() {
     run "$JSONPARSER" records --color
     [ "$status" -eq 2 ]
 }
+
+# Runs a shell command with its errors on a terminal. Its output goes to a reader that begins to read after some seconds,
+# so that the run lasts as long.
+with_slow_reader() { on_terminal bash -c "$2 | (sleep $1; cat >/dev/null)"; }
+
+lines_file() { yes '[1, 2]' | head -n 200000 >"$BATS_TEST_TMPDIR/lines"; }
+
+@test "progress with share, rate and time left is shown after a second, and cleared at the end" {
+    lines_file
+    run with_slow_reader 1.5 "\"$JSONPARSER\" decode VK_POINT --lines \"$BATS_TEST_TMPDIR/lines\""
+    [[ "$output" =~ [0-9]+" %  "[0-9]+" lines, "[0-9.]+" "[kM]?B", "[0-9.]+" "[kM]?"B/s, 0:0"[0-9]" left" ]]
+    [[ "$output" == *$'\e[K' ]]
+}
+
+@test "progress of input whose size is not known has no time left" {
+    lines_file
+    run with_slow_reader 1.5 "cat \"$BATS_TEST_TMPDIR/lines\" | \"$JSONPARSER\" decode VK_POINT --lines"
+    [[ "$output" =~ [0-9]+" lines, "[0-9.]+" "[kM]?B", "[0-9.]+" "[kM]?"B/s" ]]
+    [[ "$output" != *left* ]]
+}
+
+@test "a finding does not run into the progress" {
+    lines_file
+    echo '[1]' >>"$BATS_TEST_TMPDIR/lines"
+    run with_slow_reader 1.5 "\"$JSONPARSER\" --color never decode VK_POINT --lines \"$BATS_TEST_TMPDIR/lines\""
+    [[ "$output" == *$'\e[K'"jsonparser: $BATS_TEST_TMPDIR/lines:200001:1: /: found "* ]]
+}
+
+@test "a run of less than a second shows no progress" {
+    yes '[1, 2]' | head -n 100 >"$BATS_TEST_TMPDIR/lines"
+    run with_slow_reader 0 "\"$JSONPARSER\" decode VK_POINT --lines \"$BATS_TEST_TMPDIR/lines\""
+    [ -z "$output" ]
+}
+
+@test "no progress where errors go to a file, output to a terminal, or the terminal is dumb" {
+    lines_file
+    run with_slow_reader 1.5 "\"$JSONPARSER\" decode VK_POINT --lines \"$BATS_TEST_TMPDIR/lines\" 2>\"$BATS_TEST_TMPDIR/errors\""
+    [ -z "$output" ]
+    [ ! -s "$BATS_TEST_TMPDIR/errors" ]
+    run on_terminal bash -c "(head -n 10 \"$BATS_TEST_TMPDIR/lines\"; sleep 1.2; echo '[1, 2]') |
+        \"$JSONPARSER\" decode VK_POINT --lines"
+    [ "$(sort -u <<<"$output")" = '{"nx":1,"ny":2}' ]
+    TERM_NAME=dumb run with_slow_reader 1.5 "\"$JSONPARSER\" decode VK_POINT --lines \"$BATS_TEST_TMPDIR/lines\""
+    [ -z "$output" ]
+}

@@ -1,8 +1,108 @@
 #include "catalogue.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "vkprotocolstack/JsonParser.h"
+
+namespace tool {
+
+// What converters of single nodes give, as records.
+
+struct Code {
+    int nCode;
+};
+
+struct Codes {
+    int nCount;
+    int nCodes[64];
+};
+
+struct State {
+    unsigned char byState;
+};
+
+struct LibraryCode {
+    unsigned int nCode;
+};
+
+struct Color {
+    unsigned int nColor;
+};
+
+struct Similarities {
+    unsigned char bySimilarities[8];
+};
+
+struct Microdegrees {
+    unsigned int nCoordinate;
+};
+
+struct Degrees {
+    double dbDegrees;
+};
+
+}  // namespace tool
+
+namespace vkrecords {
+
+template <>
+struct FieldsOf<tool::Code> {
+    static constexpr const char* name = "Code";
+    static constexpr Field list[] = {detail::MakeField<decltype(tool::Code::nCode), 0, 0>("nCode", "code of the word")};
+};
+
+template <>
+struct FieldsOf<tool::Codes> {
+    static constexpr const char* name = "Codes";
+    static constexpr Field list[] = {detail::MakeField<int, 0, 0>("nCount", "number of codes"),
+                                     detail::MakeField<int[64], offsetof(tool::Codes, nCodes), 4>(
+                                         "nCodes", "codes of the first 64 words without repeats")};
+};
+
+template <>
+struct FieldsOf<tool::State> {
+    static constexpr const char* name = "State";
+    static constexpr Field list[] = {
+        detail::MakeField<decltype(tool::State::byState), 0, 0>("byState", "code of the word")};
+};
+
+template <>
+struct FieldsOf<tool::LibraryCode> {
+    static constexpr const char* name = "LibraryCode";
+    static constexpr Field list[] = {
+        detail::MakeField<decltype(tool::LibraryCode::nCode), 0, 0>("nCode", "error code of the library")};
+};
+
+template <>
+struct FieldsOf<tool::Color> {
+    static constexpr const char* name = "Color";
+    static constexpr Field list[] = {
+        detail::MakeField<decltype(tool::Color::nColor), 0, 0>("nColor", "component i in bits 8i to 8i + 7")};
+};
+
+template <>
+struct FieldsOf<tool::Similarities> {
+    static constexpr const char* name = "Similarities";
+    static constexpr Field list[] = {detail::MakeField<decltype(tool::Similarities::bySimilarities), 0, 0>(
+        "bySimilarities", "to red, yellow, green, cyan, blue, purple, black, white")};
+};
+
+template <>
+struct FieldsOf<tool::Microdegrees> {
+    static constexpr const char* name = "Microdegrees";
+    static constexpr Field list[] = {
+        detail::MakeField<decltype(tool::Microdegrees::nCoordinate), 0, 0>("nCoordinate", "millionths of a degree")};
+};
+
+template <>
+struct FieldsOf<tool::Degrees> {
+    static constexpr const char* name = "Degrees";
+    static constexpr Field list[] = {detail::MakeField<decltype(tool::Degrees::dbDegrees), 0, 0>(
+        "dbDegrees", "read: millionths of a degree; written: degrees")};
+};
+
+}  // namespace vkrecords
 
 namespace tool {
 namespace {
@@ -33,6 +133,30 @@ constexpr CatalogueEntry ReadsAndWrites(std::string_view name, std::string_view 
     return entry;
 }
 
+/// The code of a word that leaves the code as it was when it is unknown: then there is no whole Code.
+template <class Read>
+constexpr CatalogueEntry ReadsWord(std::string_view name, std::string_view meaning, Read) {
+    return Reads<Code>(name, meaning, [](auto& node, auto& code) {
+        constexpr int kUnknown = -1;
+        int found = kUnknown;
+        Read{}(node, found);
+        if (found == kUnknown) return false;
+        code.nCode = found;
+        return true;
+    });
+}
+
+/// The code of a word whose function takes no node.
+template <class Read>
+constexpr CatalogueEntry ReadsText(std::string_view name, std::string_view meaning, Read) {
+    return Reads<Code>(name, meaning, [](auto& node, auto& code) {
+        if (!node.isString()) return false;
+        std::string word = node.asString();
+        code.nCode = Read{}(word);
+        return true;
+    });
+}
+
 constexpr CatalogueEntry kCatalogue[] = {
     // ---- foundation
     ReadsAndWrites<VK_RECT>(
@@ -51,6 +175,10 @@ constexpr CatalogueEntry kCatalogue[] = {
         "tagRANGE/float", "numeric range, written as reals",
         [](auto& node, auto& range) { return deserialize_range(node, range); },
         [](auto& node, auto& range) { return serialize_range_float(range, node); }),
+
+    ReadsAndWrites<Color>(
+        "Color", "colour of four components", [](auto& node, auto& color) { return GetJsonColor(node, color.nColor); },
+        [](auto& node, auto& color) { return SetJsonColor(node, color.nColor); }),
 
     // ---- time
     Reads<tagNET_TIME>("tagNET_TIME", "calendar time, 2024-01-05 09:30:00",
@@ -110,6 +238,25 @@ constexpr CatalogueEntry kCatalogue[] = {
                                  [](auto& node, auto& info) { return ParseTrafficStatInfo(node, &info) == 0; }),
     Reads<tagNET_TRAFFICFLOWSTATINFO>("tagNET_TRAFFICFLOWSTATINFO", "flow statistics of a lane, with queue and road",
                                       [](auto& node, auto& info) { return ParseTrafficStatInfoEx(node, &info) == 0; }),
+    ReadsWord("PlateColor", "colour of a number plate",
+              [](auto& node, int& code) { GetJsonPlateColorType(node, code); }),
+    ReadsWord("VehicleType", "kind of a vehicle", [](auto& node, int& code) { GetJsonVehicleType(node, code); }),
+    ReadsWord("VehicleColor", "body colour of a vehicle",
+              [](auto& node, int& code) { GetJsonVehicleColorType(node, code); }),
+    ReadsWord("PlateType", "kind of a number plate", [](auto& node, int& code) { GetJsonPlateType(node, code); }),
+    Reads<Code>("VehicleDataType", "whether a vehicle record is live: DataType of an object",
+                [](auto& node, auto& code) {
+                    tagEM_VEHICLE_DATA_TYPE type{};
+                    ParseVehicleDataType(node, type);
+                    code.nCode = type;
+                    return true;
+                }),
+    Reads<State>("StrobeState", "state of the strobe light",
+                 [](auto& node, auto& state) { return ParseStrobeState(node, state.byState); }),
+    Reads<State>("SeatBelt", "whether a seat belt is worn",
+                 [](auto& node, auto& state) { return ParseSeatBelt(node, state.byState); }),
+    ReadsText("SeatBelt/exact", "whether a seat belt is worn; upper and lower case differ",
+              [](auto& word) { return ParseSafeBeltStatue(word); }),
 
     // ---- analytics
     Reads<VK_MSG_OBJECT>("VK_MSG_OBJECT", "detected object, first generation",
@@ -127,6 +274,12 @@ constexpr CatalogueEntry kCatalogue[] = {
                                     [](auto& node, auto& face) { return ParseFaceAttributes(node, face); }),
     Reads<tagNET_BULLET_HOLES_INFO>("tagNET_BULLET_HOLES_INFO", "bullet hole of a target analysis",
                                     [](auto& node, auto& hole) { return ParseBulletHolesInfo(node, &hole) == 1; }),
+    ReadsText("ObjectAction", "what a detected object does", [](auto& word) { return ActionToInt(word.data()); }),
+    Reads<Similarities>("ColorSimilarity", "similarity to eight reference colours",
+                        [](auto& node, auto& colors) {
+                            ParseColorsimilar(node, colors.bySimilarities, sizeof colors.bySimilarities);
+                            return true;
+                        }),
 
     // ---- faces
     Reads<VK_PIC_INFO>("VK_PIC_INFO", "picture with a path of any length",
@@ -151,6 +304,10 @@ constexpr CatalogueEntry kCatalogue[] = {
                                             [](auto& node, auto& info) {
                                                 return ParseHumanTraitExtensionInfo(node, info);
                                             }),
+    ReadsAndWrites<Code>(
+        "FaceDBType", "type of a face database",
+        [](auto& node, auto& code) { return ParseFaceDBType(node, code.nCode); },
+        [](auto& node, auto& code) { return PacketFaceDBType(node, code.nCode); }),
 
     // ---- device status
     Reads<tagNET_GPS_INFO>("tagNET_GPS_INFO", "position report",
@@ -173,6 +330,34 @@ constexpr CatalogueEntry kCatalogue[] = {
                                     ParseSyncStateInfo(node, &info);
                                     return true;
                                 }),
+    ReadsAndWrites<Degrees>(
+        "Coordinate", "coordinate, [degrees, minutes, seconds]",
+        [](auto& node, auto& coordinate) {
+            coordinate.dbDegrees = TransLongitudetoDouble(node);
+            return true;
+        },
+        [](auto& node, auto& coordinate) {
+            TransLongitudeToJson(node, coordinate.dbDegrees);
+            return true;
+        }),
+    Reads<Microdegrees>("Coordinate/integer", "coordinate in single precision",
+                        [](auto& node, auto& coordinate) {
+                            coordinate.nCoordinate = TransLongitudetoUInt(node);
+                            return true;
+                        }),
+    Reads<LibraryCode>("ErrorCode", "error code of a reply: code of its member error",
+                       [](auto& node, auto& code) {
+                           code.nCode = ParseErrorCode(node);
+                           return true;
+                       }),
+    ReadsText("StorageError", "fault of a storage", [](auto& word) { return ParseStorageError(word); }),
+    ReadsText("RaidError", "fault of an array of disks", [](auto& word) { return ParseRaidError(word); }),
+    ReadsText("Resolution", "video resolution", [](auto& word) { return ParseResolutionString(word.c_str()); }),
+    Reads<Codes>("LogType", "kinds of logs",
+                 [](auto& node, auto& codes) {
+                     GetJsonLogType(node, codes.nCodes, static_cast<int>(std::size(codes.nCodes)), codes.nCount);
+                     return !node.isArray() || node.size() <= std::size(codes.nCodes);
+                 }),
 
     // ---- configuration
     ReadsAndWrites<VK_COMM_PROP>(
@@ -194,6 +379,13 @@ constexpr CatalogueEntry kCatalogue[] = {
                                             ParseTalkingCallerType(node, &info);
                                             return true;
                                         }),
+    Reads<Code>("MissionConfirm", "answer to a mission",
+                [](auto& node, auto& code) {
+                    tagNET_MISSION_CONFIRM_TYPE type{};
+                    const bool known = ParseConfirmAction(node, type) == 1;
+                    code.nCode = type;
+                    return known;
+                }),
 };
 
 }  // namespace

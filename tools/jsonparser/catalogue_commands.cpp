@@ -7,11 +7,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "catalogue.h"
 #include "console.h"
 #include "record_form.h"
 #include "record_name.h"
+#include "style.h"
+#include "suggestion.h"
 #include "utf8.h"
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/vocabulary.h"
@@ -20,7 +23,7 @@ namespace tool {
 namespace {
 
 std::string VocabularyAsText(const jsonparser::Vocabulary& vocabulary) {
-    std::string text = fmt::format("{}: {}\n", vocabulary.name, vocabulary.meaning);
+    std::string text = fmt::format("{}: {}\n", StyleOf(stdout)(Style::kHeading, vocabulary.name), vocabulary.meaning);
     for (const jsonparser::Keyword& row : vocabulary) text += fmt::format("{:6}  {}\n", row.code, QuotedText(row.text));
     return text;
 }
@@ -50,6 +53,7 @@ std::optional<unsigned> NumberOf32Bits(std::string_view text) {
 }  // namespace
 
 int ListRecords(bool json) {
+    const Styler style = StyleOf(stdout);
     const char* separator = "[\n";
     for (const CatalogueEntry& entry : Catalogue()) {
         const char* ways = entry.decode == nullptr ? "encode" : entry.encode == nullptr ? "decode" : "decode, encode";
@@ -59,7 +63,8 @@ int ListRecords(bool json) {
                               entry.encode != nullptr, QuotedJson(entry.meaning)));
             separator = ",\n";
         } else {
-            Print(fmt::format("{:38} {:6} bytes  {:14}  {}\n", entry.name, entry.layout->size, ways, entry.meaning));
+            Print(fmt::format("{} {:6} bytes  {:14}  {}\n", style(Style::kName, fmt::format("{:38}", entry.name)),
+                              entry.layout->size, ways, entry.meaning));
         }
     }
     if (json) Print("\n]\n");
@@ -75,8 +80,10 @@ int ListKeywords(const std::string& table, bool json) {
         all += json ? VocabularyAsJson(vocabulary, all.empty()) : VocabularyAsText(vocabulary);
     }
     if (!found) {
-        Complain(
-            fmt::format("found {}, expected the name of a vocabulary (see: jsonparser keywords)", QuotedText(table)));
+        std::vector<std::string> names;
+        for (const jsonparser::Vocabulary& vocabulary : jsonparser::Vocabularies()) names.emplace_back(vocabulary.name);
+        Complain(fmt::format("found {}, expected the name of a vocabulary{} (see: jsonparser keywords)",
+                             QuotedText(table), DidYouMean(table, names)));
         return kUsage;
     }
     Print(json ? fmt::format("[{}\n]\n", all) : all);

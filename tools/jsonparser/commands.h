@@ -19,6 +19,8 @@ struct DecodeOptions {
     bool hex = false;
     bool strict = false;  ///< what the record has otherwise than the message is a finding
     ReadingOptions reading;
+    bool lines = false;  ///< one document a line in, one a line out
+    unsigned jobs = 0;   ///< threads for lines; 0 is one for each core
 };
 
 struct ExplainOptions {
@@ -33,6 +35,8 @@ struct EncodeOptions {
     std::string record;
     std::vector<std::string> files;  ///< "-" is standard input; none means standard input
     ReadingOptions reading;
+    bool lines = false;  ///< one document a line in, one a line out
+    unsigned jobs = 0;   ///< threads for lines; 0 is one for each core
 };
 
 int Decode(const DecodeOptions& options);

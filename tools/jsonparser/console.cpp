@@ -1,5 +1,7 @@
 #include "console.h"
 
+#include <fmt/format.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -20,20 +22,26 @@ void NoteError(bool succeeded) {
 
 void Print(const std::string& text) { NoteError(std::fwrite(text.data(), 1, text.size(), stdout) == text.size()); }
 
-void Complain(const std::string& line) {
-    std::fprintf(stderr, "%s %s\n", StyleOf(stderr)(Style::kError, "jsonparser:").c_str(), line.c_str());
+std::string Complaint(std::string_view what) {
+    return fmt::format("{} {}\n", StyleOf(stderr)(Style::kError, "jsonparser:"), what);
 }
+
+void Complain(const std::string& line) { std::fputs(Complaint(line).c_str(), stderr); }
 
 void PrintFindings(const std::string& file, std::string_view text, const std::vector<Finding>& findings) {
     if (findings.empty()) return;
-    NoteError(std::fflush(stdout) == 0);
-    const std::string lines = Described(file, text, findings);
+    Flush();
+    const std::string lines = Described(file, text, findings, 1, StyleOf(stderr));
     std::fwrite(lines.data(), 1, lines.size(), stderr);
 }
 
-int Flushed(int code) {
+bool Flush() {
     NoteError(std::fflush(stdout) == 0);
-    if (writeError == 0) return code;
+    return writeError == 0;
+}
+
+int Flushed(int code) {
+    if (Flush()) return code;
     if (writeError != EPIPE) Complain(std::string("cannot write to standard output: ") + std::strerror(writeError));
     return kCannotReadOrWrite;
 }

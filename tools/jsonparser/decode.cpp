@@ -10,6 +10,7 @@
 #include "document.h"
 #include "explain.h"
 #include "finding.h"
+#include "line_functions.h"
 #include "record_buffer.h"
 #include "record_form.h"
 #include "record_name.h"
@@ -51,6 +52,9 @@ int Decode(const DecodeOptions& options) {
         return kUsage;
     }
     const std::vector<std::string> files = OrStandardInput(options.files);
+    if (options.lines)
+        return ConvertLines(files, options.reading.maximumSize, options.jobs,
+                            DecodeLine(*entry, options.at, options.reading));
     int code = kGood;
     for (const std::string& file : files) {
         if (files.size() > 1 && !options.json) Print(fmt::format("== {}\n", file));

@@ -11,6 +11,7 @@
 #include "document.h"
 #include "finding.h"
 #include "input.h"
+#include "line_functions.h"
 #include "record_buffer.h"
 #include "record_input.h"
 #include "record_name.h"
@@ -44,9 +45,11 @@ int Encode(const EncodeOptions& options) {
         Complain(fmt::format("{} is only read, there is nothing to encode", entry->name));
         return kUsage;
     }
+    const std::vector<std::string> files = OrStandardInput(options.files);
+    if (options.lines)
+        return ConvertLines(files, options.reading.maximumSize, options.jobs, EncodeLine(*entry, options.reading));
     int code = kGood;
-    for (const std::string& file : OrStandardInput(options.files))
-        code = std::max(code, EncodeFile(*entry, file, options.reading));
+    for (const std::string& file : files) code = std::max(code, EncodeFile(*entry, file, options.reading));
     return Flushed(code);
 }
 

@@ -105,7 +105,8 @@ Cell CellAt(std::string_view rest, std::size_t column, const Terminal& terminal)
 }
 
 /// The line that begins at lineBegin around offset, and a caret below the place.
-std::string Excerpt(std::string_view text, std::size_t lineBegin, std::size_t offset, std::size_t lineNumber) {
+std::string Excerpt(std::string_view text, std::size_t lineBegin, std::size_t offset, std::size_t lineNumber,
+                    const Styler& style) {
     static const Terminal kTerminal;
     // Only what can be in the window is looked at: a document may be one line of any length.
     constexpr std::size_t kMostBytes = 4 * kExcerptColumns;
@@ -139,7 +140,8 @@ std::string Excerpt(std::string_view text, std::size_t lineBegin, std::size_t of
     std::string line = moreBefore ? "..." : "";
     for (std::size_t i = first; i < last; ++i) line += cells[i].text;
     if (last < cells.size() || cutAtEnd) line += "...";
-    return fmt::format("{:5} | {}\n      | {:{}}^\n", lineNumber, line, "", before + (moreBefore ? 3 : 0));
+    return fmt::format("{} {}\n{} {:{}}{}\n", style(Style::kFaint, fmt::format("{:5} |", lineNumber)), line,
+                       style(Style::kFaint, "      |"), "", before + (moreBefore ? 3 : 0), style(Style::kError, "^"));
 }
 
 }  // namespace
@@ -207,21 +209,25 @@ std::string FileName(const std::string& file) { return file == "-" ? "<stdin>" :
 
 Place PlaceOf(std::string_view text, std::size_t offset) { return PlaceFinder(text).find(offset); }
 
-std::string Described(const std::string& file, std::string_view text, std::vector<Finding> findings) {
+std::string Described(const std::string& file, std::string_view text, std::vector<Finding> findings,
+                      std::size_t firstLine, const Styler& style) {
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& a, const Finding& b) { return a.offset < b.offset; });
     PlaceFinder finder(text);
+    const std::string lead = style(Style::kError, "jsonparser:");
     std::string all;
     const auto out = std::back_inserter(all);
     for (const Finding& finding : findings) {
         if (finding.offset == Finding::kNowhere) {
-            fmt::format_to(out, "jsonparser: {}: {}\n", FileName(file), finding.text);
+            fmt::format_to(out, "{} {} {}\n", lead, style(Style::kLocation, FileName(file) + ':'), finding.text);
             continue;
         }
         const auto [line, column] = finder.find(finding.offset);
-        fmt::format_to(out, "jsonparser: {}:{}:{}: {}: {}\n", FileName(file), line, column,
-                       finding.path.empty() ? "/" : Harmless(finding.path), finding.text);
-        all += Excerpt(text, finder.lineBegin(), std::min(finding.offset, text.size()), line);
+        const std::size_t number = firstLine + line - 1;
+        const std::string place = fmt::format("{}:{}:{}: {}:", FileName(file), number, column,
+                                              finding.path.empty() ? "/" : Harmless(finding.path));
+        fmt::format_to(out, "{} {} {}\n", lead, style(Style::kLocation, place), finding.text);
+        all += Excerpt(text, finder.lineBegin(), std::min(finding.offset, text.size()), number, style);
     }
     return all;
 }

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "style.h"
+
 namespace tool {
 
 struct Finding {
@@ -48,7 +50,9 @@ Place PlaceOf(std::string_view text, std::size_t offset);
 /// The findings about a document in the order of their places, each as file:line:column: path: found, expected, and
 /// below it the line of the document around the place with a caret. Lines end with a line end; none is longer than some
 /// 90 columns, but for what path, file and finding take. What a terminal would obey is escaped.
-std::string Described(const std::string& file, std::string_view text, std::vector<Finding> findings);
+/// @param firstLine the number of the text's first line
+std::string Described(const std::string& file, std::string_view text, std::vector<Finding> findings,
+                      std::size_t firstLine = 1, const Styler& style = Styler(false));
 
 }  // namespace tool
 

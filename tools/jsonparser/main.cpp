@@ -1,24 +1,119 @@
+#include <fmt/format.h>
+
 #include <CLI/CLI.hpp>
 #include <clocale>
 #include <exception>
-#include <iostream>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "commands.h"
+#include "completion.h"
+#include "console.h"
+#include "description.h"
+#include "manual.h"
 #include "style.h"
+#include "suggestion.h"
+#include "utf8.h"
 
 namespace {
 
-void AddReadingOptions(CLI::App& command, tool::ReadingOptions& reading) {
+bool IsFlag(const CLI::Option& option) { return option.get_items_expected_max() == 0; }
+
+std::vector<std::string> OptionNames(const CLI::Option& option) {
+    std::vector<std::string> names;
+    for (const std::string& name : option.get_snames()) names.push_back("-" + name);
+    for (const std::string& name : option.get_lnames()) names.push_back("--" + name);
+    return names;
+}
+
+tool::ArgumentDescription DescribeArgument(const CLI::Option& option) {
+    tool::ArgumentDescription argument;
+    argument.names = OptionNames(option);
+    argument.meaning = option.get_description();
+    argument.standard = option.get_default_str();
+    argument.isRequired = option.get_required();
+    argument.repeats = option.get_items_expected_max() > 1;
+    if (IsFlag(option)) return argument;
+
+    // The name of the type, and behind a colon the words of a choice in braces.
+    const std::string type = option.get_type_name();
+    const std::size_t colon = type.find(':');
+    argument.value = argument.isOption() ? type.substr(0, colon) : option.get_name(true);
+    if (colon != type.npos) {
+        argument.choices = CLI::detail::split(type.substr(colon + 2, type.size() - colon - 3), ',');
+        argument.kind = tool::ValueKind::kChoice;
+    } else {
+        argument.kind = argument.value == "RECORD"  ? tool::ValueKind::kRecord
+                        : argument.value == "TABLE" ? tool::ValueKind::kVocabulary
+                        : argument.value == "FILE"  ? tool::ValueKind::kFile
+                                                    : tool::ValueKind::kOther;
+    }
+    return argument;
+}
+
+tool::CommandDescription Describe(const CLI::App& app) {
+    tool::CommandDescription command;
+    command.name = app.get_name();
+    command.meaning = app.get_description();
+    for (const CLI::Option* option : app.get_options()) command.arguments.push_back(DescribeArgument(*option));
+    for (const CLI::App* below : app.get_subcommands([](const CLI::App*) { return true; })) {
+        command.commands.push_back(Describe(*below));
+    }
+    return command;
+}
+
+/// What is wrong with the command line: in CLI11's words, but for what it did not expect at all.
+std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> unexpected = app.remaining(true);
+    const std::vector<CLI::App*> parsed = app.get_subcommands();
+    const std::string command = parsed.empty() ? app.get_name() : app.get_name() + ' ' + parsed.front()->get_name();
+    const std::string see = fmt::format(" (see: {} --help)", command);
+    if (unexpected.empty()) return error.what() + see;
+
+    const std::string& word = unexpected.front();
+    std::vector<std::string> names;
+    std::string expected = "nothing more";
+    if (word.size() > 1 && word.starts_with('-')) {
+        expected = "an option of " + command;
+        for (const CLI::App* owner : {&app, parsed.empty() ? &app : static_cast<const CLI::App*>(parsed.front())}) {
+            for (const CLI::Option* option : owner->get_options()) {
+                for (std::string& name : OptionNames(*option)) names.push_back(std::move(name));
+            }
+        }
+    } else if (parsed.empty()) {
+        expected = "a command";
+        for (const tool::CommandDescription& below : Describe(app).commands) names.push_back(below.name);
+    }
+    return fmt::format("found {}, expected {}{}{}", tool::QuotedText(word), expected,
+                       tool::DidYouMean(word.substr(0, word.find('=')), names), see);
+}
+
+CLI::Option* AddReadingOptions(CLI::App& command, tool::ReadingOptions& reading) {
     command.add_flag("--lenient", reading.lenient, "Take what the client's own reader takes: comments, text behind it");
     command.add_option("--max-depth", reading.maximumDepth, "Arrays and objects inside each other")
-        ->check(CLI::Range(1, tool::kDeepestAllowed))
+        ->check(CLI::Range(1, tool::kDeepestAllowed).description(""))
+        ->type_name("N")
         ->capture_default_str();
-    command.add_option("--max-size", reading.maximumSize, "Bytes of a document; 64MiB")
-        ->transform(CLI::AsSizeValue(false))
-        ->check(CLI::Range(std::size_t{1}, tool::kLargestAllowed))  // a minus sign makes a number beyond it
+    return command.add_option("--max-size", reading.maximumSize, "Bytes of a document: 64MiB, 1MiB of one on a line")
+        ->transform(CLI::AsSizeValue(false).description(""))
+        ->check(CLI::Range(std::size_t{1}, tool::kLargestAllowed).description(""))  // - makes a number beyond it
         ->type_name("SIZE");
+}
+
+/// The options of a command that works line by line, too.
+CLI::Option* AddLinesOptions(CLI::App& command, bool& lines, unsigned& jobs, tool::ReadingOptions& reading) {
+    const CLI::Option* size = AddReadingOptions(command, reading);
+    CLI::Option* flag = command.add_flag("--lines", lines, "Read one document a line (NDJSON), print one a line");
+    command.add_option("--jobs", jobs, "Threads of --lines; as many as there are cores when not given")
+        ->needs(flag)
+        ->check(CLI::Range(1, 1024).description(""))
+        ->type_name("N");
+    command.parse_complete_callback([&lines, &reading, size] {
+        if (lines && size->count() == 0) reading.maximumSize = tool::kMaximumLine;
+    });
+    return flag;
 }
 
 int Run(int argc, char** argv) {
@@ -44,9 +139,10 @@ int Run(int argc, char** argv) {
     decodeCommand->add_option("FILE", decode.files, "Messages in JSON; - or none reads standard input");
     decodeCommand->add_option("--at", decode.at, "JSON pointer to the record in each message")->type_name("POINTER");
     decodeCommand->add_flag("--json", decode.json, "Print the record as JSON");
-    decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
-    decodeCommand->add_flag("--strict", decode.strict, "What the record has otherwise than the message is a finding");
-    AddReadingOptions(*decodeCommand, decode.reading);
+    CLI::Option* hex = decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
+    CLI::Option* strict = decodeCommand->add_flag("--strict", decode.strict,
+                                                  "What the record has otherwise than the message is a finding");
+    AddLinesOptions(*decodeCommand, decode.lines, decode.jobs, decode.reading)->excludes(hex)->excludes(strict);
 
     tool::ExplainOptions explain;
     CLI::App* explainCommand =
@@ -64,7 +160,7 @@ int Run(int argc, char** argv) {
         app.add_subcommand("encode", "Write a record, as decode --json prints it, into a message");
     encodeCommand->add_option("RECORD", encode.record, "Name of the record, or a part of it")->required();
     encodeCommand->add_option("FILE", encode.files, "Records in JSON; - or none reads standard input");
-    AddReadingOptions(*encodeCommand, encode.reading);
+    AddLinesOptions(*encodeCommand, encode.lines, encode.jobs, encode.reading);
     CLI::App* recordsCommand = app.add_subcommand("records", "List the records");
     recordsCommand->add_flag("--json", json, "Print the list as JSON");
     CLI::App* fieldsCommand = app.add_subcommand("fields", "Show a record's layout");
@@ -81,13 +177,31 @@ int Run(int argc, char** argv) {
         ->required();
     errorCommand->add_flag("--json", json, "Print both codes as JSON");
 
+    std::string shell;
+    CLI::App* completionCommand = app.add_subcommand("completion", "Print the script that completes the tool's words");
+    completionCommand->add_option("SHELL", shell, "Shell that the script is for")
+        ->required()
+        ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+    CLI::App* manCommand = app.add_subcommand("man", "Print the manual page, for mandoc or man -l");
+
+    for (CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
+        for (CLI::Option* option : command->get_options()) {
+            if (option->get_positional()) option->type_name("");
+            if (IsFlag(*option)) option->disable_flag_override();
+        }
+    }
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) return app.exit(error);
-        std::cerr << tool::StyleOf(stderr)(tool::Style::kError, "jsonparser:") << ' ' << error.what()
-                  << " (see: jsonparser --help)\n";
-        return tool::kUsage;
+        if (error.get_exit_code() != 0) {
+            tool::Complain(UsageError(app, error));
+            return tool::kUsage;
+        }
+        std::ostringstream help;
+        app.exit(error, help, help);
+        tool::Print(help.str());
+        return tool::Flushed(tool::kGood);
     }
     if (decodeCommand->parsed()) return tool::Decode(decode);
     if (explainCommand->parsed()) return tool::Explain(explain);
@@ -95,6 +209,14 @@ int Run(int argc, char** argv) {
     if (recordsCommand->parsed()) return tool::ListRecords(json);
     if (keywordsCommand->parsed()) return tool::ListKeywords(table, json);
     if (errorCommand->parsed()) return tool::MapErrorCode(code, json);
+    if (completionCommand->parsed()) {
+        tool::Print(tool::CompletionScript(shell, Describe(app)));
+        return tool::Flushed(tool::kGood);
+    }
+    if (manCommand->parsed()) {
+        tool::Print(tool::ManualPage(Describe(app)));
+        return tool::Flushed(tool::kGood);
+    }
     return tool::ListFields(record, json);
 }
 
@@ -106,7 +228,7 @@ int main(int argc, char** argv) {
     try {
         return Run(argc, argv);
     } catch (const std::exception& error) {
-        std::cerr << "jsonparser: " << error.what() << '\n';
+        tool::Complain(error.what());
         return tool::kCannotReadOrWrite;
     }
 }

@@ -12,16 +12,13 @@ using vkrecords::Field;
 using vkrecords::FieldKind;
 using vkrecords::RecordLayout;
 
-/// The most that a length field can say.
-constexpr std::size_t kMaximumLength = 255;
+}  // namespace
 
 const Field& LengthField(const RecordLayout& layout, const Field& field) {
     return *std::find_if(layout.begin(), layout.end(), [&field](const Field& candidate) {
         return std::string_view(candidate.name) == field.lengthField;
     });
 }
-
-}  // namespace
 
 RecordBuffer::RecordBuffer(const RecordLayout& layout)
     : layout_(layout), words_((layout.size + sizeof(std::uint64_t) - 1) / sizeof(std::uint64_t)) {}
@@ -43,10 +40,11 @@ void RecordBuffer::lendBuffers(const RecordLayout& layout, unsigned char* bytes)
 void RecordBuffer::lendText(const RecordLayout& layout, unsigned char* bytes, const Field& field,
                             std::string_view text) {
     std::vector<char>& buffer = lent_.emplace_back(text.begin(), text.end());
-    buffer.push_back('\0');
+    const std::size_t stated = std::min(text.size() + 1, kMaximumLength);
+    buffer.resize(std::max(text.size(), kMaximumLength) + 1);
     char* pointer = buffer.data();
     std::memcpy(bytes + field.offset, &pointer, sizeof pointer);
-    bytes[LengthField(layout, field).offset] = static_cast<unsigned char>(std::min(buffer.size(), kMaximumLength));
+    bytes[LengthField(layout, field).offset] = static_cast<unsigned char>(stated);
 }
 
 }  // namespace tool

@@ -12,6 +12,12 @@
 
 namespace tool {
 
+/// The most that the length field of a caller's buffer can say.
+inline constexpr std::size_t kMaximumLength = 255;
+
+/// The field with the size of a caller's buffer.
+const vkrecords::Field& LengthField(const vkrecords::RecordLayout& layout, const vkrecords::Field& field);
+
 /// A cleared record that releases its heap texts when it goes, and keeps the buffers that a record's caller lends it.
 class RecordBuffer {
   public:
@@ -26,8 +32,8 @@ class RecordBuffer {
     /// Lends a zeroed buffer to every field of the record that takes one, as large as its length field can say.
     void lendBuffers();
 
-    /// Lends the text, terminated, to a field of the record of that layout at bytes, and states its size in the length
-    /// field, as far as that can say.
+    /// Lends the text, zeros behind it as far as any length field can say, to a field of the record of that layout at
+    /// bytes. States in the length field the size of the text with a terminator, as far as that can say.
     void lendText(const vkrecords::RecordLayout& layout, unsigned char* bytes, const vkrecords::Field& field,
                   std::string_view text);
 

@@ -6,11 +6,13 @@
 #include <cmath>
 #include <cstring>
 #include <iterator>
+#include <optional>
 #include <string_view>
 #include <vector>
 
+#include "local_text.h"
+#include "record_buffer.h"
 #include "utf8.h"
-#include "vkprotocolstack/support/support.h"
 
 namespace tool {
 namespace {
@@ -41,6 +43,7 @@ std::string Digits(Real value) {
 
 template <class Real>
 std::string JsonDigits(Real value) {
+    if (value == 0 && std::signbit(value)) return "-0.0";  // readers take -0 for an integer
     return std::isfinite(value) ? Digits(value) : QuotedJson(Digits(value));
 }
 
@@ -49,18 +52,18 @@ std::string_view TextIn(const Field& field, const unsigned char* bytes) {
     return {text, strnlen(text, field.elementSize)};
 }
 
-const char* PointerIn(const unsigned char* bytes) { return Load<const char*>(bytes); }
-
-/// Local text as UTF-8, as far as it is valid in the local encoding.
-std::string ToUtf8(std::string_view local) {
-    std::vector<char> buffer(local.size() * 4 + 1);
-    Change_Assic_UTF8(local.data(), static_cast<int>(local.size()), buffer.data(), static_cast<int>(buffer.size()));
-    return buffer.data();
+/// The text that a pointer of the record points to; nothing when it is null. That in a caller's buffer ends with it.
+std::optional<std::string_view> PointedText(const RecordLayout& layout, const unsigned char* record, const Field& field,
+                                            const unsigned char* bytes) {
+    const char* text = Load<const char*>(bytes);
+    if (text == nullptr) return std::nullopt;
+    if (field.kind == FieldKind::HeapText) return std::string_view(text);
+    return std::string_view(text, strnlen(text, record[LengthField(layout, field).offset]));
 }
 
 std::string JsonText(std::string_view local) {
     const std::string text = ToUtf8(local);
-    if (IsUtf8(text)) return QuotedJson(text);
+    if (IsUtf8(text) && ToLocal(text) == local) return QuotedJson(text);
     std::string hex;
     for (const char byte : local) {
         fmt::format_to(std::back_inserter(hex), "{:02x}", static_cast<unsigned char>(byte));
@@ -68,7 +71,8 @@ std::string JsonText(std::string_view local) {
     return fmt::format(R"({{"hex": "{}"}})", hex);
 }
 
-std::string ScalarAsText(const Field& field, const unsigned char* bytes) {
+std::string ScalarAsText(const RecordLayout& layout, const unsigned char* record, const Field& field,
+                         const unsigned char* bytes) {
     switch (field.kind) {
         case FieldKind::Bool:
             return Load<unsigned char>(bytes) == 0 ? "false" : "true";
@@ -93,8 +97,10 @@ std::string ScalarAsText(const Field& field, const unsigned char* bytes) {
         case FieldKind::Text:
             return QuotedText(ToUtf8(TextIn(field, bytes)));
         case FieldKind::HeapText:
-        case FieldKind::CallerText:
-            return PointerIn(bytes) == nullptr ? "null" : QuotedText(ToUtf8(PointerIn(bytes)));
+        case FieldKind::CallerText: {
+            const auto text = PointedText(layout, record, field, bytes);
+            return text ? QuotedText(ToUtf8(*text)) : "null";
+        }
         case FieldKind::Record:
         case FieldKind::Reserved:
             break;
@@ -102,7 +108,8 @@ std::string ScalarAsText(const Field& field, const unsigned char* bytes) {
     return {};
 }
 
-std::string ScalarAsJson(const Field& field, const unsigned char* bytes) {
+std::string ScalarAsJson(const RecordLayout& layout, const unsigned char* record, const Field& field,
+                         const unsigned char* bytes) {
     switch (field.kind) {
         case FieldKind::Float:
             return JsonDigits(Load<float>(bytes));
@@ -111,10 +118,12 @@ std::string ScalarAsJson(const Field& field, const unsigned char* bytes) {
         case FieldKind::Text:
             return JsonText(TextIn(field, bytes));
         case FieldKind::HeapText:
-        case FieldKind::CallerText:
-            return PointerIn(bytes) == nullptr ? "null" : JsonText(PointerIn(bytes));
+        case FieldKind::CallerText: {
+            const auto text = PointedText(layout, record, field, bytes);
+            return text ? JsonText(*text) : "null";
+        }
         default:
-            return ScalarAsText(field, bytes);
+            return ScalarAsText(layout, record, field, bytes);
     }
 }
 
@@ -143,27 +152,31 @@ std::string InlineText(const RecordLayout& layout, const unsigned char* record) 
         if (!line.empty()) line += ", ";
         line += fmt::format("{} {}", field.name, Elements(field, record + field.offset, ", ", [&](const auto* bytes) {
                                 return field.kind == FieldKind::Record ? InlineText(*field.record, bytes)
-                                                                       : ScalarAsText(field, bytes);
+                                                                       : ScalarAsText(layout, record, field, bytes);
                             }));
     }
     return '{' + line + '}';
 }
 
-void AppendJson(std::string& out, const RecordLayout& layout, const unsigned char* record, std::size_t indent) {
+/// The record as JSON: a field a line, behind indent blanks; without indent all on one line, and no blanks.
+void AppendJson(std::string& out, const RecordLayout& layout, const unsigned char* record,
+                std::optional<std::size_t> indent) {
+    const std::string lead = indent ? fmt::format("\n{:{}}", "", *indent + 2) : "";
     out += '{';
-    const char* separator = "\n";
+    const char* comma = "";
     for (const Field& field : layout) {
         if (field.kind == FieldKind::Reserved) continue;
-        out += fmt::format("{}{:{}}\"{}\": ", separator, "", indent + 2, field.name);
-        separator = ",\n";
-        out += Elements(field, record + field.offset, ", ", [&](const unsigned char* bytes) {
-            if (field.kind != FieldKind::Record) return ScalarAsJson(field, bytes);
+        fmt::format_to(std::back_inserter(out), "{}{}\"{}\":{}", comma, lead, field.name, indent ? " " : "");
+        comma = ",";
+        out += Elements(field, record + field.offset, indent ? ", " : ",", [&](const unsigned char* bytes) {
+            if (field.kind != FieldKind::Record) return ScalarAsJson(layout, record, field, bytes);
             std::string nested;
-            AppendJson(nested, *field.record, bytes, indent + 2);
+            AppendJson(nested, *field.record, bytes, indent ? std::optional(*indent + 2) : std::nullopt);
             return nested;
         });
     }
-    out += fmt::format("\n{:{}}}}", "", indent);
+    if (indent) fmt::format_to(std::back_inserter(out), "\n{:{}}", "", *indent);
+    out += '}';
 }
 
 std::string TypeName(const Field& field) {
@@ -231,11 +244,13 @@ std::size_t NameWidth(const RecordLayout& layout) {
 std::string RecordAsText(const RecordLayout& layout, const void* record) {
     std::string out = fmt::format("{} ({} bytes)\n", layout.name, layout.size);
     const std::size_t width = NameWidth(layout);
+    const auto* start = static_cast<const unsigned char*>(record);
     for (const Field& field : layout) {
         if (field.kind == FieldKind::Reserved) continue;
-        const auto* bytes = static_cast<const unsigned char*>(record) + field.offset;
+        const auto* bytes = start + field.offset;
         const auto element = [&](const unsigned char* at) {
-            return field.kind == FieldKind::Record ? InlineText(*field.record, at) : ScalarAsText(field, at);
+            return field.kind == FieldKind::Record ? InlineText(*field.record, at)
+                                                   : ScalarAsText(layout, start, field, at);
         };
         const std::string separator = field.kind == FieldKind::Record ? fmt::format("\n  {:{}}   ", "", width) : ", ";
         fmt::format_to(std::back_inserter(out), "  {:{}}  {}\n", field.name, width,
@@ -248,6 +263,11 @@ std::string RecordAsJson(const RecordLayout& layout, const void* record) {
     std::string out;
     AppendJson(out, layout, static_cast<const unsigned char*>(record), 0);
     return out + '\n';
+}
+
+void AppendRecordLine(std::string& out, const RecordLayout& layout, const void* record) {
+    AppendJson(out, layout, static_cast<const unsigned char*>(record), std::nullopt);
+    out += '\n';
 }
 
 std::string RecordAsHex(const RecordLayout& layout, const void* record) {

@@ -12,8 +12,12 @@ namespace tool {
 std::string RecordAsText(const vkrecords::RecordLayout& layout, const void* record);
 
 /// For programs: one JSON object, a member for each field, ending with a line end. Texts run to their terminator; one
-/// that is not valid in the local encoding is {"hex": its bytes}. Null pointers are null. Reserved bytes are left out.
+/// that is not valid in the local encoding, or would not come back from UTF-8, is {"hex": its bytes}. Null pointers are
+/// null. Reserved bytes are left out.
 std::string RecordAsJson(const vkrecords::RecordLayout& layout, const void* record);
+
+/// Appends what RecordAsJson prints on one line, without blanks.
+void AppendRecordLine(std::string& out, const vkrecords::RecordLayout& layout, const void* record);
 
 /// The record's bytes, sixteen a line, with the name of the field in which each line begins.
 std::string RecordAsHex(const vkrecords::RecordLayout& layout, const void* record);

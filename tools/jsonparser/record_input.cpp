@@ -8,10 +8,11 @@
 #include <limits>
 #include <optional>
 #include <string_view>
+#include <type_traits>
 
+#include "local_text.h"
 #include "strict_reader.h"
 #include "utf8.h"
-#include "vkprotocolstack/support/support.h"
 #include "vkprotocolstack/wire/nearest.h"
 
 namespace tool {
@@ -38,11 +39,9 @@ std::optional<std::string> BytesOf(const Json::Value& value) {
 /// The local text that a value of the form stands for.
 std::optional<std::string> LocalText(const Json::Value& value) {
     if (!value.isString()) return BytesOf(value);
-    std::string utf8 = value.asString();
+    const std::string utf8 = value.asString();
     if (utf8.find('\0') != std::string::npos) return std::nullopt;
-    std::vector<char> local(utf8.size() + 1);
-    Change_Utf8_Assic(reinterpret_cast<unsigned char*>(utf8.data()), local.data());
-    return std::string(local.data());
+    return ToLocal(utf8);
 }
 
 /// Written as an integer: jsoncpp counts 1.0 as one too.
@@ -56,7 +55,12 @@ std::optional<Real> RealOf(const Json::Value& value) {
     if (value == "-Infinity") return -Limits::infinity();
     if (!value.isNumeric()) return std::nullopt;
     const double number = value.asDouble();
-    if (std::abs(number) > static_cast<double>(Limits::max())) return std::nullopt;
+    if constexpr (std::is_same_v<Real, float>) {
+        // The shortest digits of the largest float are those of a double beyond it, which rounds to it.
+        constexpr double kRoundsBeyond = 0x1.ffffffp127;
+        if (std::abs(number) >= kRoundsBeyond) return std::nullopt;
+        if (std::abs(number) > Limits::max()) return number < 0 ? Limits::lowest() : Limits::max();
+    }
     return static_cast<Real>(number);
 }
 
@@ -75,9 +79,19 @@ class RecordReader {
                                      place,
                                      fmt::format("found {}, expected a field of {}{}", QuotedText(name), layout.name,
                                                  Proposal(layout, name))});
-            } else {
-                readField(form[name], layout, record, *field, place);
+            } else if (field->kind != FieldKind::CallerText) {
+                readField(form[name], *field, record + field->offset, place);
             }
+        }
+        // Behind their length fields, which say how much they may hold.
+        for (const Field& field : layout) {
+            if (field.kind != FieldKind::CallerText || !form.isMember(field.name)) continue;
+            std::optional<unsigned char> stated;
+            if (const Json::Value& length = form[field.lengthField];
+                length.isUInt() && length.asUInt() <= kMaximumLength) {
+                stated = record[LengthField(layout, field).offset];
+            }
+            readCallerText(form[field.name], layout, record, field, stated, path + PointerStep(field.name));
         }
     }
 
@@ -103,11 +117,9 @@ class RecordReader {
         findings_.push_back(Unexpected(found, path, expected));
     }
 
-    void readField(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
-                   const std::string& path) {
-        unsigned char* bytes = record + field.offset;
+    void readField(const Json::Value& value, const Field& field, unsigned char* bytes, const std::string& path) {
         const auto element = [&](const Json::Value& one, unsigned char* at, const std::string& where) {
-            readElement(one, layout, record, field, at, where);
+            readElement(one, field, at, where);
         };
         if (field.rank == 0) return element(value, bytes, path);
         if (field.rank == 1) return readArray(value, field.extents[0], field.elementSize, bytes, path, element);
@@ -127,8 +139,7 @@ class RecordReader {
         }
     }
 
-    void readElement(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
-                     unsigned char* bytes, const std::string& path) {
+    void readElement(const Json::Value& value, const Field& field, unsigned char* bytes, const std::string& path) {
         switch (field.kind) {
             case FieldKind::Bool:
                 if (!value.isBool()) return find(path, value, "true or false");
@@ -155,10 +166,10 @@ class RecordReader {
             case FieldKind::Text:
                 return storeText(value, field, bytes, path);
             case FieldKind::HeapText:
-            case FieldKind::CallerText:
-                return storePointer(value, layout, record, field, bytes, path);
+                return storeHeapText(value, bytes, path);
             case FieldKind::Record:
                 return read(value, *field.record, bytes, path);
+            case FieldKind::CallerText:
             case FieldKind::Reserved:
                 return;
         }
@@ -204,15 +215,28 @@ class RecordReader {
         std::copy(text->begin(), text->end(), bytes);
     }
 
-    void storePointer(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
-                      unsigned char* bytes, const std::string& path) {
+    void storeHeapText(const Json::Value& value, unsigned char* bytes, const std::string& path) {
         if (value.isNull()) return;
         const std::optional<std::string> text = LocalText(value);
         if (!text) return find(path, value, "a text, {\"hex\": its bytes} or null");
-        if (field.kind == FieldKind::CallerText) return buffer_.lendText(layout, record, field, *text);
         char* owned = new char[text->size() + 1];
         std::memcpy(owned, text->c_str(), text->size() + 1);
         store(owned, bytes);
+    }
+
+    /// @param statedLength the form's own size of the buffer; nothing makes it fit the text
+    void readCallerText(const Json::Value& value, const RecordLayout& layout, unsigned char* record, const Field& field,
+                        std::optional<unsigned char> statedLength, const std::string& path) {
+        if (value.isNull()) return;
+        const std::size_t most = statedLength.value_or(kMaximumLength);
+        const std::optional<std::string> text = LocalText(value);
+        if (!text || text->size() > most) {
+            return find(path, value,
+                        fmt::format("a text of at most {} bytes, as {} has it, {{\"hex\": its bytes}} or null", most,
+                                    field.lengthField));
+        }
+        buffer_.lendText(layout, record, field, *text);
+        if (statedLength) record[LengthField(layout, field).offset] = *statedLength;
     }
 
     std::string_view document_;

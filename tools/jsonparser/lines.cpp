@@ -1,0 +1,204 @@
+#include "lines.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <poll.h>
+#include <tbb/global_control.h>
+#include <tbb/info.h>
+#include <tbb/parallel_pipeline.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+#include "commands.h"
+#include "console.h"
+#include "finding.h"
+#include "progress.h"
+
+namespace tool {
+namespace {
+
+constexpr std::size_t kReadBytes = 65536;
+constexpr std::size_t kBatchBytes = 262144;
+
+}  // namespace
+
+LineReader::LineReader(std::vector<std::string> files, std::size_t maximumLine)
+    : files_(std::move(files)), maximumLine_(maximumLine) {}
+
+LineReader::~LineReader() { close(); }
+
+std::unique_ptr<Batch> LineReader::next() {
+    for (; file_ < files_.size(); close(), ++file_) {
+        if (!isOpen_) open();
+        std::size_t count = 0;     // lines of the batch
+        std::size_t bytes = 0;     // of these lines
+        std::size_t searched = 0;  // bytes without a line end, behind these lines
+        while (true) {
+            const std::string_view rest = pending().substr(bytes);
+            const std::size_t end = rest.find('\n', searched);
+            const bool isWhole = end != rest.npos;
+            searched = isWhole ? end : rest.size();
+            const bool hasReturn = isWhole && rest.substr(0, end).ends_with('\r');
+            if (searched > maximumLine_ + (hasReturn ? 1 : 0)) {
+                if (count > 0) break;
+                return withoutLine();
+            }
+            if (isWhole || (hasEnded_ && !rest.empty())) {
+                ++count;
+                bytes += isWhole ? end + 1 : rest.size();
+                searched = 0;
+                if (count == kBatchLines || bytes >= kBatchBytes) break;
+                continue;
+            }
+            if (hasEnded_ || (count > 0 && !inputIsReady())) break;
+            fill();
+        }
+        if (count > 0) return lines(count, bytes);
+        if (error_ != 0) return unreadable();
+    }
+    return nullptr;
+}
+
+void LineReader::open() {
+    const std::string& file = files_[file_];
+    descriptor_ = file == "-" ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    error_ = descriptor_ < 0 ? errno : 0;
+    hasEnded_ = error_ != 0;
+    isOpen_ = true;
+    buffer_.clear();
+    begin_ = 0;
+    line_ = 1;
+}
+
+void LineReader::close() {
+    if (isOpen_ && descriptor_ > STDIN_FILENO) ::close(descriptor_);
+    isOpen_ = false;
+}
+
+/// Whether a read would not wait.
+bool LineReader::inputIsReady() const {
+    pollfd descriptor = {.fd = descriptor_, .events = POLLIN, .revents = 0};
+    return poll(&descriptor, 1, 0) > 0;
+}
+
+/// Reads what there is, at least a byte unless the file ends.
+void LineReader::fill() {
+    buffer_.erase(0, std::exchange(begin_, 0));
+    const std::size_t before = buffer_.size();
+    buffer_.resize(before + kReadBytes);
+    ssize_t got = 0;
+    do {
+        got = read(descriptor_, buffer_.data() + before, kReadBytes);
+    } while (got < 0 && errno == EINTR);
+    error_ = got < 0 ? errno : 0;
+    hasEnded_ = got <= 0;
+    buffer_.resize(before + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+}
+
+std::unique_ptr<Batch> LineReader::batch() const {
+    auto batch = std::make_unique<Batch>();
+    batch->file = files_[file_];
+    batch->firstLine = line_;
+    return batch;
+}
+
+/// The next lines, which are in the buffer.
+std::unique_ptr<Batch> LineReader::lines(std::size_t count, std::size_t bytes) {
+    std::unique_ptr<Batch> taken = batch();
+    taken->text = pending().substr(0, bytes);
+    taken->bytes = bytes;
+    begin_ += bytes;
+    line_ += count;
+    return taken;
+}
+
+/// Passes over a line that is too long, which need not be in the buffer as a whole.
+std::unique_ptr<Batch> LineReader::withoutLine() {
+    std::unique_ptr<Batch> passed = batch();
+    passed->lines = passed->bad = 1;
+    passed->findings =
+        Complaint(fmt::format("{}:{}: found a line of more than {} bytes, expected at most that many (see --max-size)",
+                              FileName(passed->file), line_, maximumLine_));
+    std::size_t end = 0;
+    while ((end = pending().find('\n')) == std::string_view::npos && !hasEnded_) {
+        passed->bytes += pending().size();
+        begin_ = buffer_.size();
+        fill();
+    }
+    end = std::min(end, pending().size() - 1) + 1;
+    passed->bytes += end;
+    begin_ += end;
+    ++line_;
+    return passed;
+}
+
+/// Leaves a file that cannot be read, or not on from here.
+std::unique_ptr<Batch> LineReader::unreadable() {
+    std::unique_ptr<Batch> failed = batch();
+    failed->isUnreadable = true;
+    failed->findings = Complaint(fmt::format("{}: cannot be read: {}", FileName(failed->file), std::strerror(error_)));
+    close();
+    ++file_;
+    return failed;
+}
+
+void Convert(Batch& batch, const LineFunction& function) {
+    std::string_view rest = batch.text;
+    for (LinePlace place = {batch.file, batch.firstLine}; !rest.empty(); ++place.number) {
+        const std::size_t end = std::min(rest.find('\n'), rest.size());
+        std::string_view line = rest.substr(0, end);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        if (line.find_first_not_of(" \t\r") == line.npos) continue;
+        ++batch.lines;
+        if (!function(place, line, batch.output, batch.findings)) ++batch.bad;
+    }
+}
+
+int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine, unsigned jobs,
+                 const LineFunction& function) {
+    LineReader reader(files, maximumLine);
+    Progress progress(TotalBytes(files));
+    bool isWritable = true;
+    std::size_t lines = 0;
+    std::size_t bad = 0;
+    int code = kGood;
+
+    const auto cut = [&](tbb::flow_control& control) -> std::shared_ptr<Batch> {
+        std::shared_ptr<Batch> batch = isWritable ? reader.next() : nullptr;
+        if (batch == nullptr) control.stop();
+        return batch;
+    };
+    const auto convert = [&](std::shared_ptr<Batch> batch) {
+        Convert(*batch, function);
+        return batch;
+    };
+    const auto print = [&](const std::shared_ptr<Batch>& batch) {
+        if (!isWritable) return;
+        Print(batch->output);
+        isWritable = Flush();
+        if (!batch->findings.empty()) progress.hide();
+        std::fwrite(batch->findings.data(), 1, batch->findings.size(), stderr);
+        lines += batch->lines;
+        bad += batch->bad;
+        if (batch->isUnreadable) code = kCannotReadOrWrite;
+        progress.advance(batch->bytes, batch->lines);
+    };
+    const std::size_t threads = jobs > 0 ? jobs : static_cast<unsigned>(tbb::info::default_concurrency());
+    const tbb::global_control control(tbb::global_control::max_allowed_parallelism, threads);
+    constexpr auto kOrdered = tbb::filter_mode::serial_in_order;
+    tbb::parallel_pipeline(2 * threads, tbb::make_filter<void, std::shared_ptr<Batch>>(kOrdered, cut) &
+                                            tbb::make_filter<std::shared_ptr<Batch>, std::shared_ptr<Batch>>(
+                                                tbb::filter_mode::parallel, convert) &
+                                            tbb::make_filter<std::shared_ptr<Batch>, void>(kOrdered, print));
+    progress.hide();
+    if (bad > 0) Complain(fmt::format("{} of {} lines are bad", bad, lines));
+    return Flushed(std::max(code, bad > 0 ? int{kFindings} : int{kGood}));
+}
+
+}  // namespace tool
