@@ -20,58 +20,111 @@ char* HeapText(std::size_t length) { return length >= INT_MAX ? nullptr : new (s
 
 Report Node::report() const { return {*trail_, place_.address()}; }
 
-bool Node::tested(std::string_view operation, bool passed) const {
-    if (trail_ != nullptr) report().test(operation, passed);
+// The test for an observer comes first, and what is done for one stays out of line: so the unobserved road needs no
+// frame and ends in a jump to the reading itself.
+template <class Read>
+bool Node::watchedTest(std::string_view operation, Read read) const {
+    const bool passed = read(place_);
+    report().test(operation, passed);
     return passed;
 }
 
-template <class Number>
-Number Node::reported(std::string_view operation, Number result, int added) const {
-    if (trail_ != nullptr) report().number(operation, result, added);
+template <class Read>
+inline bool Node::test(std::string_view operation, Read read) const {
+    if (trail_ != nullptr) return watchedTest(operation, read);
+    return read(place_);
+}
+
+template <class Read>
+auto Node::watchedNumber(std::string_view operation, Read read, int added) const {
+    const auto result = read(place_);
+    report().number(operation, result, added);
     return result;
 }
 
-Node::operator bool() const { return tested("present", place_.type() != Json::nullValue); }
-bool Node::isMember() const { return tested("isMember", place_.exists()); }
-bool Node::isArray() const { return tested("isArray", place_.type() == Json::arrayValue); }
-bool Node::isString() const { return tested("isString", place_.type() == Json::stringValue); }
-bool Node::isInt() const { return tested("isInt", place_.isInt()); }
-bool Node::isUInt() const { return tested("isUInt", place_.isUInt()); }
-bool Node::isBool() const { return tested("isBool", place_.type() == Json::booleanValue); }
+template <class Read>
+inline auto Node::number(std::string_view operation, Read read, int added) const {
+    if (trail_ != nullptr) return watchedNumber(operation, read, added);
+    return read(place_);
+}
 
-std::size_t Node::size() const {
+Node::operator bool() const {
+    return test("present", [](const Place& place) { return place.type() != Json::nullValue; });
+}
+bool Node::isMember() const {
+    return test("isMember", [](const Place& place) { return place.exists(); });
+}
+bool Node::isArray() const {
+    return test("isArray", [](const Place& place) { return place.type() == Json::arrayValue; });
+}
+bool Node::isString() const {
+    return test("isString", [](const Place& place) { return place.type() == Json::stringValue; });
+}
+bool Node::isInt() const {
+    return test("isInt", [](const Place& place) { return place.isInt(); });
+}
+bool Node::isUInt() const {
+    return test("isUInt", [](const Place& place) { return place.isUInt(); });
+}
+bool Node::isBool() const {
+    return test("isBool", [](const Place& place) { return place.type() == Json::booleanValue; });
+}
+
+std::size_t Node::watchedSize() const {
     const std::size_t size = place_.size();
-    if (trail_ != nullptr) report().size(size);
+    report().size(size);
     return size;
 }
 
+std::size_t Node::size() const { return trail_ != nullptr ? watchedSize() : place_.size(); }
+
+Node Node::watchedAt(std::size_t index) const { return {place_.element(index), trail_->element(index)}; }
+
 Node Node::at(std::size_t index) const {
-    return {place_.element(index), trail_ == nullptr ? nullptr : trail_->element(index)};
+    if (trail_ != nullptr) return watchedAt(index);
+    return {place_.element(index), nullptr};
 }
+
+Node Node::watchedMember(std::string_view name) const { return {place_.member(name), trail_->member(name)}; }
 
 Node Node::operator[](std::string_view name) const {
-    return {place_.member(name), trail_ == nullptr ? nullptr : trail_->member(name)};
+    if (trail_ != nullptr) return watchedMember(name);
+    return {place_.member(name), nullptr};
 }
 
-int Node::asInt() const { return reported("int", place_.asInt()); }
-unsigned Node::asUInt() const { return reported("unsigned", place_.asUInt()); }
-double Node::asDouble() const { return reported("double", place_.asDouble()); }
-float Node::asFloat() const { return reported("float", static_cast<float>(place_.asDouble())); }
-
-bool Node::asBool() const { return reported("bool", place_.asBool()); }
-
-unsigned char Node::intLow8() const { return reported("int, low 8 bits", static_cast<unsigned char>(place_.asInt())); }
+int Node::asInt() const {
+    return number("int", [](const Place& place) { return place.asInt(); });
+}
+unsigned Node::asUInt() const {
+    return number("unsigned", [](const Place& place) { return place.asUInt(); });
+}
+double Node::asDouble() const {
+    return number("double", [](const Place& place) { return place.asDouble(); });
+}
+float Node::asFloat() const {
+    return number("float", [](const Place& place) { return static_cast<float>(place.asDouble()); });
+}
+bool Node::asBool() const {
+    return number("bool", [](const Place& place) { return place.asBool(); });
+}
+unsigned char Node::intLow8() const {
+    return number("int, low 8 bits", [](const Place& place) { return static_cast<unsigned char>(place.asInt()); });
+}
 unsigned char Node::uintLow8() const {
-    return reported("unsigned, low 8 bits", static_cast<unsigned char>(place_.asUInt()));
+    return number("unsigned, low 8 bits",
+                  [](const Place& place) { return static_cast<unsigned char>(place.asUInt()); });
 }
 unsigned short Node::intLow16() const {
-    return reported("int, low 16 bits", static_cast<unsigned short>(place_.asInt()));
+    return number("int, low 16 bits", [](const Place& place) { return static_cast<unsigned short>(place.asInt()); });
 }
 unsigned short Node::uintLow16() const {
-    return reported("unsigned, low 16 bits", static_cast<unsigned short>(place_.asUInt()));
+    return number("unsigned, low 16 bits",
+                  [](const Place& place) { return static_cast<unsigned short>(place.asUInt()); });
 }
 int Node::intPlusOne() const {
-    return reported("int plus one", static_cast<int>(static_cast<unsigned>(place_.asInt()) + 1U), 1);
+    return number(
+        "int plus one", [](const Place& place) { return static_cast<int>(static_cast<unsigned>(place.asInt()) + 1U); },
+        1);
 }
 
 std::optional<unsigned> Node::asErrorCode() const {
@@ -82,10 +135,15 @@ std::optional<unsigned> Node::asErrorCode() const {
 }
 
 long long Node::realToInt64() const {
-    return reported("double, cut to 64-bit integer", Truncate<long long>(place_.asDouble()));
+    return number("double, cut to 64-bit integer",
+                  [](const Place& place) { return Truncate<long long>(place.asDouble()); });
 }
-long Node::utcSeconds() const { return reported("int, UTC seconds", place_.asInt()); }
-long Node::unsignedUtcSeconds() const { return reported("unsigned, UTC seconds", place_.asUInt()); }
+long Node::utcSeconds() const {
+    return number("int, UTC seconds", [](const Place& place) { return place.asInt(); });
+}
+long Node::unsignedUtcSeconds() const {
+    return number("unsigned, UTC seconds", [](const Place& place) { return place.asUInt(); });
+}
 
 void Node::rawTo(char* field, std::size_t count) const {
     std::string storage;
@@ -149,7 +207,8 @@ char* Node::heapString() const {
     return buffer;
 }
 
-int Node::lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise, bool isText) const {
+inline int Node::lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise,
+                          bool isText) const {
     const int code = row == nullptr ? otherwise : row->code;
     if (trail_ != nullptr) report().keyword(operation, isText, table, row, code);
     return code;

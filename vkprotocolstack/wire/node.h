@@ -103,10 +103,9 @@ class Node {
     /// @return whether all converted
     template <class... Word>
     [[gnu::always_inline]] bool scan(NumberFormat<sizeof...(Word)> format, Signs signs, Word&... words) const {
+        if (trail_ != nullptr) return watchedScan(format, signs, words...);
         std::string storage;
-        const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
-        if (trail_ != nullptr) reportScan(format.text(), converted, sizeof...(Word));
-        return converted == sizeof...(Word);
+        return ScanInto(place_.text(storage), format, signs, words...) == sizeof...(Word);
     }
     /// The code of the first row with exactly this text, or otherwise.
     int firstExact(Keywords table, int otherwise) const;
@@ -131,12 +130,30 @@ class Node {
     template <const auto& List>
     friend class Members;
 
-    /// Only for who is observed.
+    template <class Read>
+    bool test(std::string_view operation, Read read) const;
+    template <class Read>
+    auto number(std::string_view operation, Read read, int added = 0) const;
+
+    // ---- for an observer: trail_ is not null
     class Report report() const;
+    template <class Read>
+    [[gnu::cold, gnu::noinline]] bool watchedTest(std::string_view operation, Read read) const;
+    template <class Read>
+    [[gnu::cold, gnu::noinline]] auto watchedNumber(std::string_view operation, Read read, int added) const;
+    [[gnu::cold, gnu::noinline]] std::size_t watchedSize() const;
+    [[gnu::cold, gnu::noinline]] Node watchedAt(std::size_t index) const;
+    [[gnu::cold, gnu::noinline]] Node watchedMember(std::string_view name) const;
+    template <class... Word>
+    [[gnu::cold, gnu::noinline]] bool watchedScan(NumberFormat<sizeof...(Word)> format, Signs signs,
+                                                  Word&... words) const {
+        std::string storage;
+        const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
+        reportScan(format.text(), converted, sizeof...(Word));
+        return converted == sizeof...(Word);
+    }
     [[gnu::cold]] void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
-    bool tested(std::string_view operation, bool passed) const;
-    template <class Number>
-    Number reported(std::string_view operation, Number result, int added = 0) const;
+
     int lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise,
                  bool isText = false) const;
 
