@@ -119,14 +119,17 @@ class Node {
     template <const auto& List>
     friend class Members;
 
-    template <class Result>
-    Result reported(std::string_view operation, Result result) const;
-    int lookedUp(std::string_view operation, const Keyword* row, int otherwise) const;
-    int foundAt(std::string_view operation, std::ptrdiff_t index, std::size_t size, int otherwise) const;
-    void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
+    /// Only for who is observed.
+    class Report report() const;
+    [[gnu::cold]] void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
+    bool tested(std::string_view operation, bool passed) const;
+    template <class Number>
+    Number reported(std::string_view operation, Number result, int added = 0) const;
+    int lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise,
+                 bool isText = false) const;
 
     Place place_;
-    const Trail* trail_;  ///< null when nobody observes
+    [[no_unique_address]] TrailPointer trail_;  ///< null when nobody observes
 };
 
 /// The members of an object that a converter names up front in List, resolved at one go. Asking for a name that is not
@@ -152,7 +155,7 @@ class Members {
 
   private:
     std::array<Place, kCount> found_;
-    const Trail* trail_;
+    [[no_unique_address]] TrailPointer trail_;
 };
 
 }  // namespace jsonparser
