@@ -146,7 +146,9 @@ END
     [ "$stderr" = "" ]
 }
 
-@test "--strict and --lines exclude each other" {
-    run "$JSONPARSER" decode $CAR --strict --lines <<<'{}'
-    [ "$status" -eq 2 ]
+@test "--strict with --lines names the line of each finding" {
+    run --separate-stderr "$JSONPARSER" decode $CAR --strict --lines <<<$'{"Speed": 1}\n{"Speed": "x"}'
+    [ "$status" -eq 1 ]
+    [[ "$stderr" == *'<stdin>:2:11: /Speed: found "x", expected a number (wrong type, read as 0)'* ]]
+    [ "${#lines[@]}" -eq 2 ]
 }

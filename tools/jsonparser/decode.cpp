@@ -11,6 +11,7 @@
 #include "explain.h"
 #include "finding.h"
 #include "line_functions.h"
+#include "progress.h"
 #include "record_buffer.h"
 #include "record_form.h"
 #include "record_name.h"
@@ -20,26 +21,15 @@ namespace {
 
 /// Prints the record that one message holds.
 int DecodeFile(const CatalogueEntry& entry, const std::string& file, const DecodeOptions& options) {
-    return WithDocument(
-        file, options.at, options.reading, [&](const Document& document, std::vector<Finding>& findings) {
-            RecordBuffer record(*entry.layout);
-            record.lendBuffers();
-            bool whole = false;
-            if (options.strict) {
-                const Explained explained = DecodeExplained(entry, document.node, record.bytes());
-                AddFindings(document, explained.explanation, findings);
-                whole = explained.whole || !findings.empty();  // which then say why it is not
-            } else {
-                whole = entry.decode(document.node, record.bytes());
-            }
-            if (!whole) {
-                findings.push_back(
-                    Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
-            }
-            Print(options.json ? RecordAsJson(*entry.layout, record.bytes())
-                               : RecordAsText(*entry.layout, record.bytes()));
-            if (options.hex) Print(RecordAsHex(*entry.layout, record.bytes()));
-        });
+    return WithDocument(file, options.at, options.reading,
+                        [&](const Document& document, std::vector<Finding>& findings) {
+                            RecordBuffer record(*entry.layout);
+                            record.lendBuffers();
+                            DecodeWithFindings(entry, document, options.strict, record.bytes(), findings);
+                            Print(options.json ? RecordAsJson(*entry.layout, record.bytes())
+                                               : RecordAsText(*entry.layout, record.bytes()));
+                            if (options.hex) Print(RecordAsHex(*entry.layout, record.bytes()));
+                        });
 }
 
 }  // namespace
@@ -54,11 +44,13 @@ int Decode(const DecodeOptions& options) {
     const std::vector<std::string> files = OrStandardInput(options.files);
     if (options.lines)
         return ConvertLines(files, options.reading.maximumSize, options.jobs,
-                            DecodeLine(*entry, options.at, options.reading));
+                            DecodeLine(*entry, options.at, options.strict, options.reading));
+    Progress progress("files", TotalBytes(files));
     int code = kGood;
     for (const std::string& file : files) {
         if (files.size() > 1 && !options.json) Print(fmt::format("== {}\n", file));
         code = std::max(code, DecodeFile(*entry, file, options));
+        progress.advance(TotalBytes({file}).value_or(0), 1);
     }
     return Flushed(code);
 }

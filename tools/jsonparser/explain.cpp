@@ -120,6 +120,23 @@ void AddFindings(const Document& document, const Explanation& explanation, std::
     }
 }
 
+bool DecodeWithFindings(const CatalogueEntry& entry, const Document& document, bool strict, void* record,
+                        std::vector<Finding>& findings) {
+    bool whole = false;
+    if (strict) {
+        const Explained explained = DecodeExplained(entry, document.node, record);
+        AddFindings(document, explained.explanation, findings);
+        whole = explained.whole;
+    } else {
+        whole = entry.decode(document.node, record);
+    }
+    if (!whole && findings.empty()) {  // otherwise they say why it is not
+        findings.push_back(
+            Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
+    }
+    return whole;
+}
+
 std::string ExplanationAsText(const CatalogueEntry& entry, const Explained& explained, const Styler& style) {
     std::vector<Cells> rows;
     std::array<std::size_t, kHeadings.size()> widths{};

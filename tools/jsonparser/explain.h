@@ -24,6 +24,12 @@ Explained DecodeExplained(const CatalogueEntry& entry, Json::Value& node, void* 
 /// The findings of an explanation at their places in the document; those of members that nothing reads at their names.
 void AddFindings(const Document& document, const jsonparser::Explanation& explanation, std::vector<Finding>& findings);
 
+/// entry.decode; what it says of a record that is not whole is a finding. Under strict, it is watched, and so is
+/// whatever the record has otherwise than the message.
+/// @return whether the record is whole
+bool DecodeWithFindings(const CatalogueEntry& entry, const Document& document, bool strict, void* record,
+                        std::vector<Finding>& findings);
+
 /// For people: a table of all values that were looked for, what nothing reads, and a last line that counts.
 std::string ExplanationAsText(const CatalogueEntry& entry, const Explained& explained, const Styler& style);
 

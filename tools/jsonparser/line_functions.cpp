@@ -3,11 +3,11 @@
 #include <fmt/format.h>
 #include <json/writer.h>
 
-#include <algorithm>
 #include <functional>
 #include <vector>
 
 #include "document.h"
+#include "explain.h"
 #include "finding.h"
 #include "record_buffer.h"
 #include "record_form.h"
@@ -28,8 +28,8 @@ LineFunction WithLine(const std::string& at, const ReadingOptions& reading,
         Json::Value* node = ParseDocument(text, reading, root, findings) ? ValueAt(root, at, findings) : nullptr;
         if (node != nullptr) use({text, *node, at}, output, findings);
         if (findings.empty()) return true;
-        // What is said of the whole document is said of its line.
-        for (Finding& finding : findings) finding.offset = std::min(finding.offset, text.size());
+        // The line is the place of what is said of the document as a whole.
+        for (Finding& finding : findings) finding.offset = finding.offset == Finding::kNowhere ? 0 : finding.offset;
         described += Described(place.file, text, findings, place.number, style);
         return false;
     };
@@ -37,25 +37,23 @@ LineFunction WithLine(const std::string& at, const ReadingOptions& reading,
 
 }  // namespace
 
-LineFunction DecodeLine(const CatalogueEntry& entry, const std::string& at, const ReadingOptions& reading) {
-    return WithLine(
-        at, reading, [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
-            RecordBuffer record(*entry.layout);
-            record.lendBuffers();
-            if (entry.decode(document.node, record.bytes())) {
-                AppendRecordLine(output, *entry.layout, record.bytes());
-            } else {
-                findings.push_back(
-                    Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
-            }
-        });
+LineFunction DecodeLine(const CatalogueEntry& entry, const std::string& at, bool strict,
+                        const ReadingOptions& reading) {
+    return WithLine(at, reading,
+                    [&entry, strict](const Document& document, std::string& output, std::vector<Finding>& findings) {
+                        RecordBuffer record(*entry.layout);
+                        record.lendBuffers();
+                        if (DecodeWithFindings(entry, document, strict, record.bytes(), findings)) {
+                            AppendRecordLine(output, *entry.layout, record.bytes());
+                        }
+                    });
 }
 
 LineFunction EncodeLine(const CatalogueEntry& entry, const ReadingOptions& reading) {
     return WithLine(
         "", reading, [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
             RecordBuffer record(*entry.layout);
-            if (!ReadRecord(document.node, document.text, record, findings)) return;
+            if (!ReadRecordToWrite(document.node, document.text, record, findings)) return;
             Json::Value node;
             if (!entry.encode(record.bytes(), node)) {
                 findings.push_back({0, "", fmt::format("found a {}, expected one that can be written", entry.name)});

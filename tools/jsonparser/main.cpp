@@ -140,9 +140,8 @@ int Run(int argc, char** argv) {
     decodeCommand->add_option("--at", decode.at, "JSON pointer to the record in each message")->type_name("POINTER");
     decodeCommand->add_flag("--json", decode.json, "Print the record as JSON");
     CLI::Option* hex = decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
-    CLI::Option* strict = decodeCommand->add_flag("--strict", decode.strict,
-                                                  "What the record has otherwise than the message is a finding");
-    AddLinesOptions(*decodeCommand, decode.lines, decode.jobs, decode.reading)->excludes(hex)->excludes(strict);
+    decodeCommand->add_flag("--strict", decode.strict, "What the record has otherwise than the message is a finding");
+    AddLinesOptions(*decodeCommand, decode.lines, decode.jobs, decode.reading)->excludes(hex);
 
     tool::ExplainOptions explain;
     CLI::App* explainCommand =

@@ -40,14 +40,11 @@ bool GetJsonTimeSchedule(const Json::Value& value, Section* sections, int maxRow
     if (rows == 0) return false;
     if (rowsFound != nullptr) *rowsFound = static_cast<int>(rows);
     const auto stride = static_cast<std::size_t>(maxSegments);
-    for (std::size_t r = 0; r < rows; ++r) {
-        const Node row = schedule.at(r);
-        const std::size_t segments = std::min(row.size(), stride);
-        for (std::size_t s = 0; s < segments; ++s) {
-            if (!ReadLenient(row.at(s), sections[r * stride + s])) return false;
-        }
-    }
-    return true;
+    return schedule.forElements(rows, [=](Node row, std::size_t r) {
+        return row.forElements(std::min(row.size(), stride), [=](Node segment, std::size_t s) {
+            return ReadLenient(segment, sections[r * stride + s]);
+        });
+    });
 }
 template VK_API bool GetJsonTimeSchedule(const Json::Value&, tagVK_TSECT*, int, int, int*);
 template VK_API bool GetJsonTimeSchedule(const Json::Value&, tagCFG_TIME_SECTION*, int, int, int*);
@@ -60,8 +57,9 @@ template <class Section>
 bool SetJsonTimeSchedule(Json::Value& value, const Section* sections, int rows, int segments) {
     if (sections == nullptr || rows < 1 || segments < 1) return false;
     for (Json::ArrayIndex r = 0; r < static_cast<Json::ArrayIndex>(rows); ++r) {
+        Json::Value& texts = Element(value, r);
         for (Json::ArrayIndex s = 0; s < static_cast<Json::ArrayIndex>(segments); ++s) {
-            Put(Element(value, r), s, Written(*sections++));
+            Put(texts, s, Written(*sections++));
         }
     }
     return true;

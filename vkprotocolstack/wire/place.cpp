@@ -25,12 +25,6 @@ Integer IntegerOf(Json::ValueType type, const Json::Value* value) {
     }
 }
 
-std::string_view NameOf(const Json::Value::const_iterator& member) {
-    const char* end = nullptr;
-    const char* begin = member.memberName(&end);
-    return {begin, static_cast<std::size_t>(end - begin)};
-}
-
 }  // namespace
 
 int Place::asInt() const { return IntegerOf<int>(type(), value_); }
@@ -96,28 +90,19 @@ std::string_view Place::text(std::string& storage) const {
 std::size_t Place::size() const { return type() == Json::arrayValue ? value_->size() : 0; }
 
 Place Place::element(std::size_t index) const {
-    return index < size() ? Place(&(*value_)[static_cast<Json::ArrayIndex>(index)]) : Place();
+    return type() == Json::arrayValue ? Place(FindElement(*value_, index)) : Place();
 }
 
 Place Place::member(std::string_view name) const {
-    if (type() != Json::objectValue) return {};
-    const char* const begin = name.empty() ? "" : name.data();  // jsoncpp takes a null pointer for an index
-    return Place(value_->find(begin, begin + name.size()));
+    return type() == Json::objectValue ? Place(FindMember(*value_, name)) : Place();
 }
 
 void Place::members(const std::string_view* names, const std::size_t* sorted, std::size_t count, Place* found) const {
     std::fill_n(found, count, Place());
     if (type() != Json::objectValue) return;
-    // jsoncpp keeps members in the order of their names' bytes, so one walk over both finds them all.
-    auto member = value_->begin();
-    const auto end = value_->end();
-    for (std::size_t i = 0; i < count && member != end;) {
-        const std::string_view name = names[sorted[i]];
-        const int order = NameOf(member).compare(name);
-        if (order == 0) found[sorted[i]] = Place(&*member);
-        if (order >= 0) ++i;
-        if (order <= 0) ++member;
-    }
+    Resolve(
+        *value_, count, [=](std::size_t i) { return names[sorted[i]]; },
+        [=](std::size_t i, const Json::Value& member) { found[sorted[i]] = Place(&member); });
 }
 
 }  // namespace jsonparser

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "vkprotocolstack/wire/resolve.h"
+
 namespace jsonparser {
 
 /// A value in jsoncpp's tree, or no value at all. What is missing reads as null.
@@ -34,6 +36,13 @@ class Place {
     /// Elements of an array, 0 for anything else.
     std::size_t size() const;
     Place element(std::size_t index) const;
+    /// Calls visit with the first count elements, which is at most size(), until it returns false.
+    /// @return whether it never did
+    template <class Visit>
+    bool forElements(std::size_t count, Visit visit) const {
+        return count == 0 ||
+               ForElements(*value_, count, [&](const Json::Value& element) { return visit(Place(&element)); });
+    }
     Place member(std::string_view name) const;
     /// Looks up names, given with their sorted order, at one go.
     void members(const std::string_view* names, const std::size_t* sorted, std::size_t count, Place* found) const;
