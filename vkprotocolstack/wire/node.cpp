@@ -21,7 +21,7 @@ char* HeapText(std::size_t length) { return length >= INT_MAX ? nullptr : new (s
 Report Node::report() const { return {*trail_, place_.address()}; }
 
 // The test for an observer comes first, and what is done for one stays out of line: so the unobserved road needs no
-// frame and ends in a jump to the reading itself.
+// frame and ends in a jump to the reading itself. The operations that are used most are inline for it.
 template <class Read>
 bool Node::watchedTest(std::string_view operation, Read read) const {
     const bool passed = read(place_);
@@ -48,8 +48,8 @@ inline auto Node::number(std::string_view operation, Read read, int added) const
     return read(place_);
 }
 
-Node::operator bool() const {
-    return test("present", [](const Place& place) { return place.type() != Json::nullValue; });
+bool Node::watchedPresence() const {
+    return watchedTest("present", [](const Place& place) { return place.type() != Json::nullValue; });
 }
 bool Node::isMember() const {
     return test("isMember", [](const Place& place) { return place.exists(); });
@@ -76,14 +76,7 @@ std::size_t Node::watchedSize() const {
     return size;
 }
 
-std::size_t Node::size() const { return trail_ != nullptr ? watchedSize() : place_.size(); }
-
 Node Node::watchedAt(std::size_t index) const { return {place_.element(index), trail_->element(index)}; }
-
-Node Node::at(std::size_t index) const {
-    if (trail_ != nullptr) return watchedAt(index);
-    return {place_.element(index), nullptr};
-}
 
 Node Node::watchedMember(std::string_view name) const { return {place_.member(name), trail_->member(name)}; }
 
@@ -92,11 +85,13 @@ Node Node::operator[](std::string_view name) const {
     return {place_.member(name), nullptr};
 }
 
-int Node::asInt() const {
-    return number("int", [](const Place& place) { return place.asInt(); });
+int Node::watchedInt() const {
+    return watchedNumber(
+        "int", [](const Place& place) { return place.asInt(); }, 0);
 }
-unsigned Node::asUInt() const {
-    return number("unsigned", [](const Place& place) { return place.asUInt(); });
+unsigned Node::watchedUInt() const {
+    return watchedNumber(
+        "unsigned", [](const Place& place) { return place.asUInt(); }, 0);
 }
 double Node::asDouble() const {
     return number("double", [](const Place& place) { return place.asDouble(); });
@@ -154,21 +149,29 @@ void Node::rawTo(char* field, std::size_t count) const {
     if (trail_ != nullptr) report().rawText(count, field);
 }
 
-void Node::utf8To(char* field, int limit) const {
-    if (place_.type() == Json::nullValue || limit < 0) {
-        if (trail_ != nullptr) report().utf8Text(limit, "");
-        return;
-    }
+namespace {
+
+/// @return whether field was written
+bool CopyUtf8(const Place& place, char* field, int limit) {
+    if (place.type() == Json::nullValue || limit < 0) return false;
     std::string storage;
-    const std::string_view whole = place_.text(storage);
+    const std::string_view whole = place.text(storage);
     const std::size_t length = std::min(whole.size(), static_cast<std::size_t>(limit));
     const std::unique_ptr<char[]> source(new (std::nothrow) char[length + 1]);
-    if (source == nullptr) return;
+    if (source == nullptr) return false;
     const std::size_t taken = std::min(whole.find('\0'), length);
     std::copy_n(whole.data(), taken, source.get());
     source[taken] = '\0';
     Change_Utf8_Assic(reinterpret_cast<unsigned char*>(source.get()), field);
-    if (trail_ != nullptr) report().utf8Text(limit, field);
+    return true;
+}
+
+}  // namespace
+
+void Node::utf8To(char* field, int limit) const {
+    if (trail_ == nullptr) return static_cast<void>(CopyUtf8(place_, field, limit));
+    const bool written = CopyUtf8(place_, field, limit);
+    report().utf8Text(limit, written ? field : nullptr);
 }
 
 bool Node::stringTo(char* field, int size) const {

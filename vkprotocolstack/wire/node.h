@@ -32,7 +32,7 @@ class Node {
 
     // ---- tests
     /// Present: neither missing nor null.
-    explicit operator bool() const;
+    explicit operator bool() const { return trail_ != nullptr ? watchedPresence() : place_.type() != Json::nullValue; }
     /// Part of its object, as null too.
     bool isMember() const;
     bool isArray() const;
@@ -41,10 +41,13 @@ class Node {
     bool isUInt() const;
     bool isBool() const;
     /// Elements of an array, 0 for anything else.
-    std::size_t size() const;
+    std::size_t size() const { return trail_ != nullptr ? watchedSize() : place_.size(); }
 
     // ---- way down
-    Node at(std::size_t index) const;
+    Node at(std::size_t index) const {
+        if (trail_ != nullptr) return watchedAt(index);
+        return {place_.element(index), nullptr};
+    }
     /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
     /// for each, and reports none of its own.
     /// @return whether it never did
@@ -59,8 +62,8 @@ class Node {
     Node operator[](std::string_view name) const;
 
     // ---- numbers
-    int asInt() const;
-    unsigned asUInt() const;
+    int asInt() const { return trail_ != nullptr ? watchedInt() : place_.asInt(); }
+    unsigned asUInt() const { return trail_ != nullptr ? watchedUInt() : place_.asUInt(); }
     double asDouble() const;
     float asFloat() const;
     bool asBool() const;
@@ -141,8 +144,11 @@ class Node {
     [[gnu::cold, gnu::noinline]] bool watchedTest(std::string_view operation, Read read) const;
     template <class Read>
     [[gnu::cold, gnu::noinline]] auto watchedNumber(std::string_view operation, Read read, int added) const;
-    [[gnu::cold, gnu::noinline]] std::size_t watchedSize() const;
-    [[gnu::cold, gnu::noinline]] Node watchedAt(std::size_t index) const;
+    [[gnu::cold]] bool watchedPresence() const;
+    [[gnu::cold]] int watchedInt() const;
+    [[gnu::cold]] unsigned watchedUInt() const;
+    [[gnu::cold]] std::size_t watchedSize() const;
+    [[gnu::cold]] Node watchedAt(std::size_t index) const;
     [[gnu::cold, gnu::noinline]] Node watchedMember(std::string_view name) const;
     template <class... Word>
     [[gnu::cold, gnu::noinline]] bool watchedScan(NumberFormat<sizeof...(Word)> format, Signs signs,
