@@ -33,15 +33,7 @@ template void Node::reportNumber(std::string_view operation, float result, int a
 template void Node::reportNumber(std::string_view operation, unsigned char result, int added) const;
 template void Node::reportNumber(std::string_view operation, unsigned short result, int added) const;
 
-std::size_t Node::size() const {
-    const std::size_t size = place_.size();
-    if (trail_ != nullptr) report().size(size);
-    return size;
-}
-
-Node Node::at(std::size_t index) const {
-    return {place_.element(index), trail_ == nullptr ? nullptr : trail_->element(index)};
-}
+void Node::reportSize(std::size_t size) const { report().size(size); }
 
 Node Node::operator[](std::string_view name) const {
     return {place_.member(name), trail_ == nullptr ? nullptr : trail_->member(name)};

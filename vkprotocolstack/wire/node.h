@@ -41,10 +41,17 @@ class Node {
     bool isUInt() const { return tested("isUInt", place_.isUInt()); }
     bool isBool() const { return tested("isBool", place_.type() == Json::booleanValue); }
     /// Elements of an array, 0 for anything else.
-    std::size_t size() const;
+    std::size_t size() const {
+        const std::size_t size = place_.size();
+        if (trail_ != nullptr) [[unlikely]]
+            reportSize(size);
+        return size;
+    }
 
     // ---- way down
-    Node at(std::size_t index) const;
+    Node at(std::size_t index) const {
+        return {place_.element(index), trail_ == nullptr ? nullptr : trail_->element(index)};
+    }
     /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
     /// for each.
     /// @return whether it never did
@@ -145,6 +152,7 @@ class Node {
             reportTest(operation, passed);
         return passed;
     }
+    [[gnu::cold]] void reportSize(std::size_t size) const;
     [[gnu::cold]] void reportTest(std::string_view operation, bool passed) const;
     template <class Number>
     Number reported(std::string_view operation, Number result, int added = 0) const {

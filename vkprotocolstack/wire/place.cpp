@@ -201,23 +201,13 @@ void Place::renderTo(char* field, int size) const {
     }
 }
 
-std::size_t Place::size() const {
-    if (isOnTape()) return entry().type == TextType::Array ? entry().size : 0;
-    return type() == Json::arrayValue ? address()->size() : 0;
-}
-
-Place Place::element(std::size_t index) const {
-    if (isOnTape()) return index < size() ? Place(entry().children + index) : Place();
-    return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
-}
-
 Place Place::member(std::string_view name) const {
     if (type() != Json::objectValue) return {};
     if (!isOnTape()) return Place(FindMember(*address(), name));
     // From the end: of members with the same name the last one counts.
     for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
         --child;
-        if (std::string_view(child->name, child->nameSize) == name) return Place(child);
+        if (child->nameSize == name.size() && SameBytes(child->name, name.data(), name.size())) return Place(child);
     }
     return {};
 }

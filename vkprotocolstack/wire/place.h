@@ -51,8 +51,14 @@ class Place {
     void renderTo(char* field, int size) const;
 
     /// Elements of an array, 0 for anything else.
-    std::size_t size() const;
-    Place element(std::size_t index) const;
+    std::size_t size() const {
+        if (isOnTape()) return entry().type == TextType::Array ? entry().size : 0;
+        return type() == Json::arrayValue ? address()->size() : 0;
+    }
+    Place element(std::size_t index) const {
+        if (isOnTape()) return index < size() ? Place(entry().children + index) : Place();
+        return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
+    }
     /// Calls visit with the first count elements, which is at most size(), until it returns false.
     /// @return whether it never did
     template <class Visit>
