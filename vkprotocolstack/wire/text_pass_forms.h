@@ -47,15 +47,15 @@ std::uint32_t Hex4(const char* p) {
 template <class Blocks>
 class Pass {
   public:
-    explicit Pass(TextPass& job) : job_(job), tape_(*job.tape), end_(job.end) {}
+    explicit Pass(TextPass& job) : job_(job), tape_(*job.tape), end_(job.end), block_(job.begin) {}
 
     bool run() {
         while (end_ != job_.begin && IsBlank(end_[-1])) --end_;
         const char* p = job_.begin;
         while (p != end_ && IsBlank(*p)) ++p;
         job_.part = nullptr;
-        block_ = job_.begin;
-        takeBlock(block_);
+        endings_ = endingsAt(block_);
+        endingsAhead_ = endingsAt(block_ + kBlock);
         if (end_ - p < 2) return declined(p) != nullptr;
         // What is read from here on ends at the latest at the last byte: a bracket stops every scan but that of texts.
         const char last = end_[-1];
@@ -125,22 +125,26 @@ class Pass {
                 continue;
             }
             const std::uint64_t endings = endings_ >> offset;
-            if (endings != 0) return p + __builtin_ctzll(endings) < end_ ? p + __builtin_ctzll(endings) : end_;
+            if (endings != 0) {
+                const char* const ending = p + __builtin_ctzll(endings);
+                return ending < end_ ? ending : end_;
+            }
             p = block_ + kBlock;
         }
         return end_;
     }
 
-    void takeBlock(const char* block) {
+    ALWAYS_INLINE void takeBlock(const char* block) {
+        endings_ = block == block_ + kBlock ? endingsAhead_ : endingsAt(block);
+        endingsAhead_ = endingsAt(block + kBlock);
         block_ = block;
-        const auto left = static_cast<std::size_t>(end_ - block);
-        if (left >= kBlock) {
-            endings_ = Blocks::Endings(block);
-            return;
-        }
+    }
+
+    ALWAYS_INLINE std::uint64_t endingsAt(const char* block) const {
+        if (end_ - block >= static_cast<std::ptrdiff_t>(kBlock)) return Blocks::Endings(block);
         char tail[kBlock] = {};  // NULs end every text
-        std::memcpy(tail, block, left);
-        endings_ = Blocks::Endings(tail);
+        if (block < end_) std::memcpy(tail, block, static_cast<std::size_t>(end_ - block));
+        return Blocks::Endings(tail);
     }
 
     const char* skipEscape(const char* p) {
@@ -570,9 +574,10 @@ class Pass {
 
     TextPass& job_;
     TextTape& tape_;
-    const char* end_;              ///< behind the last byte that is not blank
-    const char* block_ = nullptr;  ///< kBlock bytes of the text, or fewer at its end
-    std::uint64_t endings_ = 0;    ///< bits of its bytes that are no ordinary characters of a text
+    const char* end_;                 ///< behind the last byte that is not blank
+    const char* block_;               ///< kBlock bytes of the text, or fewer at its end
+    std::uint64_t endings_ = 0;       ///< bits of its bytes that are no ordinary characters of a text
+    std::uint64_t endingsAhead_ = 0;  ///< of the next block
 };
 
 }  // namespace
