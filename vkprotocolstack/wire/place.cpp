@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
-#include <exception>
 #include <memory>
 #include <new>
 
@@ -73,6 +72,36 @@ class TextCopy {
     char* text_ = inline_;
     std::unique_ptr<char[]> long_;
 };
+
+/// Null where there is no memory for the tree.
+Json::Value TreeOrNull(const TextEntry& entry) {
+    try {
+        return TreeOf(entry);
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
+
+/// The text of what is not a text as it stands, kept in storage; empty where there is no memory.
+std::string_view MadeText(const TextEntry& entry, std::string& storage) {
+    try {
+        switch (entry.type) {
+            case TextType::EscapedText:
+                storage.resize(entry.size);
+                storage.resize(Unescape(entry, storage.data()));
+                return storage;
+            case TextType::Null:
+            case TextType::Array:
+            case TextType::Object:
+                return {};
+            default:
+                storage = ScalarOf(entry).asString();
+                return storage;
+        }
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
 
 }  // namespace
 
@@ -151,21 +180,7 @@ bool Place::is32Bits() const {
 std::string_view Place::text(std::string& storage) const {
     if (isOnTape()) {
         const TextEntry& e = entry();
-        switch (e.type) {
-            case TextType::Text:
-                return {e.text, e.size};
-            case TextType::EscapedText:
-                storage.resize(e.size);
-                storage.resize(Unescape(e, storage.data()));
-                return storage;
-            case TextType::Null:
-            case TextType::Array:
-            case TextType::Object:
-                return {};
-            default:
-                storage = ScalarOf(e).asString();
-                return storage;
-        }
+        return e.type == TextType::Text ? std::string_view(e.text, e.size) : MadeText(e, storage);
     }
     switch (type()) {
         case Json::stringValue: {
@@ -197,7 +212,7 @@ void Place::renderTo(char* field, int size) const {
     } else if (type() == Json::stringValue) {
         parseJsonNodeToStr(TextCopy(entry(), size).value(), field, size);
     } else {
-        parseJsonNodeToStr(TreeOf(entry()), field, size);
+        parseJsonNodeToStr(TreeOrNull(entry()), field, size);
     }
 }
 

@@ -42,7 +42,8 @@ class Place {
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
-    /// The text; one that does not stand in the message as it is, is kept in storage.
+    /// The text; one that does not stand in the message as it is, is kept in storage. On the tape, one for which there
+    /// is no memory is empty.
     std::string_view text(std::string& storage) const;
 
     /// GetJsonString and parseJsonNodeToStr of the value. On the tape they are given a value of the same type; the
