@@ -363,8 +363,9 @@ TEST(MessageText, BoundsTheDepth) {
                     for (int i = 1; i < levels; ++i) text = isObject ? "{\"a\":" + text + "}" : "[" + text + "]";
                     return text;
                 };
+                const std::string deepest = nested(depth);
                 for (const char* pointer : {"", "/none"}) {
-                    MessageText fits(nested(depth), {.maxDepth = depth});
+                    MessageText fits(deepest, {.maxDepth = depth});
                     EXPECT_TRUE(fits.at(pointer).exists() || fits.accepted()) << depth;
                 }
                 const std::string tooDeep = nested(depth + 1);

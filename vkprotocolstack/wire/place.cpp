@@ -177,11 +177,8 @@ bool Place::is32Bits() const {
     }
 }
 
-std::string_view Place::text(std::string& storage) const {
-    if (isOnTape()) {
-        const TextEntry& e = entry();
-        return e.type == TextType::Text ? std::string_view(e.text, e.size) : MadeText(e, storage);
-    }
+std::string_view Place::otherText(std::string& storage) const {
+    if (isOnTape()) return MadeText(entry(), storage);
     switch (type()) {
         case Json::stringValue: {
             const char* begin = nullptr;

@@ -44,7 +44,10 @@ class Place {
     bool is32Bits() const;
     /// The text; one that does not stand in the message as it is, is kept in storage. On the tape, one for which there
     /// is no memory is empty.
-    std::string_view text(std::string& storage) const;
+    std::string_view text(std::string& storage) const {
+        if (isOnTape() && entry().type == TextType::Text) return {entry().text, entry().size};
+        return otherText(storage);
+    }
 
     /// GetJsonString and parseJsonNodeToStr of the value. On the tape they are given a value of the same type; the
     /// first of them, in place of an array or an object, null, which is no text either.
@@ -87,6 +90,7 @@ class Place {
     int convertedToInt() const;
     unsigned convertedToUInt() const;
     double convertedToDouble() const;
+    std::string_view otherText(std::string& storage) const;
     const TextEntry& entry() const { return *reinterpret_cast<const TextEntry*>(bits_ - kOnTape); }
     static Json::ValueType TypeOnTape(TextType type) {
         constexpr Json::ValueType kTypes[] = {
