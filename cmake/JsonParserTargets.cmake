@@ -11,18 +11,44 @@ function(jsonparser_target_options target)
                                              $<$<BOOL:${JSONPARSER_WARNINGS_AS_ERRORS}>:-Werror>)
 endfunction()
 
-# Adds a library, and its alias JsonParser::<name>, from objects, so that tests can link the same objects another way.
+# BUILD_SHARED_LIBS says which kind of libraries is built. Where nobody has set it, the project by itself builds both.
+set(jsonparser_kind static)
+if(BUILD_SHARED_LIBS)
+    set(jsonparser_kind shared)
+endif()
+set(jsonparser_kinds ${jsonparser_kind})
+if(PROJECT_IS_TOP_LEVEL AND NOT DEFINED BUILD_SHARED_LIBS)
+    set(jsonparser_kinds static shared)
+endif()
+
+# Before 1.0 every minor version may break what is linked against it.
+set(jsonparser_soversion ${PROJECT_VERSION_MAJOR})
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+    set(jsonparser_soversion ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+endif()
+
+# Gives the kind that was chosen its names.
+function(jsonparser_add_aliases target name)
+    add_library(${target} ALIAS ${target}_${jsonparser_kind})
+    add_library(JsonParser::${name} ALIAS ${target}_${jsonparser_kind})
+endfunction()
+
+# Adds a library, static, shared or both, from objects, so that tests can link the same objects another way. The objects
+# are position-independent: a static library, too, can become part of a client's own shared one.
 function(jsonparser_add_library name)
     set(target jsonparser_${name})
     add_library(${target}_objects OBJECT ${ARGN})
     jsonparser_target_options(${target}_objects)
     set_target_properties(${target}_objects PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
-                                                       VISIBILITY_INLINES_HIDDEN ON)
+                                                       VISIBILITY_INLINES_HIDDEN ON UNITY_BUILD OFF)
     target_link_libraries(${target}_objects PUBLIC jsonparser_headers)
 
-    add_library(${target} $<TARGET_OBJECTS:${target}_objects>)
-    add_library(JsonParser::${name} ALIAS ${target})
-    target_link_libraries(${target} PUBLIC jsonparser_headers)
-    set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} OUTPUT_NAME jsonparser-${name} LINKER_LANGUAGE CXX
-                                               VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    foreach(kind ${jsonparser_kinds})
+        string(TOUPPER ${kind} type)
+        add_library(${target}_${kind} ${type} $<TARGET_OBJECTS:${target}_objects>)
+        target_link_libraries(${target}_${kind} PUBLIC jsonparser_headers)
+        set_target_properties(${target}_${kind} PROPERTIES EXPORT_NAME ${name} OUTPUT_NAME jsonparser-${name}
+                              LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${jsonparser_soversion})
+    endforeach()
+    jsonparser_add_aliases(${target} ${name})
 endfunction()

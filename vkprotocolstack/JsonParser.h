@@ -29,8 +29,13 @@
 #include "vkprotocolstack/message_text.h"
 #include "vkprotocolstack/support/export.h"
 #include "vkprotocolstack/support/support.h"
+#include "vkprotocolstack/version.h"
 #include "vkrecords/fields.h"
 #include "vkrecords/vkrecords.h"
+
+#if JSONCPP_VERSION_HEXA < 0x01090500
+#error "JsonParser needs jsoncpp 1.9.5 or later"
+#endif
 
 // ======================================================================================================================
 // 1. Foundation: text fields, geometry, colour, range, array depth
@@ -763,13 +768,14 @@ class Owned {
     Owned(const Owned&) = delete;
     Owned& operator=(const Owned&) = delete;
 
-    Record& operator*() { return record_; }
-    const Record& operator*() const { return record_; }
-    Record* operator->() { return &record_; }
-    const Record* operator->() const { return &record_; }
-    Record* get() { return &record_; }
-    const Record* get() const { return &record_; }
+    Record& operator*() { return record_; }                ///< the record
+    const Record& operator*() const { return record_; }    ///< the record
+    Record* operator->() { return &record_; }              ///< a field of the record
+    const Record* operator->() const { return &record_; }  ///< a field of the record
+    Record* get() { return &record_; }                     ///< the record's place, never null
+    const Record* get() const { return &record_; }         ///< the record's place, never null
 
+    /// Releases the heap texts now; the other fields stay.
     void releaseTexts() { ReleaseTexts(record_); }
 
   private:

@@ -135,8 +135,11 @@ Message TrafficOfDuplicates(std::size_t count) {
 
 Message TrafficOfBlanks(std::size_t count) { return TrafficBehind(std::string(count, ' ')); }
 
-Message TrafficOfDepth(std::size_t count) {
-    return TrafficBehind("\"Unread\":" + std::string(count, '[') + std::string(count, ']') + ',');
+Message TrafficOfDeepMembers(std::size_t count) {
+    const std::string deep = std::string(64, '[') + std::string(64, ']');
+    std::string members;
+    for (std::size_t i = 0; i < count; ++i) members += "\"Unread" + std::to_string(i) + "\":" + deep + ',';
+    return TrafficBehind(members);
 }
 
 Message TrafficOfEscapes(std::size_t count) {

@@ -51,8 +51,8 @@ Message TrafficOfUnreadMembers(std::size_t count);
 Message TrafficOfDuplicates(std::size_t count);
 /// One behind count blanks.
 Message TrafficOfBlanks(std::size_t count);
-/// One behind an array in an array and so on, count deep.
-Message TrafficOfDepth(std::size_t count);
+/// One behind count members that nothing reads, each 64 arrays deep.
+Message TrafficOfDeepMembers(std::size_t count);
 /// One with an address of count escapes.
 Message TrafficOfEscapes(std::size_t count);
 /// An event with a text of count bytes that nothing reads.

@@ -179,7 +179,7 @@ void RegisterTextToRecord() {
     RegisterGrowth<Car>("unread members", 64, 4096, TrafficOfUnreadMembers);
     RegisterGrowth<Car>("duplicates", 64, 4096, TrafficOfDuplicates);
     RegisterGrowth<Car>("blanks", 1024, 65536, TrafficOfBlanks);
-    RegisterGrowth<Car>("depth", 32, 512, TrafficOfDepth);
+    RegisterGrowth<Car>("deep members", 16, 1024, TrafficOfDeepMembers);
     RegisterGrowth<Car>("escapes", 256, 16384, TrafficOfEscapes);
     RegisterGrowth<Car>("unread text", 4096, 262144, EventOfUnreadText);
     RegisterGrowth<DetectedObject>("points", 64, 4096, ObjectOfPoints);

@@ -14,6 +14,7 @@
 
 namespace vkrecords {
 
+/// What a field, or each of its elements, holds.
 enum class FieldKind : unsigned char {
     Bool,        ///< bool, one byte
     Int16,       ///< signed 16-bit
@@ -34,11 +35,12 @@ enum class FieldKind : unsigned char {
 
 struct RecordLayout;
 
+/// One field of a record.
 struct Field {
-    const char* name;
-    const char* meaning;
-    std::size_t offset;  ///< from the start of the record, in bytes
-    FieldKind kind;
+    const char* name;            ///< as the struct has it
+    const char* meaning;         ///< unit, range, special values
+    std::size_t offset;          ///< from the start of the record, in bytes
+    FieldKind kind;              ///< of one element
     std::size_t elementSize;     ///< of one element, in bytes; the capacity of a Text, terminator included
     std::size_t alignment;       ///< natural alignment of an element
     std::size_t rank;            ///< number of array dimensions (a Text's own is not one): 0 to 2
@@ -48,18 +50,19 @@ struct Field {
     unsigned bit;                ///< lowest bit of a Bits field
     unsigned width;              ///< number of bits of a Bits field
 
-    constexpr std::size_t count() const { return extents[0] * extents[1]; }
-    constexpr std::size_t size() const { return elementSize * count(); }
+    constexpr std::size_t count() const { return extents[0] * extents[1]; }  ///< elements in all dimensions
+    constexpr std::size_t size() const { return elementSize * count(); }     ///< of all elements, in bytes
 };
 
+/// The layout of a record: its fields in the order of their offsets.
 struct RecordLayout {
-    const char* name;
-    std::size_t size;  ///< sizeof the record
-    const Field* fields;
-    std::size_t fieldCount;
+    const char* name;        ///< of the struct
+    std::size_t size;        ///< sizeof the record
+    const Field* fields;     ///< the first field
+    std::size_t fieldCount;  ///< number of fields, reserved stretches among them
 
-    constexpr const Field* begin() const { return fields; }
-    constexpr const Field* end() const { return fields + fieldCount; }
+    constexpr const Field* begin() const { return fields; }             ///< the first field
+    constexpr const Field* end() const { return fields + fieldCount; }  ///< behind the last field
 };
 
 /// Specialised below for every record: `name`, `list`.
@@ -1109,9 +1112,10 @@ struct FieldsOf<tagALARM_TALKING_INVITE_INFO> {
 template <class... R>
 struct LayoutList {
     static_assert((detail::Tiles(FieldsOf<R>::list, sizeof(R), alignof(R)) && ...), "a record has bytes of no field");
-    static constexpr const RecordLayout* list[] = {&kLayout<R>...};
+    static constexpr const RecordLayout* list[] = {&kLayout<R>...};  ///< one layout for each record
 };
 
+/// All records of the library.
 using AllLayouts = LayoutList<
     // times and geometry
     tagNET_TIME, tagNET_TIME_EX, tagCFG_NET_TIME_EX, tagCFG_TIME, _VKDEVTIME, VK_RECT, tagNET_RECT, VK_POINT, tagRANGE,

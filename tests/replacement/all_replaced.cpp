@@ -1,7 +1,12 @@
 // The converters call a client's own support functions, all of them.
+#include <json/reader.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "own_functions.h"
 #include "vkprotocolstack/JsonParser.h"
@@ -21,6 +26,17 @@ std::ptrdiff_t Calls(const char* name) {
     const std::ptrdiff_t calls = std::count(OwnCalls().begin(), OwnCalls().end(), name);
     std::erase(OwnCalls(), name);
     return calls;
+}
+
+/// The alarm types that the status of a positioning receiver with those alarm points gives.
+std::vector<int> AlarmTypes(const std::string& points) {
+    const std::string text = R"({"AlarmPoints": )" + points + "}";
+    Json::Value status;
+    const std::unique_ptr<Json::CharReader> reader(Json::CharReaderBuilder().newCharReader());
+    Expect(reader->parse(text.data(), text.data() + text.size(), &status, nullptr), "the points are JSON");
+    _NET_GPS_STATUS_INFO info{};
+    ParseGPSStatusInfo(status, &info);
+    return {info.nAlarmTypes, info.nAlarmTypes + info.nAlarmCount};
 }
 
 }  // namespace
@@ -51,11 +67,16 @@ int main() {
     PacketPersonInfo(packed, *person);
     Expect(packed["UID"] == "own" && Calls("packetStrToJsonNode") > 0, "packetStrToJsonNode");
 
-    Json::Value status;
-    status["AlarmPoints"].append(7);
-    _NET_GPS_STATUS_INFO gps{};
-    ParseGPSStatusInfo(status, &gps);
-    Expect(gps.nAlarmTypes[0] == 1007 && Calls("TranslateAlarmType") == 1, "TranslateAlarmType");
+    Expect(AlarmTypes(R"([7, -8, "9", 4294967297])") == std::vector<int>{1007, 992, 1000, 1001}, "TranslateAlarmType");
+    Expect(Calls("TranslateAlarmType") == 4, "TranslateAlarmType is called for each alarm point");
+    for (const char* none : {"null", "[]", R"({"0": 7})", "7"}) {
+        Expect(AlarmTypes(none).empty() && Calls("TranslateAlarmType") == 0, "no alarm point, no TranslateAlarmType");
+    }
+    std::string many = "[0";
+    for (int i = 1; i < 200; ++i) many += "," + std::to_string(i);
+    const std::vector<int> first = AlarmTypes(many + "]");
+    Expect(first.size() == 128 && first.back() == 1127 && Calls("TranslateAlarmType") == 128,
+           "TranslateAlarmType is called for the first 128 alarm points");
 
     std::printf("%d failed\n", failures);
     return failures == 0 ? 0 : 1;

@@ -35,6 +35,12 @@ assert records["VK_POINT"] == {"name": "VK_POINT", "size": 4, "decode": True, "e
     [[ "$output" == *"1752    120  reserved"* ]]
 }
 
+@test "fields takes the name of a record that stands only in others" {
+    run "$JSONPARSER" fields tagGPS_TIME
+    [ "$status" -eq 0 ]
+    [ "${lines[0]}" = "tagGPS_TIME (24 bytes)" ]
+}
+
 @test "fields of an unknown record is a usage error" {
     run "$JSONPARSER" fields NoSuchRecord
     [ "$status" -eq 2 ]

@@ -1,4 +1,4 @@
-# Colour: on terminals only, and as the user wants it.
+# Colour and progress: on terminals only, and as the user wants them.
 bats_require_minimum_version 1.5.0
 
 RED=$'\e[1;31m'
@@ -121,4 +121,12 @@ lines_file() { yes '[1, 2]' | head -n 200000 >"$BATS_TEST_TMPDIR/lines"; }
     [ "$(sort -u <<<"$output")" = '{"nx":1,"ny":2}' ]
     TERM_NAME=dumb run with_slow_reader 1.5 "\"$JSONPARSER\" decode VK_POINT --lines \"$BATS_TEST_TMPDIR/lines\""
     [ -z "$output" ]
+}
+
+@test "progress of many files counts files" {
+    echo '[1, 2]' >"$BATS_TEST_TMPDIR/point"
+    files=$(for ((i = 0; i < 3000; ++i)); do printf '%s ' "$BATS_TEST_TMPDIR/point"; done)
+    run with_slow_reader 1.5 "\"$JSONPARSER\" decode VK_POINT $files"
+    [[ "$output" =~ [0-9]+" %  "[0-9]+" files, "[0-9.]+" "[kM]?B", "[0-9.]+" "[kM]?"B/s, 0:0"[0-9]" left" ]]
+    [[ "$output" == *$'\e[K' ]]
 }

@@ -2,8 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <climits>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +20,7 @@
 #include "utf8.h"
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/vocabulary.h"
+#include "vkrecords/fields.h"
 
 namespace tool {
 namespace {
@@ -91,9 +94,17 @@ int ListKeywords(const std::string& table, bool json) {
 }
 
 int ListFields(const std::string& record, bool json) {
-    const CatalogueEntry* entry = EntryOf(record);
-    if (entry == nullptr) return kUsage;
-    Print(json ? LayoutAsJson(*entry->layout) : LayoutAsText(*entry->layout));
+    // By its whole name any record will do, also one that stands only in others.
+    const auto& layouts = vkrecords::AllLayouts::list;
+    const auto named = std::find_if(std::begin(layouts), std::end(layouts),
+                                    [&](const vkrecords::RecordLayout* layout) { return layout->name == record; });
+    const vkrecords::RecordLayout* layout = named == std::end(layouts) ? nullptr : *named;
+    if (layout == nullptr) {
+        const CatalogueEntry* entry = EntryOf(record);
+        if (entry == nullptr) return kUsage;
+        layout = entry->layout;
+    }
+    Print(json ? LayoutAsJson(*layout) : LayoutAsText(*layout));
     return Flushed(kGood);
 }
 

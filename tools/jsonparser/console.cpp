@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "commands.h"
+#include "progress.h"
 #include "style.h"
 
 namespace tool {
@@ -26,13 +27,18 @@ std::string Complaint(std::string_view what) {
     return fmt::format("{} {}\n", StyleOf(stderr)(Style::kError, "jsonparser:"), what);
 }
 
-void Complain(const std::string& line) { std::fputs(Complaint(line).c_str(), stderr); }
+void PrintError(const std::string& lines) {
+    if (lines.empty()) return;
+    HideProgress();
+    std::fwrite(lines.data(), 1, lines.size(), stderr);
+}
+
+void Complain(const std::string& line) { PrintError(Complaint(line)); }
 
 void PrintFindings(const std::string& file, std::string_view text, const std::vector<Finding>& findings) {
     if (findings.empty()) return;
     Flush();
-    const std::string lines = Described(file, text, findings, 1, StyleOf(stderr));
-    std::fwrite(lines.data(), 1, lines.size(), stderr);
+    PrintError(Described(file, text, findings, 1, StyleOf(stderr)));
 }
 
 bool Flush() {

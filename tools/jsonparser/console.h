@@ -16,6 +16,9 @@ void Print(const std::string& text);
 /// A line for standard error: who speaks, and what is wrong.
 std::string Complaint(std::string_view what);
 
+/// Prints whole lines to standard error, in place of a progress that is shown there.
+void PrintError(const std::string& lines);
+
 /// Prints one line to standard error.
 void Complain(const std::string& line);
 

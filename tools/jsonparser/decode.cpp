@@ -11,6 +11,7 @@
 #include "explain.h"
 #include "finding.h"
 #include "line_functions.h"
+#include "progress.h"
 #include "record_buffer.h"
 #include "record_form.h"
 #include "record_name.h"
@@ -44,10 +45,12 @@ int Decode(const DecodeOptions& options) {
     if (options.lines)
         return ConvertLines(files, options.reading.maximumSize, options.jobs,
                             DecodeLine(*entry, options.at, options.strict, options.reading));
+    Progress progress("files", TotalBytes(files));
     int code = kGood;
     for (const std::string& file : files) {
         if (files.size() > 1 && !options.json) Print(fmt::format("== {}\n", file));
         code = std::max(code, DecodeFile(*entry, file, options));
+        progress.advance(TotalBytes({file}).value_or(0), 1);
     }
     return Flushed(code);
 }

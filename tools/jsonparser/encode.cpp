@@ -12,6 +12,7 @@
 #include "finding.h"
 #include "input.h"
 #include "line_functions.h"
+#include "progress.h"
 #include "record_buffer.h"
 #include "record_input.h"
 #include "record_name.h"
@@ -23,7 +24,7 @@ namespace {
 int EncodeFile(const CatalogueEntry& entry, const std::string& file, const ReadingOptions& reading) {
     return WithDocument(file, "", reading, [&](const Document& document, std::vector<Finding>& findings) {
         RecordBuffer record(*entry.layout);
-        if (!ReadRecord(document.node, document.text, record, findings)) return;
+        if (!ReadRecordToWrite(document.node, document.text, record, findings)) return;
         Json::Value node;
         if (!entry.encode(record.bytes(), node)) {
             findings.push_back({0, "", fmt::format("found a {0}, expected one that can be written", entry.name)});
@@ -48,8 +49,12 @@ int Encode(const EncodeOptions& options) {
     const std::vector<std::string> files = OrStandardInput(options.files);
     if (options.lines)
         return ConvertLines(files, options.reading.maximumSize, options.jobs, EncodeLine(*entry, options.reading));
+    Progress progress("files", TotalBytes(files));
     int code = kGood;
-    for (const std::string& file : files) code = std::max(code, EncodeFile(*entry, file, options.reading));
+    for (const std::string& file : files) {
+        code = std::max(code, EncodeFile(*entry, file, options.reading));
+        progress.advance(TotalBytes({file}).value_or(0), 1);
+    }
     return Flushed(code);
 }
 

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 #include <json/writer.h>
 
-#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -29,8 +28,8 @@ LineFunction WithLine(const std::string& at, const ReadingOptions& reading,
         Json::Value* node = ParseDocument(text, reading, root, findings) ? ValueAt(root, at, findings) : nullptr;
         if (node != nullptr) use({text, *node, at}, output, findings);
         if (findings.empty()) return true;
-        // What is said of the whole document is said of its line.
-        for (Finding& finding : findings) finding.offset = std::min(finding.offset, text.size());
+        // The line is the place of what is said of the document as a whole.
+        for (Finding& finding : findings) finding.offset = finding.offset == Finding::kNowhere ? 0 : finding.offset;
         described += Described(place.file, text, findings, place.number, style);
         return false;
     };
@@ -54,7 +53,7 @@ LineFunction EncodeLine(const CatalogueEntry& entry, const ReadingOptions& readi
     return WithLine(
         "", reading, [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
             RecordBuffer record(*entry.layout);
-            if (!ReadRecord(document.node, document.text, record, findings)) return;
+            if (!ReadRecordToWrite(document.node, document.text, record, findings)) return;
             Json::Value node;
             if (!entry.encode(record.bytes(), node)) {
                 findings.push_back({0, "", fmt::format("found a {}, expected one that can be written", entry.name)});

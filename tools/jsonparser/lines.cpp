@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <utility>
 
@@ -163,7 +162,7 @@ void Convert(Batch& batch, const LineFunction& function) {
 int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine, unsigned jobs,
                  const LineFunction& function) {
     LineReader reader(files, maximumLine);
-    Progress progress(TotalBytes(files));
+    Progress progress("lines", TotalBytes(files));
     bool isWritable = true;
     std::size_t lines = 0;
     std::size_t bad = 0;
@@ -182,8 +181,7 @@ int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine,
         if (!isWritable) return;
         Print(batch->output);
         isWritable = Flush();
-        if (!batch->findings.empty()) progress.hide();
-        std::fwrite(batch->findings.data(), 1, batch->findings.size(), stderr);
+        PrintError(batch->findings);
         lines += batch->lines;
         bad += batch->bad;
         if (batch->isUnreadable) code = kCannotReadOrWrite;
@@ -196,7 +194,6 @@ int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine,
                                             tbb::make_filter<std::shared_ptr<Batch>, std::shared_ptr<Batch>>(
                                                 tbb::filter_mode::parallel, convert) &
                                             tbb::make_filter<std::shared_ptr<Batch>, void>(kOrdered, print));
-    progress.hide();
     if (bad > 0) Complain(fmt::format("{} of {} lines are bad", bad, lines));
     return Flushed(std::max(code, bad > 0 ? int{kFindings} : int{kGood}));
 }

@@ -15,6 +15,8 @@ namespace {
 constexpr std::chrono::milliseconds kDelay(1000);
 constexpr std::chrono::milliseconds kInterval(100);
 
+bool isShown = false;
+
 /// Bytes with three digits or so: 1.50 GB.
 std::string Size(double bytes) {
     static constexpr const char* kUnits[] = {"B", "kB", "MB", "GB", "TB", "PB", "EB"};
@@ -32,33 +34,35 @@ std::string Duration(double seconds) {
 
 }  // namespace
 
-Progress::Progress(std::optional<std::uint64_t> total)
-    : total_(total), isWanted_(IsTerminal(stderr) && isatty(STDOUT_FILENO) == 0), due_(begin_ + kDelay) {}
+Progress::Progress(const char* unit, std::optional<std::uint64_t> total)
+    : unit_(unit), total_(total), isWanted_(IsTerminal(stderr) && isatty(STDOUT_FILENO) == 0), due_(begin_ + kDelay) {}
 
-Progress::~Progress() { hide(); }
+Progress::~Progress() { HideProgress(); }
 
-void Progress::advance(std::uint64_t bytes, std::uint64_t lines) {
+void Progress::advance(std::uint64_t bytes, std::uint64_t count) {
     bytes_ += bytes;
-    lines_ += lines;
+    count_ += count;
     if (!isWanted_) return;
     const Clock::time_point now = Clock::now();
     if (now < due_) return;
     due_ = now + kInterval;
     const double seconds = std::chrono::duration<double>(now - begin_).count();
     // From the line's beginning; what was there before is cleared to its end.
-    std::fprintf(stderr, "\r%s\x1b[K", ProgressText(bytes_, lines_, seconds, total_).c_str());
-    isShown_ = true;
+    const std::string counted = fmt::format("{} {}", count_, unit_);
+    std::fprintf(stderr, "\r%s\x1b[K", ProgressText(bytes_, counted, seconds, total_).c_str());
+    isShown = true;
 }
 
-void Progress::hide() {
-    if (isShown_) std::fputs("\r\x1b[K", stderr);
-    isShown_ = false;
+void HideProgress() {
+    if (isShown) std::fputs("\r\x1b[K", stderr);
+    isShown = false;
 }
 
-std::string ProgressText(std::uint64_t bytes, std::uint64_t lines, double seconds, std::optional<std::uint64_t> total) {
+std::string ProgressText(std::uint64_t bytes, std::string_view counted, double seconds,
+                         std::optional<std::uint64_t> total) {
     const double done = static_cast<double>(bytes);
     const double rate = done / seconds;
-    std::string text = fmt::format("{} lines, {}, {}/s", lines, Size(done), Size(rate));
+    std::string text = fmt::format("{}, {}, {}/s", counted, Size(done), Size(rate));
     if (!total || bytes == 0) return text;
     // A file may grow while it is read.
     const double all = static_cast<double>(std::max(bytes, *total));

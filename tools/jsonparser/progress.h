@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tool {
@@ -14,31 +15,34 @@ namespace tool {
 /// terminal and standard output is not: there, results would run through it.
 class Progress {
   public:
+    /// @param unit what is counted beside bytes, in the plural; stays where it is
     /// @param total bytes of input; nothing when that is not known
-    explicit Progress(std::optional<std::uint64_t> total);
+    Progress(const char* unit, std::optional<std::uint64_t> total);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    void advance(std::uint64_t bytes, std::uint64_t lines);
-
-    /// Clears the line, for something else to be printed; the next advance may bring it back.
-    void hide();
+    void advance(std::uint64_t bytes, std::uint64_t count);
 
   private:
     using Clock = std::chrono::steady_clock;
 
+    const char* const unit_;
     const std::optional<std::uint64_t> total_;
     const bool isWanted_;
     const Clock::time_point begin_ = Clock::now();
     Clock::time_point due_;
     std::uint64_t bytes_ = 0;
-    std::uint64_t lines_ = 0;
-    bool isShown_ = false;
+    std::uint64_t count_ = 0;
 };
 
+/// Clears the line of a progress that is shown, for something else to be printed; the next advance may bring it back.
+void HideProgress();
+
 /// The line that Progress shows, seconds (more than 0) after the beginning.
-std::string ProgressText(std::uint64_t bytes, std::uint64_t lines, double seconds, std::optional<std::uint64_t> total);
+/// @param counted the number of units done, and the unit
+std::string ProgressText(std::uint64_t bytes, std::string_view counted, double seconds,
+                         std::optional<std::uint64_t> total);
 
 /// Bytes of input that the files have left; nothing when one of them is no regular file. "-" is standard input.
 std::optional<std::uint64_t> TotalBytes(const std::vector<std::string>& files);

@@ -244,6 +244,31 @@ class RecordReader {
     std::vector<Finding>& findings_;
 };
 
+/// Counts that writers take without a bound, and the arrays whose elements they count.
+constexpr struct {
+    std::string_view count;
+    std::string_view array;
+} kCounted[] = {
+    {"wFacePicNum",          "stuFacePicInfo"     },
+    {"nCustomPersonInfoNum", "stuCustomPersonInfo"}
+};
+
+/// Whether every count of the form, which was read into a record of that layout, is within its array.
+bool CountsAreWithinArrays(const Json::Value& form, const RecordLayout& layout, std::vector<Finding>& findings) {
+    const std::size_t before = findings.size();
+    for (const auto& [count, array] : kCounted) {
+        const Json::Value* stated = form.find(count.data(), count.data() + count.size());
+        if (stated == nullptr) continue;
+        const auto* field = std::find_if(layout.begin(), layout.end(),
+                                         [array = array](const Field& each) { return each.name == array; });
+        const Json::Int64 extent = field == layout.end() ? 0 : static_cast<Json::Int64>(field->extents[0]);
+        if (stated->asInt64() >= 0 && stated->asInt64() <= extent) continue;
+        findings.push_back(
+            Unexpected(*stated, PointerStep(count), fmt::format("at most {}, the elements of {}", extent, array)));
+    }
+    return findings.size() == before;
+}
+
 }  // namespace
 
 bool ReadRecord(const Json::Value& form, std::string_view document, RecordBuffer& record,
@@ -251,6 +276,11 @@ bool ReadRecord(const Json::Value& form, std::string_view document, RecordBuffer
     const std::size_t before = findings.size();
     RecordReader(document, record, findings).read(form, record.layout(), record.bytes(), "");
     return findings.size() == before;
+}
+
+bool ReadRecordToWrite(const Json::Value& form, std::string_view document, RecordBuffer& record,
+                       std::vector<Finding>& findings) {
+    return ReadRecord(form, document, record, findings) && CountsAreWithinArrays(form, record.layout(), findings);
 }
 
 }  // namespace tool

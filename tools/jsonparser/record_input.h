@@ -19,6 +19,11 @@ namespace tool {
 bool ReadRecord(const Json::Value& form, std::string_view document, RecordBuffer& record,
                 std::vector<Finding>& findings);
 
+/// The same for a record that a converter is to write: a count beyond the array that it counts is a finding too, since
+/// writers read as many elements as it says.
+bool ReadRecordToWrite(const Json::Value& form, std::string_view document, RecordBuffer& record,
+                       std::vector<Finding>& findings);
+
 }  // namespace tool
 
 #endif

@@ -64,10 +64,10 @@ namespace jsonparser {
 /// One trace message with the place that the same thread's last SetBasicInfo named.
 struct TraceMessage {
     const char* sourceFile;  ///< "" before the thread's first SetBasicInfo
-    int line;
-    int level;
-    int code;
-    const char* message;
+    int line;                ///< from that SetBasicInfo, 0 before
+    int level;               ///< from that SetBasicInfo, 0 before
+    int code;                ///< as handed to SDKLogTraceOut
+    const char* message;     ///< valid during the call
 };
 
 /// Receives trace messages; called on the thread that traces, on several at once. context is what was registered.

@@ -7,8 +7,6 @@
 #include <span>
 #include <string_view>
 
-#include "vkprotocolstack/support/export.h"
-
 namespace jsonparser {
 
 /// Edits that make a into b: a byte inserted, left out or replaced, or two neighbours swapped (Damerau-Levenshtein, no
@@ -19,7 +17,7 @@ std::size_t EditDistance(std::string_view a, std::string_view b);
 /// longer name's bytes (one edit is always allowed), or that keeps no byte of the word, is no candidate: a far-fetched
 /// proposal is worse than none. Takes time by the candidates' lengths, however long word is.
 /// @return a view of the candidate's own bytes, nothing when none is near
-VK_API std::optional<std::string_view> Nearest(std::string_view word, std::span<const std::string_view> candidates);
+std::optional<std::string_view> Nearest(std::string_view word, std::span<const std::string_view> candidates);
 
 }  // namespace jsonparser
 

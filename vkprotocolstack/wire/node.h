@@ -53,12 +53,12 @@ class Node {
         return {place_.element(index), trail_ == nullptr ? nullptr : trail_->element(index)};
     }
     /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
-    /// for each.
+    /// for each, and reports none of its own.
     /// @return whether it never did
     template <class Visit>
     bool forElements(std::size_t most, Visit visit) const {
         std::size_t index = 0;
-        return place_.forElements(std::min(size(), most), [&](Place element) {
+        return place_.forElements(std::min(place_.size(), most), [&](Place element) {
             const Node node(element, trail_ == nullptr ? nullptr : trail_->element(index));
             return visit(node, index++);
         });
@@ -116,10 +116,9 @@ class Node {
     /// @return whether all converted
     template <class... Word>
     [[gnu::always_inline]] bool scan(NumberFormat<sizeof...(Word)> format, Signs signs, Word&... words) const {
+        if (trail_ != nullptr) return watchedScan(format, signs, words...);
         std::string storage;
-        const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
-        if (trail_ != nullptr) reportScan(format.text(), converted, sizeof...(Word));
-        return converted == sizeof...(Word);
+        return ScanInto(place_.text(storage), format, signs, words...) == sizeof...(Word);
     }
     /// The code of the first row with exactly this text, or otherwise.
     int firstExact(Keywords table, int otherwise) const;
@@ -144,8 +143,17 @@ class Node {
     template <const auto& List>
     friend class Members;
 
-    /// Only for who is observed.
+    // ---- for an observer: trail_ is not null
     class Report report() const;
+    [[gnu::cold, gnu::noinline]] Node watchedMember(std::string_view name) const;
+    template <class... Word>
+    [[gnu::cold, gnu::noinline]] bool watchedScan(NumberFormat<sizeof...(Word)> format, Signs signs,
+                                                  Word&... words) const {
+        std::string storage;
+        const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
+        reportScan(format.text(), converted, sizeof...(Word));
+        return converted == sizeof...(Word);
+    }
     [[gnu::cold]] void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
     bool tested(std::string_view operation, bool passed) const {
         if (trail_ != nullptr) [[unlikely]]

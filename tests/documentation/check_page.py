@@ -1,0 +1,106 @@
+#!/usr/bin/env python3
+"""Checks that every fenced block of a page is true. What a block is, its fence says:
+
+    cpp PATH, cmake PATH  words of that file of the project, which the build compiles
+    cpp                   a source file; one with main() is linked and run, and prints the text block that follows
+    console               commands behind "$ ", run at the project's root, each with what it prints
+    text                  what the program above it prints
+
+Usage: check_page.py PAGE FOLDER TOOL COMPILER [ARGUMENT...]; the arguments are for compiling and linking.
+"""
+
+import os
+import pathlib
+import re
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+FENCE = re.compile(r"^```(.*?)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
+WARNINGS = ["-std=c++17", "-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Werror"]
+
+
+class Page:
+    def __init__(self, path, folder, tool, compiler):
+        self.path, self.folder, self.compiler = path, folder, compiler
+        self.environment = {**os.environ, "LC_ALL": "C.UTF-8", "PATH": f"{tool.parent}:{os.environ['PATH']}"}
+        self.printed = None  # by the last program
+        self.checked = self.failed = 0
+
+    def fail(self, line, what):
+        print(f"{self.path.relative_to(ROOT)}:{line}: {what}")
+        self.failed += 1
+
+    def compare(self, line, what, shown, printed):
+        if shown.strip("\n") != printed.strip("\n"):
+            self.fail(line, f"{what} prints\n{printed}but the page shows\n{shown}")
+
+    def run(self, command, **arguments):
+        result = subprocess.run(command, cwd=ROOT, env=self.environment, text=True, stdout=subprocess.PIPE,
+                                stderr=subprocess.STDOUT, timeout=120, check=False, **arguments)
+        return result.returncode, result.stdout
+
+    def quoted(self, line, file, block):
+        path = ROOT / file
+        if not path.is_file():
+            self.fail(line, f"{file} is no file of the project")
+        elif block not in path.read_text():
+            self.fail(line, f"{file} does not have these words")
+
+    def cpp(self, line, block):
+        source, program = self.folder / f"line{line}.cpp", self.folder / f"line{line}"
+        source.write_text(block)
+        is_program = re.search(r"\bint main\(", block)
+        arguments = self.compiler[1:] if is_program else [word for word in self.compiler[1:] if word.startswith("-I")]
+        status, said = self.run([self.compiler[0], *WARNINGS, str(source), "-o", str(program), *arguments]
+                                if is_program else
+                                [self.compiler[0], *WARNINGS, "-fsyntax-only", str(source), *arguments])
+        if status != 0:
+            return self.fail(line, f"does not compile\n{said}")
+        if is_program:
+            status, self.printed = self.run([str(program)])
+            if status != 0:
+                self.fail(line, f"ends with {status}\n{self.printed}")
+
+    def text(self, line, block):
+        if self.printed is None:
+            return self.fail(line, "no program stands above this text")
+        self.compare(line, "the program above", block, self.printed)
+        self.printed = None
+
+    def console(self, line, block):
+        if not block.startswith("$ "):
+            return self.fail(line, 'a command begins with "$ "')
+        for part in re.split(r"^\$ ", block, flags=re.MULTILINE)[1:]:
+            command, _, shown = part.partition("\n")
+            self.compare(line, command, shown, self.run(["bash", "-c", command])[1])
+
+    def check(self):
+        text = self.path.read_text()
+        for match in FENCE.finditer(text):
+            line = text.count("\n", 0, match.start()) + 1
+            kind, _, file = match[1].partition(" ")
+            self.checked += 1
+            if kind in ("cpp", "cmake") and file:
+                self.quoted(line, file, match[2])
+            elif kind in ("cpp", "text", "console") and not file:
+                getattr(self, kind)(line, match[2])
+            else:
+                self.fail(line, f"blocks of the kind '{match[1]}' are not checked; say which one this is")
+        if text.count("```") != 2 * self.checked:
+            self.fail(1, "a fence is not closed, or not at the beginning of its line")
+        if not self.checked:
+            self.fail(1, "has no block")
+
+
+def main():
+    path, folder, tool = (pathlib.Path(argument).resolve() for argument in sys.argv[1:4])
+    folder.mkdir(parents=True, exist_ok=True)
+    page = Page(path, folder, tool, sys.argv[4:])
+    page.check()
+    print(f"{page.checked} blocks, {page.failed} failed")
+    return 1 if page.failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
