@@ -20,63 +20,20 @@ char* HeapText(std::size_t length) { return length >= INT_MAX ? nullptr : new (s
 
 Report Node::report() const { return {*trail_, place_.address()}; }
 
-// The test for an observer comes first, and what is done for one stays out of line: so the unobserved road needs no
-// frame and ends in a jump to the reading itself. The operations that are used most are inline for it.
-template <class Read>
-bool Node::watchedTest(std::string_view operation, Read read) const {
-    const bool passed = read(place_);
-    report().test(operation, passed);
-    return passed;
-}
+void Node::reportTest(std::string_view operation, bool passed) const { report().test(operation, passed); }
 
-template <class Read>
-inline bool Node::test(std::string_view operation, Read read) const {
-    if (trail_ != nullptr) return watchedTest(operation, read);
-    return read(place_);
-}
-
-template <class Read>
-auto Node::watchedNumber(std::string_view operation, Read read, int added) const {
-    const auto result = read(place_);
+template <class Number>
+void Node::reportNumber(std::string_view operation, Number result, int added) const {
     report().number(operation, result, added);
-    return result;
 }
+template void Node::reportNumber(std::string_view operation, int result, int added) const;
+template void Node::reportNumber(std::string_view operation, unsigned result, int added) const;
+template void Node::reportNumber(std::string_view operation, double result, int added) const;
+template void Node::reportNumber(std::string_view operation, float result, int added) const;
+template void Node::reportNumber(std::string_view operation, unsigned char result, int added) const;
+template void Node::reportNumber(std::string_view operation, unsigned short result, int added) const;
 
-template <class Read>
-inline auto Node::number(std::string_view operation, Read read, int added) const {
-    if (trail_ != nullptr) return watchedNumber(operation, read, added);
-    return read(place_);
-}
-
-bool Node::watchedPresence() const {
-    return watchedTest("present", [](const Place& place) { return place.type() != Json::nullValue; });
-}
-bool Node::isMember() const {
-    return test("isMember", [](const Place& place) { return place.exists(); });
-}
-bool Node::isArray() const {
-    return test("isArray", [](const Place& place) { return place.type() == Json::arrayValue; });
-}
-bool Node::isString() const {
-    return test("isString", [](const Place& place) { return place.type() == Json::stringValue; });
-}
-bool Node::isInt() const {
-    return test("isInt", [](const Place& place) { return place.isInt(); });
-}
-bool Node::isUInt() const {
-    return test("isUInt", [](const Place& place) { return place.isUInt(); });
-}
-bool Node::isBool() const {
-    return test("isBool", [](const Place& place) { return place.type() == Json::booleanValue; });
-}
-
-std::size_t Node::watchedSize() const {
-    const std::size_t size = place_.size();
-    report().size(size);
-    return size;
-}
-
-Node Node::watchedAt(std::size_t index) const { return {place_.element(index), trail_->element(index)}; }
+void Node::reportSize(std::size_t size) const { report().size(size); }
 
 Node Node::watchedMember(std::string_view name) const { return {place_.member(name), trail_->member(name)}; }
 
@@ -85,41 +42,10 @@ Node Node::operator[](std::string_view name) const {
     return {place_.member(name), nullptr};
 }
 
-int Node::watchedInt() const {
-    return watchedNumber(
-        "int", [](const Place& place) { return place.asInt(); }, 0);
-}
-unsigned Node::watchedUInt() const {
-    return watchedNumber(
-        "unsigned", [](const Place& place) { return place.asUInt(); }, 0);
-}
-double Node::asDouble() const {
-    return number("double", [](const Place& place) { return place.asDouble(); });
-}
-float Node::asFloat() const {
-    return number("float", [](const Place& place) { return static_cast<float>(place.asDouble()); });
-}
-bool Node::asBool() const {
-    return number("bool", [](const Place& place) { return place.asBool(); });
-}
-unsigned char Node::intLow8() const {
-    return number("int, low 8 bits", [](const Place& place) { return static_cast<unsigned char>(place.asInt()); });
-}
-unsigned char Node::uintLow8() const {
-    return number("unsigned, low 8 bits",
-                  [](const Place& place) { return static_cast<unsigned char>(place.asUInt()); });
-}
-unsigned short Node::intLow16() const {
-    return number("int, low 16 bits", [](const Place& place) { return static_cast<unsigned short>(place.asInt()); });
-}
-unsigned short Node::uintLow16() const {
-    return number("unsigned, low 16 bits",
-                  [](const Place& place) { return static_cast<unsigned short>(place.asUInt()); });
-}
+bool Node::asBool() const { return reported("bool", place_.asBool()); }
+
 int Node::intPlusOne() const {
-    return number(
-        "int plus one", [](const Place& place) { return static_cast<int>(static_cast<unsigned>(place.asInt()) + 1U); },
-        1);
+    return reported("int plus one", static_cast<int>(static_cast<unsigned>(place_.asInt()) + 1U), 1);
 }
 
 std::optional<unsigned> Node::asErrorCode() const {
@@ -130,48 +56,41 @@ std::optional<unsigned> Node::asErrorCode() const {
 }
 
 long long Node::realToInt64() const {
-    return number("double, cut to 64-bit integer",
-                  [](const Place& place) { return Truncate<long long>(place.asDouble()); });
+    return reported("double, cut to 64-bit integer", Truncate<long long>(place_.asDouble()));
 }
-long Node::utcSeconds() const {
-    return number("int, UTC seconds", [](const Place& place) { return place.asInt(); });
-}
-long Node::unsignedUtcSeconds() const {
-    return number("unsigned, UTC seconds", [](const Place& place) { return place.asUInt(); });
-}
+long Node::utcSeconds() const { return reported("int, UTC seconds", place_.asInt()); }
+long Node::unsignedUtcSeconds() const { return reported("unsigned, UTC seconds", place_.asUInt()); }
 
 void Node::rawTo(char* field, std::size_t count) const {
     std::string storage;
     const std::string_view whole = place_.text(storage);
-    const std::size_t length = std::min(std::min(whole.find('\0'), whole.size()), count);
-    std::copy_n(whole.data(), length, field);
+    const std::string_view taken = whole.substr(0, count);
+    const std::size_t length = std::min(taken.find('\0'), taken.size());
+    taken.copy(field, length);
     field[length] = '\0';
     if (trail_ != nullptr) report().rawText(count, field);
 }
 
-namespace {
-
-/// @return whether field was written
-bool CopyUtf8(const Place& place, char* field, int limit) {
-    if (place.type() == Json::nullValue || limit < 0) return false;
-    std::string storage;
-    const std::string_view whole = place.text(storage);
-    const std::size_t length = std::min(whole.size(), static_cast<std::size_t>(limit));
-    const std::unique_ptr<char[]> source(new (std::nothrow) char[length + 1]);
-    if (source == nullptr) return false;
-    const std::size_t taken = std::min(whole.find('\0'), length);
-    std::copy_n(whole.data(), taken, source.get());
-    source[taken] = '\0';
-    Change_Utf8_Assic(reinterpret_cast<unsigned char*>(source.get()), field);
-    return true;
-}
-
-}  // namespace
-
 void Node::utf8To(char* field, int limit) const {
-    if (trail_ == nullptr) return static_cast<void>(CopyUtf8(place_, field, limit));
-    const bool written = CopyUtf8(place_, field, limit);
-    report().utf8Text(limit, written ? field : nullptr);
+    if (place_.type() == Json::nullValue || limit < 0) {
+        if (trail_ != nullptr) report().utf8Text(limit, "");
+        return;
+    }
+    std::string storage;
+    const std::string_view whole = place_.text(storage);
+    const std::size_t length = std::min(whole.size(), static_cast<std::size_t>(limit));
+    char onStack[512];
+    std::unique_ptr<char[]> onHeap;
+    char* source = onStack;
+    if (length >= sizeof onStack) {
+        onHeap.reset(new (std::nothrow) char[length + 1]);
+        if (onHeap == nullptr) return;
+        source = onHeap.get();
+    }
+    whole.copy(source, length);
+    source[length] = '\0';  // a NUL before this ends the text too
+    Change_Utf8_Assic(reinterpret_cast<unsigned char*>(source), field);
+    if (trail_ != nullptr) report().utf8Text(limit, field);
 }
 
 bool Node::stringTo(char* field, int size) const {

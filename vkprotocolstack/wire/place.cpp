@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
-#include <exception>
 #include <memory>
 #include <new>
 
@@ -74,6 +73,36 @@ class TextCopy {
     std::unique_ptr<char[]> long_;
 };
 
+/// Null where there is no memory for the tree.
+Json::Value TreeOrNull(const TextEntry& entry) {
+    try {
+        return TreeOf(entry);
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
+
+/// The text of what is not a text as it stands, kept in storage; empty where there is no memory.
+std::string_view MadeText(const TextEntry& entry, std::string& storage) {
+    try {
+        switch (entry.type) {
+            case TextType::EscapedText:
+                storage.resize(entry.size);
+                storage.resize(Unescape(entry, storage.data()));
+                return storage;
+            case TextType::Null:
+            case TextType::Array:
+            case TextType::Object:
+                return {};
+            default:
+                storage = ScalarOf(entry).asString();
+                return storage;
+        }
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
+
 }  // namespace
 
 bool Place::isInt() const {
@@ -90,15 +119,14 @@ bool Place::isUInt() const {
     return e.type == TextType::Real && ScalarOf(e).isUInt();
 }
 
-int Place::asInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
-unsigned Place::asUInt() const {
+int Place::convertedToInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
+unsigned Place::convertedToUInt() const {
     return isOnTape() ? IntegerOf<unsigned>(entry()) : IntegerOf<unsigned>(type(), address());
 }
 
-double Place::asDouble() const {
+double Place::convertedToDouble() const {
     if (isOnTape()) {
         const TextEntry& e = entry();
-        if (e.type == TextType::Integer) return static_cast<double>(e.integer);
         if (e.type == TextType::Unsigned) return static_cast<double>(e.unsignedInteger);
         if (e.type == TextType::Real) return DoubleOf(e);
         return e.type == TextType::True ? 1.0 : 0.0;
@@ -149,25 +177,8 @@ bool Place::is32Bits() const {
     }
 }
 
-std::string_view Place::text(std::string& storage) const {
-    if (isOnTape()) {
-        const TextEntry& e = entry();
-        switch (e.type) {
-            case TextType::Text:
-                return {e.text, e.size};
-            case TextType::EscapedText:
-                storage.resize(e.size);
-                storage.resize(Unescape(e, storage.data()));
-                return storage;
-            case TextType::Null:
-            case TextType::Array:
-            case TextType::Object:
-                return {};
-            default:
-                storage = ScalarOf(e).asString();
-                return storage;
-        }
-    }
+std::string_view Place::otherText(std::string& storage) const {
+    if (isOnTape()) return MadeText(entry(), storage);
     switch (type()) {
         case Json::stringValue: {
             const char* begin = nullptr;
@@ -198,31 +209,19 @@ void Place::renderTo(char* field, int size) const {
     } else if (type() == Json::stringValue) {
         parseJsonNodeToStr(TextCopy(entry(), size).value(), field, size);
     } else {
-        parseJsonNodeToStr(TreeOf(entry()), field, size);
+        parseJsonNodeToStr(TreeOrNull(entry()), field, size);
     }
-}
-
-std::size_t Place::size() const {
-    if (isOnTape()) return entry().type == TextType::Array ? entry().size : 0;
-    return type() == Json::arrayValue ? address()->size() : 0;
-}
-
-Place Place::element(std::size_t index) const {
-    if (isOnTape()) return index < size() ? Place(entry().children + index) : Place();
-    return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
 }
 
 Place Place::member(std::string_view name) const {
     if (type() != Json::objectValue) return {};
-    if (isOnTape()) {
-        // From the end: of members with the same name the last one counts.
-        for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
-            --child;
-            if (std::string_view(child->name, child->nameSize) == name) return Place(child);
-        }
-        return {};
+    if (!isOnTape()) return Place(FindMember(*address(), name));
+    // From the end: of members with the same name the last one counts.
+    for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
+        --child;
+        if (child->nameSize == name.size() && SameBytes(child->name, name.data(), name.size())) return Place(child);
     }
-    return Place(FindMember(*address(), name));
+    return {};
 }
 
 void Place::members(const NameIndex& names, Place* found) const {
