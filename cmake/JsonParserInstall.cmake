@@ -16,8 +16,8 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/JsonParserConfig.cmake
         DESTINATION ${package_dir} COMPONENT dev)
 
 install(DIRECTORY include/vkrecords TYPE INCLUDE COMPONENT dev FILES_MATCHING PATTERN *.h)
-install(FILES vkprotocolstack/JsonParser.h vkprotocolstack/explain.h vkprotocolstack/version.h
-              vkprotocolstack/vocabulary.h
+install(FILES vkprotocolstack/JsonParser.h vkprotocolstack/explain.h vkprotocolstack/message_text.h
+              vkprotocolstack/version.h vkprotocolstack/vocabulary.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vkprotocolstack COMPONENT dev)
 install(FILES vkprotocolstack/support/support.h vkprotocolstack/support/export.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vkprotocolstack/support COMPONENT dev)

@@ -4,6 +4,7 @@
 #include <json/value.h>
 
 #include <new>
+#include <string>
 
 #include "testing/locale.h"
 #include "vkprotocolstack/support/support.h"
@@ -38,6 +39,22 @@ TEST(LocalEncoding, ATextThatThereIsNoMemoryToConvertIsStoredEmpty) {
     EXPECT_EQ(packed, Json::Value(""));
     SetJsonString(set, "\xC2\xB7", true);
     EXPECT_EQ(set, Json::Value("路"));
+}
+
+TEST(ParseJsonNodeToStr, NestingThatThereIsNoMemoryForIsCutWhereItBegins) {
+    Json::Value root = 1;
+    for (int depth = 0; depth < 40; ++depth) {
+        Json::Value outer;
+        outer.append(root);
+        root = outer;
+    }
+    char buffer[100] = {};
+    memoryIsGone = true;
+    parseJsonNodeToStr(root, buffer, sizeof buffer);
+    memoryIsGone = false;
+    EXPECT_EQ(buffer, std::string(17, '['));
+    parseJsonNodeToStr(root, buffer, sizeof buffer);
+    EXPECT_EQ(buffer, std::string(40, '[') + '1' + std::string(40, ']'));
 }
 
 }  // namespace

@@ -1,8 +1,12 @@
 #include <json/value.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
+#include <memory>
+#include <new>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 #include "vkprotocolstack/support/charset.h"
 #include "vkprotocolstack/support/support.h"
@@ -10,6 +14,7 @@
 namespace {
 
 using jsonparser::support::LocalText;
+using jsonparser::support::ToLocal;
 using jsonparser::support::UpToNul;
 
 std::string_view TextOf(const Json::Value& node) {
@@ -66,28 +71,62 @@ struct Level {
     Json::ArrayIndex written;
 };
 
+/// The containers that are open, outermost first. As many as messages have need no memory.
+class Levels {
+  public:
+    bool empty() const { return size_ == 0; }
+    Level& back() { return levels_[size_ - 1]; }
+    void pop() { --size_; }
+    /// @return false where there is no memory for one more
+    bool push(const Level& level) {
+        if (size_ == capacity_ && !grow()) return false;
+        levels_[size_++] = level;
+        return true;
+    }
+
+  private:
+    bool grow() {
+        std::unique_ptr<Level[]> larger(new (std::nothrow) Level[2 * capacity_]);
+        if (larger == nullptr) return false;
+        std::copy_n(levels_, size_, larger.get());
+        heap_ = std::move(larger);
+        levels_ = heap_.get();
+        capacity_ *= 2;
+        return true;
+    }
+
+    std::array<Level, 16> first_;
+    std::unique_ptr<Level[]> heap_;
+    Level* levels_ = first_.data();
+    std::size_t size_ = 0;
+    std::size_t capacity_ = first_.size();
+};
+
 /// Writes a scalar whole; of a container its opening bracket, and the level to go on with.
-void Open(LocalText& out, const Json::Value& node, std::vector<Level>& levels) {
+/// @return false where there is no memory for that level
+bool Open(LocalText& out, const Json::Value& node, Levels& levels) {
     if (node.isString()) {
         PutQuoted(out, TextOf(node));
     } else if (node.isArray() || node.isObject()) {
         out.put(node.isObject() ? '{' : '[');
-        levels.push_back({&node, node.begin(), 0});
+        return levels.push({&node, node.begin(), 0});
     } else {
         out.put(node.isNull() ? "null" : node.asString());
     }
+    return true;
 }
 
-/// Compact JSON. It keeps its own stack of levels, so the depth of a message cannot exhaust the thread's.
+/// Compact JSON. It keeps its own stack of levels, so the depth of a message cannot exhaust the thread's; where there
+/// is no memory for that, the text ends.
 void PutJson(LocalText& out, const Json::Value& root) {
-    std::vector<Level> levels;
-    Open(out, root, levels);
-    while (!levels.empty() && !out.full()) {
+    Levels levels;
+    bool going = Open(out, root, levels);
+    while (going && !levels.empty() && !out.full()) {
         Level& level = levels.back();
         const Json::Value& container = *level.container;
         if (level.written == container.size()) {
             out.put(container.isObject() ? '}' : ']');
-            levels.pop_back();
+            levels.pop();
             continue;
         }
         if (level.written > 0) out.put(',');
@@ -98,9 +137,9 @@ void PutJson(LocalText& out, const Json::Value& root) {
             const char* begin = member.memberName(&end);
             PutQuoted(out, {begin, static_cast<std::size_t>(end - begin)});
             out.put(':');
-            Open(out, *member, levels);
+            going = Open(out, *member, levels);
         } else {
-            Open(out, container[index], levels);
+            going = Open(out, container[index], levels);
         }
     }
 }
@@ -109,11 +148,8 @@ void PutJson(LocalText& out, const Json::Value& root) {
 
 void parseJsonNodeToStr(const Json::Value& node, char* buffer, int size) {
     if (size <= 0) return;
+    if (node.isString()) return ToLocal(UpToNul(TextOf(node)), buffer, static_cast<std::size_t>(size));
     LocalText out(buffer, static_cast<std::size_t>(size));
-    if (node.isString()) {
-        out.put(UpToNul(TextOf(node)));
-    } else if (!node.isNull()) {
-        PutJson(out, node);
-    }
+    if (!node.isNull()) PutJson(out, node);
     out.terminate();
 }

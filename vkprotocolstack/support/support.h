@@ -27,7 +27,8 @@ VK_API void SetJsonString(Json::Value& value, const char* text, bool convert);
 
 /// Renders any node into buffer, at most size bytes, terminator included: a text as it is, a number or a bool as
 /// jsoncpp writes it, an array or object as compact JSON in UTF-8 without a line end, null as the empty text. Converted
-/// from UTF-8 to the local encoding, then cut; a cut keeps whole characters. A size of 0 or less writes nothing.
+/// from UTF-8 to the local encoding, then cut; a cut keeps whole characters. Containers nested so deep that there is no
+/// memory to keep track of them are cut where they begin. A size of 0 or less writes nothing.
 VK_API void parseJsonNodeToStr(const Json::Value& node, char* buffer, int size);
 
 /// Stores text into node as a text in UTF-8, converted from the local encoding. Reads at most size bytes and stops at a

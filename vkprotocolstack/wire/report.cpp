@@ -242,7 +242,7 @@ void Report::rawText(std::size_t count, const char* field) const {
 
 void Report::utf8Text(int limit, const char* field) const {
     const std::string operation = "text from UTF-8, limit " + std::to_string(limit);
-    if (isNull() || limit < 0) return converted(operation, "", {Outcome::kLeft, "left as it was", ""});
+    if (field == nullptr) return converted(operation, "", {Outcome::kLeft, "left as it was", ""});
     const auto most = static_cast<std::size_t>(limit);
     const std::string source = text();
     const std::size_t taken = std::min({source.size(), source.find('\0'), most});

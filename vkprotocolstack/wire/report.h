@@ -40,6 +40,7 @@ class Report {
 
     // ---- what became of texts; fields hold local text
     [[gnu::cold]] void rawText(std::size_t count, const char* field) const;
+    /// field is null when nothing was written.
     [[gnu::cold]] void utf8Text(int limit, const char* field) const;
     [[gnu::cold]] void string(int size, const char* field) const;
     [[gnu::cold]] void rendered(int size, const char* field) const;
