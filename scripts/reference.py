@@ -20,8 +20,9 @@ import sys
 import xml.etree.ElementTree
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-HEADERS = ["vkprotocolstack/JsonParser.h", "vkprotocolstack/explain.h", "vkprotocolstack/version.h",
-           "vkprotocolstack/vocabulary.h", "vkprotocolstack/support/support.h", "vkprotocolstack/support/export.h"]
+HEADERS = ["vkprotocolstack/JsonParser.h", "vkprotocolstack/message_text.h", "vkprotocolstack/explain.h",
+           "vkprotocolstack/version.h", "vkprotocolstack/vocabulary.h",
+           "vkprotocolstack/support/support.h", "vkprotocolstack/support/export.h"]
 
 # Subsystem: number of its section in JsonParser.h, folder of its keyword tables.
 SUBSYSTEMS = {"foundation": 1, "time": 2, "traffic": 3, "analytics": 4, "face": 5, "status": 6, "config": 7}
@@ -30,7 +31,8 @@ SUBSYSTEMS = {"foundation": 1, "time": 2, "traffic": 3, "analytics": 4, "face": 
 SECTIONS = {"times and geometry": "time", "schedules": "time", "traffic": "traffic", "analytics": "analytics",
             "face recognition": "face", "device status": "status", "configuration": "config"}
 
-OTHER_HEADERS = {"vkprotocolstack/explain.h": ("explain", "Explaining a message"),
+OTHER_HEADERS = {"vkprotocolstack/message_text.h": ("message_text", "Reading a message's text without a tree"),
+                 "vkprotocolstack/explain.h": ("explain", "Explaining a message"),
                  "vkprotocolstack/version.h": ("version", "Version"),
                  "vkprotocolstack/vocabulary.h": ("vocabularies", "Vocabularies as data"),
                  "vkprotocolstack/support/support.h": ("support", "Functions of the surrounding library"),
@@ -340,7 +342,7 @@ def write_sources(folder, tool):
             for name in SUBSYSTEMS]
     main = f"@mainpage JsonParser\n\n{lines_of(first_of_contracts(preface))}\n\n"
     main += table(["subsystem", "records"], rows)
-    main += "\nBesides: @ref explain, @ref ownership, @ref support, @ref vocabularies, @ref fields, @ref version.\n"
+    main += "\nBesides: @ref message_text, @ref explain, @ref ownership, @ref support, @ref vocabularies, @ref fields, @ref version.\n"
     write("main.dox", f"/** {main}*/\n")
     return layouts
 

@@ -37,6 +37,7 @@ class VK_API MessagePlace {
     std::string_view pointer_;
 };
 
+/// What is accepted as a message.
 struct MessageTextOptions {
     /// Follow only quotes and brackets of what lies outside the place that the first reader is called for, and of what
     /// stands beside the way to it. Errors there may go unnoticed.
@@ -57,7 +58,7 @@ struct MessageTextError {
     std::size_t position;  ///< bytes before the place
     std::size_t line;      ///< from 1; ends at a line feed, a carriage return, or both
     std::size_t column;    ///< in bytes, from 1
-    std::string what;
+    std::string what;      ///< what was found there, or expected
 };
 
 /// A message text: one value as JSON, as devices send it. The text needs no terminator and no padding.
