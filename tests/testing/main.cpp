@@ -6,7 +6,7 @@
 
 // What the sanitizers are not to report of the C library: newlocale loses the search path that it makes of LOCPATH, and
 // iconv_close unloads modules under a lock that they do not see.
-extern "C" const char* __lsan_default_suppressions() { return "leak:__argz_add_sep"; }
+extern "C" const char* __lsan_default_suppressions() { return "leak:argz_add_sep"; }
 extern "C" const char* __lsan_default_options() { return "print_suppressions=0"; }
 extern "C" const char* __tsan_default_suppressions() { return "race:_dl_close_worker"; }
 
