@@ -16,6 +16,26 @@ namespace {
 /// Zeroes from new char[] for a text of that length, whose size must be an int. Null when they cannot be had.
 char* HeapText(std::size_t length) { return length >= INT_MAX ? nullptr : new (std::nothrow) char[length + 1](); }
 
+/// @return whether field was written
+bool CopyUtf8(const Place& place, char* field, int limit) {
+    if (place.isNull() || limit < 0) return false;
+    std::string storage;
+    const std::string_view whole = place.text(storage);
+    const std::size_t length = std::min(whole.size(), static_cast<std::size_t>(limit));
+    char onStack[512];
+    std::unique_ptr<char[]> onHeap;
+    char* source = onStack;
+    if (length >= sizeof onStack) {
+        onHeap.reset(new (std::nothrow) char[length + 1]);
+        if (onHeap == nullptr) return false;
+        source = onHeap.get();
+    }
+    whole.copy(source, length);
+    source[length] = '\0';  // a NUL before this ends the text too
+    Change_Utf8_Assic(reinterpret_cast<unsigned char*>(source), field);
+    return true;
+}
+
 }  // namespace
 
 Report Node::report() const { return {*trail_, place_.address()}; }
@@ -72,25 +92,8 @@ void Node::rawTo(char* field, std::size_t count) const {
 }
 
 void Node::utf8To(char* field, int limit) const {
-    if (place_.type() == Json::nullValue || limit < 0) {
-        if (trail_ != nullptr) report().utf8Text(limit, "");
-        return;
-    }
-    std::string storage;
-    const std::string_view whole = place_.text(storage);
-    const std::size_t length = std::min(whole.size(), static_cast<std::size_t>(limit));
-    char onStack[512];
-    std::unique_ptr<char[]> onHeap;
-    char* source = onStack;
-    if (length >= sizeof onStack) {
-        onHeap.reset(new (std::nothrow) char[length + 1]);
-        if (onHeap == nullptr) return;
-        source = onHeap.get();
-    }
-    whole.copy(source, length);
-    source[length] = '\0';  // a NUL before this ends the text too
-    Change_Utf8_Assic(reinterpret_cast<unsigned char*>(source), field);
-    if (trail_ != nullptr) report().utf8Text(limit, field);
+    const bool written = CopyUtf8(place_, field, limit);
+    if (trail_ != nullptr) report().utf8Text(limit, written ? field : nullptr);
 }
 
 bool Node::stringTo(char* field, int size) const {
