@@ -20,56 +20,27 @@ char* HeapText(std::size_t length) { return length >= INT_MAX ? nullptr : new (s
 
 Report Node::report() const { return {*trail_, place_.address()}; }
 
-bool Node::tested(std::string_view operation, bool passed) const {
-    if (trail_ != nullptr) report().test(operation, passed);
-    return passed;
-}
+void Node::reportTest(std::string_view operation, bool passed) const { report().test(operation, passed); }
 
 template <class Number>
-Number Node::reported(std::string_view operation, Number result, int added) const {
-    if (trail_ != nullptr) report().number(operation, result, added);
-    return result;
+void Node::reportNumber(std::string_view operation, Number result, int added) const {
+    report().number(operation, result, added);
 }
+template void Node::reportNumber(std::string_view operation, int result, int added) const;
+template void Node::reportNumber(std::string_view operation, unsigned result, int added) const;
+template void Node::reportNumber(std::string_view operation, double result, int added) const;
+template void Node::reportNumber(std::string_view operation, float result, int added) const;
+template void Node::reportNumber(std::string_view operation, unsigned char result, int added) const;
+template void Node::reportNumber(std::string_view operation, unsigned short result, int added) const;
 
-Node::operator bool() const { return tested("present", place_.type() != Json::nullValue); }
-bool Node::isMember() const { return tested("isMember", place_.exists()); }
-bool Node::isArray() const { return tested("isArray", place_.type() == Json::arrayValue); }
-bool Node::isString() const { return tested("isString", place_.type() == Json::stringValue); }
-bool Node::isInt() const { return tested("isInt", place_.isInt()); }
-bool Node::isUInt() const { return tested("isUInt", place_.isUInt()); }
-bool Node::isBool() const { return tested("isBool", place_.type() == Json::booleanValue); }
-
-std::size_t Node::size() const {
-    const std::size_t size = place_.size();
-    if (trail_ != nullptr) report().size(size);
-    return size;
-}
-
-Node Node::at(std::size_t index) const {
-    return {place_.element(index), trail_ == nullptr ? nullptr : trail_->element(index)};
-}
+void Node::reportSize(std::size_t size) const { report().size(size); }
 
 Node Node::operator[](std::string_view name) const {
     return {place_.member(name), trail_ == nullptr ? nullptr : trail_->member(name)};
 }
 
-int Node::asInt() const { return reported("int", place_.asInt()); }
-unsigned Node::asUInt() const { return reported("unsigned", place_.asUInt()); }
-double Node::asDouble() const { return reported("double", place_.asDouble()); }
-float Node::asFloat() const { return reported("float", static_cast<float>(place_.asDouble())); }
-
 bool Node::asBool() const { return reported("bool", place_.asBool()); }
 
-unsigned char Node::intLow8() const { return reported("int, low 8 bits", static_cast<unsigned char>(place_.asInt())); }
-unsigned char Node::uintLow8() const {
-    return reported("unsigned, low 8 bits", static_cast<unsigned char>(place_.asUInt()));
-}
-unsigned short Node::intLow16() const {
-    return reported("int, low 16 bits", static_cast<unsigned short>(place_.asInt()));
-}
-unsigned short Node::uintLow16() const {
-    return reported("unsigned, low 16 bits", static_cast<unsigned short>(place_.asUInt()));
-}
 int Node::intPlusOne() const {
     return reported("int plus one", static_cast<int>(static_cast<unsigned>(place_.asInt()) + 1U), 1);
 }
@@ -90,8 +61,9 @@ long Node::unsignedUtcSeconds() const { return reported("unsigned, UTC seconds",
 void Node::rawTo(char* field, std::size_t count) const {
     std::string storage;
     const std::string_view whole = place_.text(storage);
-    const std::size_t length = std::min(std::min(whole.find('\0'), whole.size()), count);
-    std::copy_n(whole.data(), length, field);
+    const std::string_view taken = whole.substr(0, count);
+    const std::size_t length = std::min(taken.find('\0'), taken.size());
+    taken.copy(field, length);
     field[length] = '\0';
     if (trail_ != nullptr) report().rawText(count, field);
 }
@@ -104,12 +76,17 @@ void Node::utf8To(char* field, int limit) const {
     std::string storage;
     const std::string_view whole = place_.text(storage);
     const std::size_t length = std::min(whole.size(), static_cast<std::size_t>(limit));
-    const std::unique_ptr<char[]> source(new (std::nothrow) char[length + 1]);
-    if (source == nullptr) return;
-    const std::size_t taken = std::min(whole.find('\0'), length);
-    std::copy_n(whole.data(), taken, source.get());
-    source[taken] = '\0';
-    Change_Utf8_Assic(reinterpret_cast<unsigned char*>(source.get()), field);
+    char onStack[512];
+    std::unique_ptr<char[]> onHeap;
+    char* source = onStack;
+    if (length >= sizeof onStack) {
+        onHeap.reset(new (std::nothrow) char[length + 1]);
+        if (onHeap == nullptr) return;
+        source = onHeap.get();
+    }
+    whole.copy(source, length);
+    source[length] = '\0';  // a NUL before this ends the text too
+    Change_Utf8_Assic(reinterpret_cast<unsigned char*>(source), field);
     if (trail_ != nullptr) report().utf8Text(limit, field);
 }
 

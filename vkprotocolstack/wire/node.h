@@ -32,19 +32,26 @@ class Node {
 
     // ---- tests
     /// Present: neither missing nor null.
-    explicit operator bool() const;
+    explicit operator bool() const { return tested("present", !place_.isNull()); }
     /// Part of its object, as null too.
-    bool isMember() const;
-    bool isArray() const;
-    bool isString() const;
-    bool isInt() const;
-    bool isUInt() const;
-    bool isBool() const;
+    bool isMember() const { return tested("isMember", place_.exists()); }
+    bool isArray() const { return tested("isArray", place_.type() == Json::arrayValue); }
+    bool isString() const { return tested("isString", place_.type() == Json::stringValue); }
+    bool isInt() const { return tested("isInt", place_.isInt()); }
+    bool isUInt() const { return tested("isUInt", place_.isUInt()); }
+    bool isBool() const { return tested("isBool", place_.type() == Json::booleanValue); }
     /// Elements of an array, 0 for anything else.
-    std::size_t size() const;
+    std::size_t size() const {
+        const std::size_t size = place_.size();
+        if (trail_ != nullptr) [[unlikely]]
+            reportSize(size);
+        return size;
+    }
 
     // ---- way down
-    Node at(std::size_t index) const;
+    Node at(std::size_t index) const {
+        return {place_.element(index), trail_ == nullptr ? nullptr : trail_->element(index)};
+    }
     /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
     /// for each, and reports none of its own.
     /// @return whether it never did
@@ -59,16 +66,22 @@ class Node {
     Node operator[](std::string_view name) const;
 
     // ---- numbers
-    int asInt() const;
-    unsigned asUInt() const;
-    double asDouble() const;
-    float asFloat() const;
+    int asInt() const { return reported("int", place_.asInt()); }
+    unsigned asUInt() const { return reported("unsigned", place_.asUInt()); }
+    double asDouble() const { return reported("double", place_.asDouble()); }
+    float asFloat() const { return reported("float", static_cast<float>(place_.asDouble())); }
     bool asBool() const;
     /// The low bits of asInt or of asUInt: they differ on reals outside the type's range.
-    unsigned char intLow8() const;
-    unsigned char uintLow8() const;
-    unsigned short intLow16() const;
-    unsigned short uintLow16() const;
+    unsigned char intLow8() const { return reported("int, low 8 bits", static_cast<unsigned char>(place_.asInt())); }
+    unsigned char uintLow8() const {
+        return reported("unsigned, low 8 bits", static_cast<unsigned char>(place_.asUInt()));
+    }
+    unsigned short intLow16() const {
+        return reported("int, low 16 bits", static_cast<unsigned short>(place_.asInt()));
+    }
+    unsigned short uintLow16() const {
+        return reported("unsigned, low 16 bits", static_cast<unsigned short>(place_.asUInt()));
+    }
     /// asInt plus one; wraps at the limit.
     int intPlusOne() const;
     /// The 32-bit pattern of asInt. Nothing when it is null, a text, an array, an object, or an integer that is neither
@@ -134,9 +147,21 @@ class Node {
     /// Only for who is observed.
     class Report report() const;
     [[gnu::cold]] void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
-    bool tested(std::string_view operation, bool passed) const;
+    bool tested(std::string_view operation, bool passed) const {
+        if (trail_ != nullptr) [[unlikely]]
+            reportTest(operation, passed);
+        return passed;
+    }
+    [[gnu::cold]] void reportSize(std::size_t size) const;
+    [[gnu::cold]] void reportTest(std::string_view operation, bool passed) const;
     template <class Number>
-    Number reported(std::string_view operation, Number result, int added = 0) const;
+    Number reported(std::string_view operation, Number result, int added = 0) const {
+        if (trail_ != nullptr) [[unlikely]]
+            reportNumber(operation, result, added);
+        return result;
+    }
+    template <class Number>
+    [[gnu::cold]] void reportNumber(std::string_view operation, Number result, int added) const;
     int lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise,
                  bool isText = false) const;
 

@@ -90,15 +90,14 @@ bool Place::isUInt() const {
     return e.type == TextType::Real && ScalarOf(e).isUInt();
 }
 
-int Place::asInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
-unsigned Place::asUInt() const {
+int Place::convertedToInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
+unsigned Place::convertedToUInt() const {
     return isOnTape() ? IntegerOf<unsigned>(entry()) : IntegerOf<unsigned>(type(), address());
 }
 
-double Place::asDouble() const {
+double Place::convertedToDouble() const {
     if (isOnTape()) {
         const TextEntry& e = entry();
-        if (e.type == TextType::Integer) return static_cast<double>(e.integer);
         if (e.type == TextType::Unsigned) return static_cast<double>(e.unsignedInteger);
         if (e.type == TextType::Real) return DoubleOf(e);
         return e.type == TextType::True ? 1.0 : 0.0;
@@ -202,27 +201,15 @@ void Place::renderTo(char* field, int size) const {
     }
 }
 
-std::size_t Place::size() const {
-    if (isOnTape()) return entry().type == TextType::Array ? entry().size : 0;
-    return type() == Json::arrayValue ? address()->size() : 0;
-}
-
-Place Place::element(std::size_t index) const {
-    if (isOnTape()) return index < size() ? Place(entry().children + index) : Place();
-    return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
-}
-
 Place Place::member(std::string_view name) const {
     if (type() != Json::objectValue) return {};
-    if (isOnTape()) {
-        // From the end: of members with the same name the last one counts.
-        for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
-            --child;
-            if (std::string_view(child->name, child->nameSize) == name) return Place(child);
-        }
-        return {};
+    if (!isOnTape()) return Place(FindMember(*address(), name));
+    // From the end: of members with the same name the last one counts.
+    for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
+        --child;
+        if (child->nameSize == name.size() && SameBytes(child->name, name.data(), name.size())) return Place(child);
     }
-    return Place(FindMember(*address(), name));
+    return {};
 }
 
 void Place::members(const NameIndex& names, Place* found) const {

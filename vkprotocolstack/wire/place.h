@@ -4,6 +4,7 @@
 
 #include <json/value.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -23,6 +24,10 @@ class Place {
     explicit Place(const TextEntry* entry) : bits_(reinterpret_cast<std::uintptr_t>(entry) | kOnTape) {}
 
     bool exists() const { return bits_ != 0; }
+    bool isNull() const {
+        if (isOnTape()) return entry().type == TextType::Null;
+        return bits_ == 0 || address()->type() == Json::nullValue;
+    }
     Json::ValueType type() const {
         if (isOnTape()) return TypeOnTape(entry().type);
         return bits_ == 0 ? Json::nullValue : address()->type();
@@ -31,9 +36,9 @@ class Place {
     bool isInt() const;
     bool isUInt() const;
 
-    int asInt() const;
-    unsigned asUInt() const;
-    double asDouble() const;
+    int asInt() const { return isInteger() ? static_cast<int>(entry().integer) : convertedToInt(); }
+    unsigned asUInt() const { return isInteger() ? static_cast<unsigned>(entry().integer) : convertedToUInt(); }
+    double asDouble() const { return isInteger() ? static_cast<double>(entry().integer) : convertedToDouble(); }
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
@@ -46,8 +51,14 @@ class Place {
     void renderTo(char* field, int size) const;
 
     /// Elements of an array, 0 for anything else.
-    std::size_t size() const;
-    Place element(std::size_t index) const;
+    std::size_t size() const {
+        if (isOnTape()) return entry().type == TextType::Array ? entry().size : 0;
+        return type() == Json::arrayValue ? address()->size() : 0;
+    }
+    Place element(std::size_t index) const {
+        if (isOnTape()) return index < size() ? Place(entry().children + index) : Place();
+        return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
+    }
     /// Calls visit with the first count elements, which is at most size(), until it returns false.
     /// @return whether it never did
     template <class Visit>
@@ -56,10 +67,9 @@ class Place {
         if (!isOnTape()) {
             return ForElements(*address(), count, [&](const Json::Value& element) { return visit(Place(&element)); });
         }
-        for (std::size_t i = 0; i < count; ++i) {
-            if (!visit(element(i))) return false;
-        }
-        return true;
+        const TextEntry* const elements = entry().children;
+        return std::all_of(elements, elements + count,
+                           [&](const TextEntry& element) { return visit(Place(&element)); });
     }
     Place member(std::string_view name) const;
     /// Looks up the names at one go.
@@ -72,6 +82,10 @@ class Place {
     static constexpr std::uintptr_t kOnTape = 1;
 
     bool isOnTape() const { return (bits_ & kOnTape) != 0; }
+    bool isInteger() const { return isOnTape() && entry().type == TextType::Integer; }
+    int convertedToInt() const;
+    unsigned convertedToUInt() const;
+    double convertedToDouble() const;
     const TextEntry& entry() const { return *reinterpret_cast<const TextEntry*>(bits_ - kOnTape); }
     static Json::ValueType TypeOnTape(TextType type) {
         constexpr Json::ValueType kTypes[] = {

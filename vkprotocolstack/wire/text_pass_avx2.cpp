@@ -15,10 +15,12 @@ struct Avx2Blocks {
     static __m256i Equal(__m256i block, char byte) { return _mm256_cmpeq_epi8(block, _mm256_set1_epi8(byte)); }
     static std::uint32_t Bits(__m256i block) { return static_cast<std::uint32_t>(_mm256_movemask_epi8(block)); }
 
-    static std::uint32_t Endings(const char* p) {
-        const __m256i block = Load(p);
-        const __m256i controls = _mm256_cmpeq_epi8(_mm256_min_epu8(block, _mm256_set1_epi8(0x1F)), block);
-        return Bits(_mm256_or_si256(_mm256_or_si256(Equal(block, '"'), Equal(block, '\\')), controls));
+    static std::uint64_t Endings(const char* p) {
+        const auto endingsOf = [](__m256i block) {
+            const __m256i controls = _mm256_cmpeq_epi8(_mm256_min_epu8(block, _mm256_set1_epi8(0x1F)), block);
+            return Bits(_mm256_or_si256(_mm256_or_si256(Equal(block, '"'), Equal(block, '\\')), controls));
+        };
+        return endingsOf(Load(p)) | std::uint64_t{endingsOf(Load(p + kWidth))} << kWidth;
     }
     static std::uint32_t Blanks(const char* p) {
         const __m256i block = Load(p);

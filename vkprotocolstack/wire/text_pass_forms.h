@@ -1,8 +1,8 @@
 // The pass over a message text, written once for all forms. Each form's source file includes this with its own Blocks:
-//   kWidth                    bytes in a block
-//   Endings(p)                bits of a block: quotes, backslashes, control characters
+//   kWidth, kAll              bytes in a block, and a bit for each
 //   Blanks(p)                 bits of a block: JSON's white space
-//   Starts(p, quoted)         whether the text starts with the name and quote in quoted (see QuotedName), size bytes
+//   Endings(p)                of 64 bytes: quotes, backslashes, control characters
+//   Starts(p, end, quoted, size)  whether the text starts with a name of size bytes and its quote (see QuotedName)
 //   Structure(p)              of 64 bytes: quotes, backslashes, opening and closing brackets
 // Everything here is in an unnamed namespace and nothing is shared with other files: a form for wider instructions is
 // compiled with them, and the linker must not take its code for all.
@@ -27,9 +27,6 @@ struct StructureBits {
 bool IsBlank(char byte) { return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t'; }
 bool IsDigit(char byte) { return static_cast<unsigned char>(byte - '0') <= 9; }
 
-/// Ends a run of ordinary characters in a text.
-bool IsEnding(char byte) { return byte == '"' || byte == '\\' || static_cast<unsigned char>(byte) < 0x20; }
-
 bool IsContainer(char byte) { return byte == '{' || byte == '['; }
 
 /// The value of four hexadecimal digits; above 0xFFFF when they are none.
@@ -50,13 +47,15 @@ std::uint32_t Hex4(const char* p) {
 template <class Blocks>
 class Pass {
   public:
-    explicit Pass(TextPass& job) : job_(job), tape_(*job.tape), end_(job.end) {}
+    explicit Pass(TextPass& job) : job_(job), tape_(*job.tape), end_(job.end), block_(job.begin) {}
 
     bool run() {
         while (end_ != job_.begin && IsBlank(end_[-1])) --end_;
         const char* p = job_.begin;
         while (p != end_ && IsBlank(*p)) ++p;
         job_.part = nullptr;
+        endings_ = endingsAt(block_);
+        endingsAhead_ = endingsAt(block_ + kBlock);
         if (end_ - p < 2) return declined(p) != nullptr;
         // What is read from here on ends at the latest at the last byte: a bracket stops every scan but that of texts.
         const char last = end_[-1];
@@ -68,6 +67,8 @@ class Pass {
     }
 
   private:
+    static constexpr std::size_t kBlock = 64;
+
     const char* declined(const char* p) {
         job_.stop = p;
         return nullptr;
@@ -89,16 +90,15 @@ class Pass {
         return p;
     }
 
-    /// The closing quote of the text whose characters begin at p.
+    /// The closing quote of the text whose characters begin at p. What ends runs of characters is found for whole
+    /// blocks ahead: so a text's end is known without waiting for that of the text before.
     ALWAYS_INLINE const char* endOfText(const char* p, bool& escaped) {
-        if (static_cast<std::size_t>(end_ - p) >= Blocks::kWidth) {
-            const std::uint32_t endings = Blocks::Endings(p);
+        const auto offset = static_cast<std::size_t>(p - block_);
+        if (offset < kBlock) {
+            const std::uint64_t endings = endings_ >> offset;
             if (endings != 0) {
-                const char* const ending = p + __builtin_ctz(endings);
-                if (*ending == '"') return ending;
-                p = ending;
-            } else {
-                p += Blocks::kWidth;
+                const char* const ending = p + __builtin_ctzll(endings);
+                if (ending < end_ && *ending == '"') return ending;
             }
         }
         return endOfLongText(p, escaped);
@@ -116,14 +116,35 @@ class Pass {
         }
     }
 
-    const char* nextEnding(const char* p) const {
-        while (static_cast<std::size_t>(end_ - p) >= Blocks::kWidth) {
-            const std::uint32_t endings = Blocks::Endings(p);
-            if (endings != 0) return p + __builtin_ctz(endings);
-            p += Blocks::kWidth;
+    /// The next byte, from p on, that is no ordinary character of a text; the end when there is none.
+    const char* nextEnding(const char* p) {
+        while (p < end_) {
+            const auto offset = static_cast<std::size_t>(p - block_);
+            if (offset >= kBlock) {
+                takeBlock(block_ + offset / kBlock * kBlock);
+                continue;
+            }
+            const std::uint64_t endings = endings_ >> offset;
+            if (endings != 0) {
+                const char* const ending = p + __builtin_ctzll(endings);
+                return ending < end_ ? ending : end_;
+            }
+            p = block_ + kBlock;
         }
-        while (p != end_ && !IsEnding(*p)) ++p;
-        return p;
+        return end_;
+    }
+
+    ALWAYS_INLINE void takeBlock(const char* block) {
+        endings_ = block == block_ + kBlock ? endingsAhead_ : endingsAt(block);
+        endingsAhead_ = endingsAt(block + kBlock);
+        block_ = block;
+    }
+
+    ALWAYS_INLINE std::uint64_t endingsAt(const char* block) const {
+        if (end_ - block >= static_cast<std::ptrdiff_t>(kBlock)) return Blocks::Endings(block);
+        char tail[kBlock] = {};  // NULs end every text
+        if (block < end_) std::memcpy(tail, block, static_cast<std::size_t>(end_ - block));
+        return Blocks::Endings(tail);
     }
 
     const char* skipEscape(const char* p) {
@@ -553,7 +574,10 @@ class Pass {
 
     TextPass& job_;
     TextTape& tape_;
-    const char* end_;  ///< behind the last byte that is not blank
+    const char* end_;                 ///< behind the last byte that is not blank
+    const char* block_;               ///< kBlock bytes of the text, or fewer at its end
+    std::uint64_t endings_ = 0;       ///< bits of its bytes that are no ordinary characters of a text
+    std::uint64_t endingsAhead_ = 0;  ///< of the next block
 };
 
 }  // namespace

@@ -29,10 +29,14 @@ struct PlainBlocks {
         return static_cast<std::uint32_t>((high >> 7) * 0x0102040810204080 >> 56);
     }
 
-    static std::uint32_t Endings(const char* p) {
-        const std::uint64_t word = Load(p);
-        const std::uint64_t controls = ~((word & ~kHigh) + kOnes * 0x60) & ~word & kHigh;
-        return Bits(Equal(word, '"') | Equal(word, '\\') | controls);
+    static std::uint64_t Endings(const char* p) {
+        std::uint64_t bits = 0;
+        for (std::size_t i = 0; i < 64; i += kWidth) {
+            const std::uint64_t word = Load(p + i);
+            const std::uint64_t controls = ~((word & ~kHigh) + kOnes * 0x60) & ~word & kHigh;
+            bits |= std::uint64_t{Bits(Equal(word, '"') | Equal(word, '\\') | controls)} << i;
+        }
+        return bits;
     }
     static std::uint32_t Blanks(const char* p) {
         const std::uint64_t word = Load(p);

@@ -15,10 +15,15 @@ struct Sse2Blocks {
     static __m128i Equal(__m128i block, char byte) { return _mm_cmpeq_epi8(block, _mm_set1_epi8(byte)); }
     static std::uint32_t Bits(__m128i block) { return static_cast<std::uint32_t>(_mm_movemask_epi8(block)); }
 
-    static std::uint32_t Endings(const char* p) {
-        const __m128i block = Load(p);
-        const __m128i controls = _mm_cmpeq_epi8(_mm_min_epu8(block, _mm_set1_epi8(0x1F)), block);
-        return Bits(_mm_or_si128(_mm_or_si128(Equal(block, '"'), Equal(block, '\\')), controls));
+    static std::uint64_t Endings(const char* p) {
+        std::uint64_t bits = 0;
+        for (std::size_t i = 0; i < 64; i += kWidth) {
+            const __m128i block = Load(p + i);
+            const __m128i controls = _mm_cmpeq_epi8(_mm_min_epu8(block, _mm_set1_epi8(0x1F)), block);
+            const __m128i texts = _mm_or_si128(Equal(block, '"'), Equal(block, '\\'));
+            bits |= std::uint64_t{Bits(_mm_or_si128(texts, controls))} << i;
+        }
+        return bits;
     }
     static std::uint32_t Blanks(const char* p) {
         const __m128i block = Load(p);
