@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <numeric>
 #include <random>
 #include <string>
@@ -14,7 +15,9 @@
 
 namespace {
 
+using jsonparser::HashOfName;
 using jsonparser::Members;
+using jsonparser::NameIndex;
 using jsonparser::NameList;
 using jsonparser::Node;
 using jsonparser::Place;
@@ -78,6 +81,16 @@ TEST(Members, AreFoundAmongNamesBeforeBetweenBehindAndPrefixingThem) {
     ExpectLikeFind(bytes);
 }
 
+TEST(Members, AreFoundInObjectsOfAnySize) {
+    Json::Value object(Json::objectValue);
+    for (int members = 0; members < 200; ++members) {
+        ExpectLikeFind(object);
+        object["m" + std::to_string(members)] = members;
+        if (members == 50) object["Lanes"] = members;
+        if (members == 150) object[""] = members;
+    }
+}
+
 TEST(Members, OfWhatIsNoObjectAreMissing) {
     for (const Json::Value& value : HostileValues()) ExpectLikeFind(value);
     const Members<kNames> in{Node(Place(), nullptr)};
@@ -128,7 +141,14 @@ TEST(Members, FindInRandomObjectsWhatFindFinds) {
         std::iota(sorted.begin(), sorted.end(), std::size_t{0});
         std::sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) { return names[a] < names[b]; });
         std::vector<Place> found(names.size(), Place(&object));
-        Place(&object).members({names.data(), sorted.data(), nullptr, names.size(), nullptr, 0}, found.data());
+        std::array<std::uint8_t, 64> slots{};
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            std::size_t slot = HashOfName(names[i].data(), names[i].size()) % slots.size();
+            while (slots[slot] != 0) slot = (slot + 1) % slots.size();
+            slots[slot] = static_cast<std::uint8_t>(i + 1);
+        }
+        const NameIndex index{names.data(), sorted.data(), nullptr, names.size(), slots.data(), slots.size() - 1};
+        Place(&object).members(index, found.data());
         for (std::size_t i = 0; i < names.size(); ++i) {
             ASSERT_EQ(found[i].address(), object.find(names[i].data(), names[i].data() + names[i].size()));
             if (found[i].exists()) ++hits;

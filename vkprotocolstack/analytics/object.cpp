@@ -73,9 +73,10 @@ VK_RECT ExactBoxOf(Node node) {
 }
 
 /// The first component in the highest byte; one that is no byte runs over into its neighbours.
-unsigned ColorOf(Node components) {
+unsigned ColorOf(Node node) {
+    const auto components = node.first<4>();
     unsigned color = 0;
-    for (unsigned i = 0; i < 4; ++i) color |= static_cast<unsigned>(components.at(i).asInt()) << (24 - 8 * i);
+    for (unsigned i = 0; i < 4; ++i) color |= static_cast<unsigned>(components[i].asInt()) << (24 - 8 * i);
     return color;
 }
 
@@ -119,9 +120,10 @@ void ReadCommon(const Members<kNames>& in, Object& object) {
     if (auto v = in["Contour"]) {
         const std::size_t points = std::min<std::size_t>(v.size(), 16);
         object.nPointNum = static_cast<int>(points);
-        for (std::size_t i = 0; i < points; ++i) {
-            if (auto point = v.at(i); point.size() >= 2) object.stuContour[i] = PointOf(point);
-        }
+        v.forElements(points, [&](Node point, std::size_t i) {
+            if (point.size() >= 2) object.stuContour[i] = PointOf(point);
+            return true;
+        });
     }
     if (auto v = in["MainColor"]; v.size() >= 4) {
         object.dwMainColor = ColorOf(v);
