@@ -1,5 +1,5 @@
-# Three Debian packages, made by `cpack -G DEB`, in a build for the prefix /usr: only with that prefix do libraries go where
-# Debian has them. scripts/check_packages makes and tries them.
+# Three Debian packages, made by `cpack -G DEB`, in a build for the prefix /usr: only with that prefix do libraries go
+# where Debian has them. scripts/check_packages makes and tries them.
 find_program(GZIP gzip)
 if(NOT UNIX OR NOT GZIP OR NOT CMAKE_INSTALL_PREFIX STREQUAL /usr)
     return()

@@ -11,6 +11,9 @@
 // - Text in messages is UTF-8, text in records is in the local encoding of the calling thread's locale.
 // - Writers replace a node that is neither null nor of the container type they write; a container keeps the members and
 //   elements that are not written.
+// - Readers that take a place in a message's text (see message_text.h) first check the message. One that is not accepted
+//   leaves the record as the caller set it; they return their failure value then, and 0 or false where they have none.
+//   They insert nothing.
 // - Functions keep no state and may run on any number of threads at once on separate records and nodes.
 #ifndef VKPROTOCOLSTACK_JSONPARSER_H
 #define VKPROTOCOLSTACK_JSONPARSER_H

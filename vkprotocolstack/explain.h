@@ -46,15 +46,16 @@ struct Reading {
     std::string test;        ///< the tests, in their order, failed ones with "not"; empty when there were none
     std::string conversion;  ///< what was taken, in the words of the library; empty when nothing was
     std::string value;       ///< what the reader got, in JSON
-    Outcome outcome;
-    std::string remark;    ///< what became of it, in words: "cut from 300 to 32 bytes"
-    std::string expected;  ///< of findings: what would have been none
+    Outcome outcome;         ///< what became of it
+    std::string remark;      ///< what became of it, in words: "cut from 300 to 32 bytes"
+    std::string expected;    ///< of findings: what would have been none
 };
 
 /// What a reader did with a message: a reading for each conversion, in the reader's order, then what nothing reads.
 struct Explanation {
-    std::vector<Reading> readings;
+    std::vector<Reading> readings;  ///< in that order
 
+    /// How many of the readings are findings.
     std::size_t findings() const {
         std::size_t count = 0;
         for (const Reading& reading : readings) count += IsFinding(reading.outcome) ? 1U : 0U;

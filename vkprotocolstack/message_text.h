@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "vkprotocolstack/support/export.h"
 
@@ -71,6 +72,9 @@ class VK_API MessageText {
   public:
     /// text must stay until the last reader is done.
     explicit MessageText(std::string_view text, const MessageTextOptions& options = {});
+    /// A temporary would not stay.
+    template <class Text, std::enable_if_t<std::is_same_v<Text, std::string>, int> = 0>
+    explicit MessageText(Text&& text, const MessageTextOptions& options = {}) = delete;
     ~MessageText();
     MessageText(const MessageText&) = delete;
     MessageText& operator=(const MessageText&) = delete;

@@ -42,7 +42,7 @@ class ParseStrtoObjectWithoutMemory : public testing::Test {};
 using Generations = testing::Types<VK_MSG_OBJECT, tagVK_MSG_OBJECT_EX, tagVK_MSG_OBJECT_EX2>;
 TYPED_TEST_SUITE(ParseStrtoObjectWithoutMemory, Generations);
 
-TYPED_TEST(ParseStrtoObjectWithoutMemory, LeavesTheTextsEmptyAndThePathNullAndReadsTheRest) {
+TYPED_TEST(ParseStrtoObjectWithoutMemory, LeavesThePathNullAndReadsTheRest) {
     const Json::Value node = Json(R"({"ObjectType": "type", "Category": "category", "Text": "text", "SubText": "sub",
                                       "Image": {"FilePath": "/record/1.jpg", "Width": 41}, "RelativeID": 102})");
     Placed<TypeParam> object(4);
@@ -50,24 +50,24 @@ TYPED_TEST(ParseStrtoObjectWithoutMemory, LeavesTheTextsEmptyAndThePathNullAndRe
         const OutOfMemory scope;
         ParseStrtoObject(node, object.get());
     }
-    EXPECT_STREQ(object->szObjectType, "");
-    EXPECT_STREQ(object->szObjectCategory, "");
-    EXPECT_STREQ(object->szText, "");
-    EXPECT_STREQ(object->szSubText, "");
+    EXPECT_STREQ(object->szObjectType, "type");
+    EXPECT_STREQ(object->szObjectCategory, "category");
+    EXPECT_STREQ(object->szText, "text");
+    EXPECT_STREQ(object->szSubText, "sub");
     EXPECT_EQ(object->bPicEnable, 1);
     EXPECT_STREQ(object->pszFilePath, nullptr);
     EXPECT_EQ(object->wWidth, 41);
     EXPECT_EQ(object->nRelativeID, 102);
 }
 
-TEST(ParseBulletHolesInfoWithoutMemory, LeavesTheObjectTypeEmptyAndReadsTheRest) {
+TEST(ParseBulletHolesInfoWithoutMemory, ReadsAll) {
     const Json::Value node = Json(R"({"ObjectType": "type", "Score": 13})");
     Placed<tagNET_BULLET_HOLES_INFO> hole;
     {
         const OutOfMemory scope;
         EXPECT_EQ(ParseBulletHolesInfo(node, hole.get()), 1);
     }
-    EXPECT_STREQ(hole->szObjectType, "");
+    EXPECT_STREQ(hole->szObjectType, "type");
     EXPECT_EQ(hole->nScore, 13);
 }
 

@@ -81,10 +81,14 @@ TEST(ParseUtf8JasonToAssic, ANegativeLimitLeavesTheDestinationUntouched) {
     EXPECT_EQ(Read("text", INT_MIN, 8), "########");
 }
 
-TEST(ParseUtf8JasonToAssic, WithoutMemoryTheDestinationStaysUntouched) {
+TEST(ParseUtf8JasonToAssic, WithoutMemoryForALongTextTheDestinationStaysUntouched) {
     const OutOfMemory scope;
-    EXPECT_EQ(Read("text", 4, 8), "########");
-    EXPECT_EQ(Read("", 4, 8), "########");
+    EXPECT_EQ(Read(std::string(600, 'x'), 600, 601), std::string(601, '#'));
+}
+
+TEST(ParseUtf8JasonToAssic, NeedsNoMemoryForAShortText) {
+    const OutOfMemory scope;
+    EXPECT_EQ(Read("text", 4, 8), std::string("text\0###", 8));
 }
 
 TEST(ParseUtf8JasonToAssic, StopsAtAnEmbeddedNul) {

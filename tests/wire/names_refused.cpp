@@ -1,10 +1,12 @@
-// Compiled by tests as it is, and with each of the two breaches, which must not compile.
+// Compiled by tests as it is, and with each of the breaches, which must not compile.
 #include "vkprotocolstack/wire/node.h"
 
 namespace {
 
 #ifdef NAME_TWICE
 constexpr jsonparser::NameList kNames{"Speed", "Lane", "Speed"};
+#elif defined(NAME_TOO_LONG)
+constexpr jsonparser::NameList kNames{"Lane", "NameOfThirtyTwoBytes123456789012"};
 #else
 constexpr jsonparser::NameList kNames{"Speed", "Lane"};
 #endif

@@ -652,13 +652,22 @@ TEST(Node, Utf8ToTakesSoManyBytesOfASourceThatIsCopied) {
     }
 }
 
-TEST(Node, Utf8ToLeavesTheFieldAsItWasWithoutMemory) {
+TEST(Node, Utf8ToLeavesTheFieldAsItWasWithoutMemoryForALongText) {
+    const Json::Value value = std::string(600, 'x');
+    Buffer field(601);
+    allocationsFail = true;
+    Node(value).utf8To(field.get(), 600);
+    allocationsFail = false;
+    EXPECT_TRUE(field.untouched());
+}
+
+TEST(Node, Utf8ToNeedsNoMemoryForAShortText) {
     const Json::Value value = "text";
     Buffer field(8);
     allocationsFail = true;
     Node(value).utf8To(field.get(), 8);
     allocationsFail = false;
-    EXPECT_TRUE(field.untouched());
+    EXPECT_EQ(field.text(), "text");
 }
 
 TEST(Node, StringToCopiesTextsAndEmptiesTheFieldForAllElse) {

@@ -18,7 +18,7 @@ struct Note {
 };
 
 constexpr Note kNotes[] = {
-    {"decode", R"(Each
+    {"decode",  R"(Each
 .Ar FILE
 holds one message, unless
 .Fl Fl lines
@@ -39,16 +39,22 @@ Lines are converted on all cores, printed in their order, and printed as soon as
 A line that gives no whole record prints nothing to standard output and a finding to standard error; the run goes on,
 and says at its end how many lines were bad.
 Memory does not grow with the input.
-)"                                               },
-    {"encode", R"(Fields that the record's form lacks are zero.
+)"                                                                                             },
+    {"encode",  R"(Fields that the record's form lacks are zero.
 A field that the record lacks, a number that its field cannot hold and a text that is too long for its field are
 findings: nothing is cut without a word.
 .Fl Fl lines
 works as for
 .Cm decode .
-)"      },
-    {"error",  R"(A code that the library does not know is a finding.
+)"                                                    },
+    {"explain",
+     R"(A row for every value that the converter looks for, in its order: the path, what was found there, how it was
+tested and converted, the value that was taken, and what became of it.
+Then every member of the message that nothing reads, with the nearest name that is read in its place.
+Where the record has something else than the message, that is a finding.
 )"},
+    {"error",   R"(A code that the library does not know is a finding.
+)"                                              },
 };
 
 /// A run of the tool, with all that it prints.

@@ -35,8 +35,11 @@ template void Node::reportNumber(std::string_view operation, unsigned short resu
 
 void Node::reportSize(std::size_t size) const { report().size(size); }
 
+Node Node::watchedMember(std::string_view name) const { return {place_.member(name), trail_->member(name)}; }
+
 Node Node::operator[](std::string_view name) const {
-    return {place_.member(name), trail_ == nullptr ? nullptr : trail_->member(name)};
+    if (trail_ != nullptr) return watchedMember(name);
+    return {place_.member(name), nullptr};
 }
 
 bool Node::asBool() const { return reported("bool", place_.asBool()); }
@@ -126,7 +129,8 @@ char* Node::heapString() const {
     return buffer;
 }
 
-int Node::lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise, bool isText) const {
+inline int Node::lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise,
+                          bool isText) const {
     const int code = row == nullptr ? otherwise : row->code;
     if (trail_ != nullptr) report().keyword(operation, isText, table, row, code);
     return code;

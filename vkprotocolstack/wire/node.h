@@ -126,10 +126,9 @@ class Node {
     /// @return whether all converted
     template <class... Word>
     [[gnu::always_inline]] bool scan(NumberFormat<sizeof...(Word)> format, Signs signs, Word&... words) const {
+        if (trail_ != nullptr) return watchedScan(format, signs, words...);
         std::string storage;
-        const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
-        if (trail_ != nullptr) reportScan(format.text(), converted, sizeof...(Word));
-        return converted == sizeof...(Word);
+        return ScanInto(place_.text(storage), format, signs, words...) == sizeof...(Word);
     }
     /// The code of the first row with exactly this text, or otherwise.
     int firstExact(Keywords table, int otherwise) const;
@@ -154,8 +153,17 @@ class Node {
     template <const auto& List>
     friend class Members;
 
-    /// Only for who is observed.
+    // ---- for an observer: trail_ is not null
     class Report report() const;
+    [[gnu::cold, gnu::noinline]] Node watchedMember(std::string_view name) const;
+    template <class... Word>
+    [[gnu::cold, gnu::noinline]] bool watchedScan(NumberFormat<sizeof...(Word)> format, Signs signs,
+                                                  Word&... words) const {
+        std::string storage;
+        const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
+        reportScan(format.text(), converted, sizeof...(Word));
+        return converted == sizeof...(Word);
+    }
     [[gnu::cold]] void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
     bool tested(std::string_view operation, bool passed) const {
         if (trail_ != nullptr) [[unlikely]]

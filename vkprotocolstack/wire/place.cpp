@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
-#include <exception>
 #include <memory>
 #include <new>
 
@@ -100,6 +99,36 @@ void FindMembers(const Json::Value& object, const NameIndex& names, Place* found
     }
 }
 
+/// Null where there is no memory for the tree.
+Json::Value TreeOrNull(const TextEntry& entry) {
+    try {
+        return TreeOf(entry);
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
+
+/// The text of what is not a text as it stands, kept in storage; empty where there is no memory.
+std::string_view MadeText(const TextEntry& entry, std::string& storage) {
+    try {
+        switch (entry.type) {
+            case TextType::EscapedText:
+                storage.resize(entry.size);
+                storage.resize(Unescape(entry, storage.data()));
+                return storage;
+            case TextType::Null:
+            case TextType::Array:
+            case TextType::Object:
+                return {};
+            default:
+                storage = ScalarOf(entry).asString();
+                return storage;
+        }
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
+
 }  // namespace
 
 bool Place::isInt() const {
@@ -174,23 +203,8 @@ bool Place::is32Bits() const {
     }
 }
 
-std::string_view Place::convertedToText(std::string& storage) const {
-    if (isOnTape()) {
-        const TextEntry& e = entry();
-        switch (e.type) {
-            case TextType::EscapedText:
-                storage.resize(e.size);
-                storage.resize(Unescape(e, storage.data()));
-                return storage;
-            case TextType::Null:
-            case TextType::Array:
-            case TextType::Object:
-                return {};
-            default:
-                storage = ScalarOf(e).asString();
-                return storage;
-        }
-    }
+std::string_view Place::otherText(std::string& storage) const {
+    if (isOnTape()) return MadeText(entry(), storage);
     switch (type()) {
         case Json::intValue:
         case Json::uintValue:
@@ -215,7 +229,7 @@ void Place::renderTo(char* field, int size) const {
     } else if (type() == Json::stringValue) {
         parseJsonNodeToStr(TextCopy(entry(), size).value(), field, size);
     } else {
-        parseJsonNodeToStr(TreeOf(entry()), field, size);
+        parseJsonNodeToStr(TreeOrNull(entry()), field, size);
     }
 }
 

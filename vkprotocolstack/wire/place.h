@@ -43,18 +43,18 @@ class Place {
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
-    /// The text; one that does not stand in the message as it is, is kept in storage.
+    /// The text; one that does not stand in the message as it is, is kept in storage. On the tape, one for which there
+    /// is no memory is empty.
     std::string_view text(std::string& storage) const {
         if (isOnTape()) {
-            const TextEntry& e = entry();
-            if (e.type == TextType::Text) return {e.text, e.size};
+            if (entry().type == TextType::Text) return {entry().text, entry().size};
         } else if (type() == Json::stringValue) {
             const char* begin = nullptr;
             const char* end = nullptr;
             address()->getString(&begin, &end);
             return {begin, static_cast<std::size_t>(end - begin)};
         }
-        return convertedToText(storage);
+        return otherText(storage);
     }
 
     /// GetJsonString and parseJsonNodeToStr of the value. On the tape they are given a value of the same type; the
@@ -112,7 +112,7 @@ class Place {
     int convertedToInt() const;
     unsigned convertedToUInt() const;
     double convertedToDouble() const;
-    std::string_view convertedToText(std::string& storage) const;
+    std::string_view otherText(std::string& storage) const;
     const TextEntry& entry() const { return *reinterpret_cast<const TextEntry*>(bits_ - kOnTape); }
     static Json::ValueType TypeOnTape(TextType type) {
         static constexpr Json::ValueType kTypes[] = {
