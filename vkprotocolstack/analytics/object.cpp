@@ -73,10 +73,10 @@ VK_RECT ExactBoxOf(Node node) {
 }
 
 /// The first component in the highest byte; one that is no byte runs over into its neighbours.
-unsigned ColorOf(Node node) {
-    const auto components = node.first<4>();
+unsigned ColorOf(Node components) {
+    const auto component = components.first<4>();
     unsigned color = 0;
-    for (unsigned i = 0; i < 4; ++i) color |= static_cast<unsigned>(components[i].asInt()) << (24 - 8 * i);
+    for (unsigned i = 0; i < 4; ++i) color |= static_cast<unsigned>(component[i].asInt()) << (24 - 8 * i);
     return color;
 }
 
@@ -99,8 +99,9 @@ void ReadStamp(Node node, tagNET_TIME_EX& time, tagNET_TIME_EX& currentTime) {
 }
 
 void ReadSimilarity(Node colors, unsigned char* out, int count) {
+    const Members<kReferenceColors> in(colors);
     for (int i = 0; i < 8 && i < count; ++i) {
-        if (auto v = colors[kReferenceColors[i]]) out[i] = v.intLow8();
+        if (auto v = in.at(static_cast<std::size_t>(i))) out[i] = v.intLow8();
     }
 }
 

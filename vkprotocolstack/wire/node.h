@@ -204,10 +204,12 @@ class Members {
 
     /// Whether the object has the name at this index of List.
     bool found(std::size_t index) const { return found_[index].exists(); }
-
-    Node operator[](Name name) const {
-        return {found_[name.index], trail_ == nullptr ? nullptr : trail_->member(List.names[name.index])};
+    /// The member whose name is at this index of List.
+    Node at(std::size_t index) const {
+        return {found_[index], trail_ == nullptr ? nullptr : trail_->member(List.names[index])};
     }
+
+    Node operator[](Name name) const { return at(name.index); }
 
   private:
     std::array<Place, kCount> found_;
