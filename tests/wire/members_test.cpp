@@ -61,6 +61,17 @@ TEST(Members, TellNullFromMissing) {
     EXPECT_FALSE(in["B"].isMember());
 }
 
+TEST(Members, MayBeTakenByTheirIndexInTheList) {
+    const Json::Value value = Json(R"({"Lane": 1, "b": null, "Lanes": 10})");
+    const Members<kNames> in{Node(value)};
+    for (std::size_t i = 0; i < kNames.names.size(); ++i) {
+        const std::string name(kNames.names[i]);
+        EXPECT_EQ(in.found(i), value.isMember(name)) << name;
+        EXPECT_EQ(in.at(i).isMember(), value.isMember(name)) << name;
+        EXPECT_EQ(in.at(i).asInt(), value.get(name, 0).asInt()) << name;
+    }
+}
+
 TEST(Members, AreFoundAmongNamesBeforeBetweenBehindAndPrefixingThem) {
     for (const char* json : {
              R"({})",
