@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <numeric>
 #include <random>
 #include <string>
@@ -14,7 +15,9 @@
 
 namespace {
 
+using jsonparser::HashOfName;
 using jsonparser::Members;
+using jsonparser::NameIndex;
 using jsonparser::NameList;
 using jsonparser::Node;
 using jsonparser::Place;
@@ -58,6 +61,17 @@ TEST(Members, TellNullFromMissing) {
     EXPECT_FALSE(in["B"].isMember());
 }
 
+TEST(Members, MayBeTakenByTheirIndexInTheList) {
+    const Json::Value value = Json(R"({"Lane": 1, "b": null, "Lanes": 10})");
+    const Members<kNames> in{Node(value)};
+    for (std::size_t i = 0; i < kNames.names.size(); ++i) {
+        const std::string name(kNames.names[i]);
+        EXPECT_EQ(in.found(i), value.isMember(name)) << name;
+        EXPECT_EQ(in.at(i).isMember(), value.isMember(name)) << name;
+        EXPECT_EQ(in.at(i).asInt(), value.get(name, 0).asInt()) << name;
+    }
+}
+
 TEST(Members, AreFoundAmongNamesBeforeBetweenBehindAndPrefixingThem) {
     for (const char* json : {
              R"({})",
@@ -76,6 +90,16 @@ TEST(Members, AreFoundAmongNamesBeforeBetweenBehindAndPrefixingThem) {
     ExpectLikeFind(bytes);
     bytes[""] = 0;
     ExpectLikeFind(bytes);
+}
+
+TEST(Members, AreFoundInObjectsOfAnySize) {
+    Json::Value object(Json::objectValue);
+    for (int members = 0; members < 200; ++members) {
+        ExpectLikeFind(object);
+        object["m" + std::to_string(members)] = members;
+        if (members == 50) object["Lanes"] = members;
+        if (members == 150) object[""] = members;
+    }
 }
 
 TEST(Members, OfWhatIsNoObjectAreMissing) {
@@ -128,7 +152,14 @@ TEST(Members, FindInRandomObjectsWhatFindFinds) {
         std::iota(sorted.begin(), sorted.end(), std::size_t{0});
         std::sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) { return names[a] < names[b]; });
         std::vector<Place> found(names.size(), Place(&object));
-        Place(&object).members({names.data(), sorted.data(), nullptr, names.size(), nullptr, 0}, found.data());
+        std::array<std::uint8_t, 64> slots{};
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            std::size_t slot = HashOfName(names[i].data(), names[i].size()) % slots.size();
+            while (slots[slot] != 0) slot = (slot + 1) % slots.size();
+            slots[slot] = static_cast<std::uint8_t>(i + 1);
+        }
+        const NameIndex index{names.data(), sorted.data(), nullptr, names.size(), slots.data(), slots.size() - 1};
+        Place(&object).members(index, found.data());
         for (std::size_t i = 0; i < names.size(); ++i) {
             ASSERT_EQ(found[i].address(), object.find(names[i].data(), names[i].data() + names[i].size()));
             if (found[i].exists()) ++hits;

@@ -13,10 +13,10 @@
 namespace {
 
 using jsonparser::FindElement;
+using jsonparser::FindFirst;
 using jsonparser::FindMember;
 using jsonparser::ForElements;
 using jsonparser::Node;
-using jsonparser::Resolve;
 using testing_tools::Json;
 
 Json::Value Numbers(Json::ArrayIndex count) {
@@ -42,6 +42,36 @@ TEST(FindElement, FindsWhatIsInTheArrayAndNullWhereItsTreeLacksAnElement) {
             EXPECT_EQ(FindElement(array, behind), nullptr) << behind;
         }
     }
+}
+
+TEST(FindFirst, FindsWhatFindElementFindsAtEachIndex) {
+    Json::Value holeBehind = Numbers(4);
+    holeBehind[9] = 9;
+    for (const Json::Value& array : {Numbers(0), Numbers(1), Numbers(3), Numbers(4), Numbers(5), Numbers(100),
+                                     Sparse(1), Sparse(2), Sparse(4), Sparse(5), Sparse(100), holeBehind}) {
+        for (const std::size_t count : {1U, 2U, 4U, 6U, 12U}) {
+            std::vector<const Json::Value*> found(count, &array);
+            FindFirst(array, count, found.data());
+            for (std::size_t i = 0; i < count; ++i) {
+                EXPECT_EQ(found[i], FindElement(array, i)) << array.size() << ' ' << count << ' ' << i;
+            }
+        }
+    }
+}
+
+TEST(NodeFirst, IsWhatAtIsOnEveryValue) {
+    for (const Json::Value& value : testing_tools::HostileValues()) {
+        const auto first = Node(value).first<3>();
+        for (std::size_t i = 0; i < first.size(); ++i) {
+            EXPECT_EQ(first[i].isMember(), Node(value).at(i).isMember());
+            EXPECT_EQ(first[i].asInt(), Node(value).at(i).asInt());
+        }
+    }
+    const Json::Value numbers = Numbers(5);
+    const auto [a, b, c] = Node(numbers).first<3>();
+    EXPECT_EQ(a.asInt(), 0);
+    EXPECT_EQ(b.asInt(), 1);
+    EXPECT_EQ(c.asInt(), 2);
 }
 
 TEST(ForElements, VisitsTheFirstOnesInOrder) {
@@ -97,40 +127,6 @@ TEST(FindMember, TakesAnEmptyNameForTheEmptyName) {
     EXPECT_EQ(FindMember(object, {}), &object[""]);
     EXPECT_EQ(FindMember(object, "a"), &object["a"]);
     EXPECT_EQ(FindMember(object, "b"), nullptr);
-}
-
-/// Expects of each name that it is found where jsoncpp finds it, and in the order of the names.
-void ExpectLikeFind(const Json::Value& object, std::vector<std::string> names) {
-    std::sort(names.begin(), names.end());
-    names.erase(std::unique(names.begin(), names.end()), names.end());
-    std::vector<const Json::Value*> found(names.size(), nullptr);
-    std::size_t next = 0;
-    Resolve(
-        object, names.size(), [&](std::size_t i) { return std::string_view(names[i]); },
-        [&](std::size_t i, const Json::Value& member) {
-            EXPECT_GE(i, next);
-            next = i + 1;
-            found[i] = &member;
-        });
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        ASSERT_EQ(found[i], object.find(names[i].data(), names[i].data() + names[i].size())) << names[i];
-    }
-}
-
-TEST(Resolve, FindsAFewNamesInObjectsOfAnySize) {
-    for (int members = 0; members < 200; ++members) {
-        Json::Value object(Json::objectValue);
-        for (int i = 0; i < members; ++i) object["m" + std::to_string(i)] = i;
-        ExpectLikeFind(object, {"m3"});
-        ExpectLikeFind(object, {"", "m0", "m17", "m199", "mm", "z"});
-        ExpectLikeFind(object, {});
-    }
-}
-
-TEST(Resolve, TellsNamesThatDifferInCaseLengthAndHighBytes) {
-    const Json::Value object = Json(R"({"Lane": 1, "lane": 2, "La": 3, "Lanes": 4, "路": 5, "~": 6, "\u0000": 7})");
-    ExpectLikeFind(object, {"Lane", "LANE", "lane", "L", "La", "Lan", "Lanes", "Laness", "路", "路路", "\xE8", "~",
-                            "\x7F", "\xFF", std::string(1, '\0'), std::string(2, '\0'), ""});
 }
 
 }  // namespace

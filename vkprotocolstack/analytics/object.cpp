@@ -74,8 +74,9 @@ VK_RECT ExactBoxOf(Node node) {
 
 /// The first component in the highest byte; one that is no byte runs over into its neighbours.
 unsigned ColorOf(Node components) {
+    const auto component = components.first<4>();
     unsigned color = 0;
-    for (unsigned i = 0; i < 4; ++i) color |= static_cast<unsigned>(components.at(i).asInt()) << (24 - 8 * i);
+    for (unsigned i = 0; i < 4; ++i) color |= static_cast<unsigned>(component[i].asInt()) << (24 - 8 * i);
     return color;
 }
 
@@ -98,8 +99,9 @@ void ReadStamp(Node node, tagNET_TIME_EX& time, tagNET_TIME_EX& currentTime) {
 }
 
 void ReadSimilarity(Node colors, unsigned char* out, int count) {
+    const Members<kReferenceColors> in(colors);
     for (int i = 0; i < 8 && i < count; ++i) {
-        if (auto v = colors[kReferenceColors[i]]) out[i] = v.intLow8();
+        if (auto v = in.at(static_cast<std::size_t>(i))) out[i] = v.intLow8();
     }
 }
 
@@ -119,9 +121,10 @@ void ReadCommon(const Members<kNames>& in, Object& object) {
     if (auto v = in["Contour"]) {
         const std::size_t points = std::min<std::size_t>(v.size(), 16);
         object.nPointNum = static_cast<int>(points);
-        for (std::size_t i = 0; i < points; ++i) {
-            if (auto point = v.at(i); point.size() >= 2) object.stuContour[i] = PointOf(point);
-        }
+        v.forElements(points, [&](Node point, std::size_t i) {
+            if (point.size() >= 2) object.stuContour[i] = PointOf(point);
+            return true;
+        });
     }
     if (auto v = in["MainColor"]; v.size() >= 4) {
         object.dwMainColor = ColorOf(v);

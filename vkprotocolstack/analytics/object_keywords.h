@@ -3,6 +3,7 @@
 #define VKPROTOCOLSTACK_ANALYTICS_OBJECT_KEYWORDS_H
 
 #include "vkprotocolstack/wire/keywords.h"
+#include "vkprotocolstack/wire/names.h"
 
 namespace jsonparser {
 
@@ -33,9 +34,8 @@ inline constexpr Keyword kWalkingDirections[] = {
 static_assert(std::size(kWalkingDirections) == 2);
 
 /// Members of a colour similarity, in the order of the record's bytes.
-inline constexpr std::string_view kReferenceColors[] = {"Red",  "Yellow", "Green", "Cyan",
-                                                        "Blue", "Purple", "Black", "White"};
-static_assert(std::size(kReferenceColors) == 8);
+inline constexpr NameList kReferenceColors("Red", "Yellow", "Green", "Cyan", "Blue", "Purple", "Black", "White");
+static_assert(kReferenceColors.names.size() == 8);
 
 }  // namespace jsonparser
 

@@ -76,7 +76,10 @@ template <class Person>
 void ReadPictures(Node pictures, Person& info) {
     const std::size_t count = std::min<std::size_t>(pictures.size(), 48);
     info.wFacePicNum = static_cast<unsigned short>(count);
-    for (std::size_t i = 0; i < count; ++i) Read(pictures.at(i), info.stuFacePicInfo[i]);
+    pictures.forElements(count, [&](Node picture, std::size_t i) {
+        Read(picture, info.stuFacePicInfo[i]);
+        return true;
+    });
 }
 
 /// Fills a buffer of the caller's, which has length bytes; null when the caller does not want the text.

@@ -9,12 +9,14 @@ namespace jsonparser {
 
 /// left, top, right, bottom from elements 0 to 3. By value: fields of packed records take no reference.
 inline VK_RECT BoxOf(Node node) {
-    return {node.at(0).asInt(), node.at(1).asInt(), node.at(2).asInt(), node.at(3).asInt()};
+    const auto [left, top, right, bottom] = node.first<4>();
+    return {left.asInt(), top.asInt(), right.asInt(), bottom.asInt()};
 }
 
 /// x, y from elements 0 and 1, low 16 bits of each.
 inline VK_POINT PointOf(Node node) {
-    return {static_cast<short>(node.at(0).intLow16()), static_cast<short>(node.at(1).intLow16())};
+    const auto [x, y] = node.first<2>();
+    return {static_cast<short>(x.intLow16()), static_cast<short>(y.intLow16())};
 }
 
 }  // namespace jsonparser

@@ -13,7 +13,8 @@ namespace {
 int Read(Node node, unsigned int& color) {
     if (!node.isArray() || node.size() != 4) return 0;
     color = 0;
-    for (unsigned i = 0; i < 4; ++i) color |= static_cast<unsigned>(node.at(i).intLow8()) << (8 * i);
+    const auto components = node.first<4>();
+    for (unsigned i = 0; i < 4; ++i) color |= static_cast<unsigned>(components[i].intLow8()) << (8 * i);
     return 1;
 }
 

@@ -9,26 +9,29 @@ namespace jsonparser {
 int Read(Node node, VK_RECT& rect) {
     rect = {};
     if (!node.isArray() || node.size() != 4) return 0;
-    rect.nLeft = node.at(0).asInt();
-    rect.nTop = node.at(1).asInt();
-    rect.nRight = node.at(2).asInt();
-    rect.nBottom = node.at(3).asInt();
+    const auto [left, top, right, bottom] = node.first<4>();
+    rect.nLeft = left.asInt();
+    rect.nTop = top.asInt();
+    rect.nRight = right.asInt();
+    rect.nBottom = bottom.asInt();
     return 1;
 }
 
 bool Read(Node node, tagNET_RECT& rect) {
     if (!node.isArray() || node.size() != 4) return false;
-    rect.nLeft = node.at(0).asInt();
-    rect.nTop = node.at(1).asInt();
-    rect.nRight = node.at(2).asInt();
-    rect.nBottom = node.at(3).asInt();
+    const auto [left, top, right, bottom] = node.first<4>();
+    rect.nLeft = left.asInt();
+    rect.nTop = top.asInt();
+    rect.nRight = right.asInt();
+    rect.nBottom = bottom.asInt();
     return true;
 }
 
 int Read(Node node, VK_POINT& point) {
     if (!node.isArray() || node.size() != 2) return 0;
-    point.nx = static_cast<short>(node.at(0).intLow16());
-    point.ny = static_cast<short>(node.at(1).intLow16());
+    const auto [x, y] = node.first<2>();
+    point.nx = static_cast<short>(x.intLow16());
+    point.ny = static_cast<short>(y.intLow16());
     return 1;
 }
 

@@ -164,18 +164,23 @@ void Open(const char* codeset) {
     std::fill(std::begin(theConversion.forms), std::end(theConversion.forms), LocalForm{});
 }
 
-/// The conversion for the calling thread's locale as it is now, null where bytes are copied. Good until the next call
-/// on this thread.
-Conversion* LocalConversion() {
-    const char* codeset = nl_langinfo(CODESET);
-    if (codeset[0] == 'U' && std::strcmp(codeset, "UTF-8") == 0) return nullptr;
-    if (codeset[0] == 'A' && std::strcmp(codeset, "ANSI_X3.4-1968") == 0) return nullptr;
+/// The conversion for an encoding, null where iconv does not know it.
+[[gnu::noinline]] Conversion* ConversionFor(const char* codeset) {
     if (std::strcmp(codeset, theConversion.codeset) != 0) {
         static thread_local const CloseAtThreadEnd closer;
         Close();
         Open(codeset);
     }
     return theConversion.codeset[0] == '\0' ? nullptr : &theConversion;
+}
+
+/// The conversion for the calling thread's locale as it is now, null where bytes are copied. Good until the next call
+/// on this thread.
+Conversion* LocalConversion() {
+    const char* codeset = nl_langinfo(CODESET);
+    if (codeset[0] == 'U' && std::strcmp(codeset, "UTF-8") == 0) return nullptr;
+    if (codeset[0] == 'A' && std::strcmp(codeset, "ANSI_X3.4-1968") == 0) return nullptr;
+    return ConversionFor(codeset);
 }
 
 bool IsCopied(const Conversion* conversion, std::string_view text) {
@@ -259,15 +264,23 @@ void LocalText::convertPending() {
     }
 }
 
+namespace {
+
+[[gnu::noinline]] void PutWhole(std::string_view utf8, char* buffer, std::size_t size) {
+    LocalText text(buffer, size);
+    text.put(utf8);
+    text.terminate();
+}
+
+}  // namespace
+
 void ToLocal(std::string_view utf8, char* buffer, std::size_t size) {
     if (utf8.size() < size && LocalConversion() == nullptr) {
         utf8.copy(buffer, utf8.size());
         buffer[utf8.size()] = '\0';
         return;
     }
-    LocalText text(buffer, size);
-    text.put(utf8);
-    text.terminate();
+    PutWhole(utf8, buffer, size);
 }
 
 std::size_t ToUtf8(std::string_view local, char* buffer, std::size_t size) {

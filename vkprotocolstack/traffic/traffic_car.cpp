@@ -1,7 +1,3 @@
-#include <algorithm>
-#include <array>
-#include <string_view>
-
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/foundation/geometry.h"
 #include "vkprotocolstack/traffic/vehicle_size_keywords.h"
@@ -81,8 +77,7 @@ void ReadDrivingDirection(Node directions, char (&slots)[3][256]) {
     for (std::size_t i = 1; i < 3 && i < directions.size(); ++i) directions.at(i).utf8To(slots[i], 256);
 }
 
-void Read(Node node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) {
-    const Members<kNames> in(node);
+void Read(const Members<kNames>& in, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) {
     Clear(car);
     if (auto v = in["PlateNumber"]) v.utf8To(car.szPlateNumber, 32);
     if (auto v = in["PlateType"]) v.rawTo(car.szPlateTypeText, 31);
@@ -124,7 +119,8 @@ void Read(Node node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) {
     if (auto v = in["DefendCode"]) v.renderTo(car.szDefendCode, 64);
     if (auto v = in["TrafficBlackListID"]) car.nTrafficBlackListID = v.asInt();
     if (auto v = in["VehicleColorRGB"]; v.isArray() && v.size() == 4) {
-        for (std::size_t i = 0; i < 4; ++i) car.dwVehicleColorRGB[i] = v.at(i).asUInt();
+        const auto components = v.first<4>();
+        for (std::size_t i = 0; i < 4; ++i) car.dwVehicleColorRGB[i] = components[i].asUInt();
     }
     if (auto v = in["UTC"]; v.isInt()) car.stuUTC = GetNetTimeByUTCTimeNew(v.utcSeconds());
     car.dwRecNo = in["RecNo"].asUInt();
@@ -137,21 +133,14 @@ void Read(Node node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) {
     if (auto v = in["CarWindow"]) Read(v["BoundingBox"], car.stuCarWindowBox);
 }
 
-/// What the converter looks for and therefore leaves in the object: all but the members of which it asks isMember.
-constexpr auto kInserted = [] {
-    std::array<std::string_view, kNames.names.size() - 3> names{};
-    std::remove_copy_if(kNames.names.begin(), kNames.names.end(), names.begin(), [](std::string_view name) {
-        return name == "DetailedAddress" || name == "VehicleSign" || name == "MachineAddress";
-    });
-    return names;
-}();
-
 }  // namespace
 
 int ParseStrtoTrafficCar(Json::Value& node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO* info) {
     if (info == nullptr) return 1;
-    Read(Node(node), *info);
-    InsertNulls(node, kInserted);
+    const Members<kNames> in{Node(node)};
+    Read(in, *info);
+    // What the converter looks for stays in the object, but for the members of which it asks isMember.
+    InsertNulls(node, in, {"DetailedAddress", "VehicleSign", "MachineAddress"});
     return 0;
 }
 
@@ -159,6 +148,6 @@ int ParseStrtoTrafficCar(const MessagePlace& place, tagDEV_EVENT_TRAFFIC_TRAFFIC
     if (info == nullptr) return 1;
     const auto node = NodeAt(place, kNames);
     if (!node) return 1;
-    Read(*node, *info);
+    Read(Members<kNames>(*node), *info);
     return 0;
 }

@@ -21,19 +21,19 @@ struct alignas(32) QuotedName {
 
 /// Whether two texts of size bytes are equal. Names are short: this is faster than a call.
 inline bool SameBytes(const char* a, const char* b, std::size_t size) {
-    const auto same8 = [](const char* x, const char* y) {
-        std::uint64_t left = 0;
-        std::uint64_t right = 0;
-        std::memcpy(&left, x, 8);
-        std::memcpy(&right, y, 8);
+    const auto same = []<class Word>(const char* x, const char* y, Word left) {
+        Word right = 0;
+        std::memcpy(&left, x, sizeof left);
+        std::memcpy(&right, y, sizeof right);
         return left == right;
     };
     if (size >= 8) {
         for (std::size_t i = 0; i + 8 < size; i += 8) {
-            if (!same8(a + i, b + i)) return false;
+            if (!same(a + i, b + i, std::uint64_t{})) return false;
         }
-        return same8(a + size - 8, b + size - 8);
+        return same(a + size - 8, b + size - 8, std::uint64_t{});
     }
+    if (size >= 4) return same(a, b, std::uint32_t{}) && same(a + size - 4, b + size - 4, std::uint32_t{});
     for (std::size_t i = 0; i < size; ++i) {
         if (a[i] != b[i]) return false;
     }

@@ -15,6 +15,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "vkprotocolstack/wire/keywords.h"
 #include "vkprotocolstack/wire/names.h"
@@ -51,6 +52,15 @@ class Node {
     // ---- way down
     Node at(std::size_t index) const {
         return {place_.element(index), trail_ == nullptr ? nullptr : trail_->element(index)};
+    }
+    /// at of the first N indexes, faster than one by one.
+    template <std::size_t N>
+    std::array<Node, N> first() const {
+        const std::array<Place, N> places = place_.first<N>();
+        return [&]<std::size_t... I>(std::index_sequence<I...>) {
+            return std::array{Node(places[I], trail_ == nullptr ? nullptr : trail_->element(I))...};
+        }
+        (std::make_index_sequence<N>());
     }
     /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
     /// for each, and reports none of its own.
@@ -192,9 +202,14 @@ class Members {
 
     explicit Members(Node object) : trail_(object.trail_) { object.place_.members(List.index(), found_.data()); }
 
-    Node operator[](Name name) const {
-        return {found_[name.index], trail_ == nullptr ? nullptr : trail_->member(List.names[name.index])};
+    /// Whether the object has the name at this index of List.
+    bool found(std::size_t index) const { return found_[index].exists(); }
+    /// The member whose name is at this index of List.
+    Node at(std::size_t index) const {
+        return {found_[index], trail_ == nullptr ? nullptr : trail_->member(List.names[index])};
     }
+
+    Node operator[](Name name) const { return at(name.index); }
 
   private:
     std::array<Place, kCount> found_;

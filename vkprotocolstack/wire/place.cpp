@@ -73,6 +73,32 @@ class TextCopy {
     std::unique_ptr<char[]> long_;
 };
 
+/// Looks up the names in object, an object.
+void FindMembers(const Json::Value& object, const NameIndex& names, Place* found) {
+    constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
+    std::size_t left = object.size();
+    if (left / kMembersALookup > names.count) {
+        for (std::size_t i = 0; i < names.count; ++i) found[i] = Place(FindMember(object, names.names[i]));
+        return;
+    }
+    // jsoncpp keeps members in the order of their names' bytes: each is either the next of the sorted names or comes
+    // before it and is none of them, unless some of the names are missing.
+    const std::size_t* next = names.sorted;
+    const std::size_t* const end = next + names.count;
+    for (auto member = object.begin(); left > 0 && next != end; --left, ++member) {
+        const char* nameEnd = nullptr;
+        const char* const name = member.memberName(&nameEnd);
+        const auto size = static_cast<std::size_t>(nameEnd - name);
+        const std::string_view expected = names.names[*next];
+        if (expected.size() != size || !SameBytes(expected.data(), name, size)) {
+            const std::size_t slot = names.find(name, size);
+            if (slot == 0) continue;
+            while (*next != slot - 1) ++next;
+        }
+        found[*next++] = Place(&*member);
+    }
+}
+
 /// Null where there is no memory for the tree.
 Json::Value TreeOrNull(const TextEntry& entry) {
     try {
@@ -180,12 +206,6 @@ bool Place::is32Bits() const {
 std::string_view Place::otherText(std::string& storage) const {
     if (isOnTape()) return MadeText(entry(), storage);
     switch (type()) {
-        case Json::stringValue: {
-            const char* begin = nullptr;
-            const char* end = nullptr;
-            address()->getString(&begin, &end);
-            return {begin, static_cast<std::size_t>(end - begin)};
-        }
         case Json::intValue:
         case Json::uintValue:
         case Json::realValue:
@@ -246,9 +266,7 @@ void Place::members(const NameIndex& names, Place* found) const {
         }
         return;
     }
-    Resolve(
-        *address(), names.count, [&](std::size_t i) { return names.names[names.sorted[i]]; },
-        [&](std::size_t i, const Json::Value& member) { found[names.sorted[i]] = Place(&member); });
+    FindMembers(*address(), names, found);
 }
 
 }  // namespace jsonparser

@@ -5,6 +5,7 @@
 #include <json/value.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -45,7 +46,14 @@ class Place {
     /// The text; one that does not stand in the message as it is, is kept in storage. On the tape, one for which there
     /// is no memory is empty.
     std::string_view text(std::string& storage) const {
-        if (isOnTape() && entry().type == TextType::Text) return {entry().text, entry().size};
+        if (isOnTape()) {
+            if (entry().type == TextType::Text) return {entry().text, entry().size};
+        } else if (type() == Json::stringValue) {
+            const char* begin = nullptr;
+            const char* end = nullptr;
+            address()->getString(&begin, &end);
+            return {begin, static_cast<std::size_t>(end - begin)};
+        }
         return otherText(storage);
     }
 
@@ -62,6 +70,20 @@ class Place {
     Place element(std::size_t index) const {
         if (isOnTape()) return index < size() ? Place(entry().children + index) : Place();
         return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
+    }
+    /// The first N elements. Faster than one by one.
+    template <std::size_t N>
+    std::array<Place, N> first() const {
+        std::array<Place, N> found;
+        if (isOnTape()) {
+            for (std::size_t i = 0; i < N; ++i) found[i] = element(i);
+        } else if (type() == Json::arrayValue) {
+            std::array<const Json::Value*, N> elements;
+            FindFirst(*address(), N, elements.data());
+            std::transform(elements.begin(), elements.end(), found.begin(),
+                           [](const Json::Value* element) { return Place(element); });
+        }
+        return found;
     }
     /// Calls visit with the first count elements, which is at most size(), until it returns false.
     /// @return whether it never did
@@ -93,7 +115,7 @@ class Place {
     std::string_view otherText(std::string& storage) const;
     const TextEntry& entry() const { return *reinterpret_cast<const TextEntry*>(bits_ - kOnTape); }
     static Json::ValueType TypeOnTape(TextType type) {
-        constexpr Json::ValueType kTypes[] = {
+        static constexpr Json::ValueType kTypes[] = {
             Json::nullValue, Json::booleanValue, Json::booleanValue, Json::intValue,   Json::uintValue,
             Json::realValue, Json::stringValue,  Json::stringValue,  Json::arrayValue, Json::objectValue};
         return kTypes[static_cast<std::size_t>(type)];

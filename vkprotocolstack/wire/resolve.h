@@ -19,6 +19,9 @@ inline const Json::Value* FindMember(const Json::Value& object, std::string_view
 /// null.
 const Json::Value* FindElement(const Json::Value& array, std::size_t index);
 
+/// What FindElement finds at the first count indexes.
+void FindFirst(const Json::Value& array, std::size_t count, const Json::Value** found);
+
 /// Calls visit with the first elements of array, an array, until it returns false.
 /// @param count elements to visit, at most the array's size
 /// @return whether it never did
@@ -38,36 +41,6 @@ bool ForElements(const Json::Value& array, std::size_t count, Visit visit) {
         if (!visit(*element)) return false;
     }
     return true;
-}
-
-/// Calls found(i, member) for each i below count of which object, an object, has the member nameAt(i). Names come in
-/// the order of their bytes.
-template <class NameAt, class Found>
-void Resolve(const Json::Value& object, std::size_t count, NameAt nameAt, Found found) {
-    constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
-    std::size_t left = object.size();
-    if (left / kMembersALookup > count) {
-        for (std::size_t i = 0; i < count; ++i) {
-            if (const Json::Value* member = FindMember(object, nameAt(i))) found(i, *member);
-        }
-        return;
-    }
-    // jsoncpp keeps members in the order of their names' bytes, so one walk over both finds them all.
-    std::size_t i = 0;
-    for (auto member = object.begin(); left > 0 && i < count; --left, ++member) {
-        const char* end = nullptr;
-        const char* const begin = member.memberName(&end);
-        const std::string_view name(begin, static_cast<std::size_t>(end - begin));
-        while (i < count) {
-            const std::string_view wanted = nameAt(i);
-            if (wanted == name) {
-                found(i++, *member);
-                break;
-            }
-            if (name < wanted) break;
-            ++i;
-        }
-    }
 }
 
 }  // namespace jsonparser

@@ -1,9 +1,8 @@
 #include "vkprotocolstack/wire/write.h"
 
+#include <algorithm>
 #include <climits>
 #include <utility>
-
-#include "vkprotocolstack/wire/resolve.h"
 
 namespace jsonparser {
 namespace {
@@ -56,19 +55,6 @@ void Put(Json::Value& array, Json::ArrayIndex index, Json::Value value) {
         array.append(std::move(value));
     } else {
         Element(array, index) = std::move(value);
-    }
-}
-
-void InsertNulls(Json::Value& node, const SortedNames& names) {
-    if (!node.isNull() && !node.isObject()) return;
-    std::array<bool, SortedNames::kMost> isMember{};
-    if (node.isObject()) {
-        Resolve(
-            node, names.size(), [&](std::size_t i) { return names[i]; },
-            [&](std::size_t i, const Json::Value&) { isMember[i] = true; });
-    }
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (!isMember[i]) Member(node, names[i]);
     }
 }
 

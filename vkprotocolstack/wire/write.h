@@ -7,9 +7,11 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <span>
 #include <string_view>
 
+#include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/number_format.h"
 
 namespace jsonparser {
@@ -32,28 +34,17 @@ void Put(Json::Value& object, std::string_view name, Json::Value value);
 /// Sets an element, replacing what it held.
 void Put(Json::Value& array, Json::ArrayIndex index, Json::Value value);
 
-/// Up to 48 member names in the order of their bytes, sorted by the compiler.
-class SortedNames {
-  public:
-    static constexpr std::size_t kMost = 48;
-
-    template <class Names>
-    consteval SortedNames(const Names& names) : names_{}, size_(std::size(names)) {
-        if (size_ > kMost) throw "too many names";
-        std::copy(std::begin(names), std::end(names), names_.begin());
-        std::sort(names_.begin(), names_.begin() + size_);
+/// Creates as null the members of node that in, which stands on it, did not find, but for those. A null node becomes an
+/// object; any other that is no object stays.
+template <const auto& List>
+void InsertNulls(Json::Value& node, const Members<List>& in,
+                 std::initializer_list<typename Members<List>::Name> butFor) {
+    if (!node.isNull() && !node.isObject()) return;
+    for (std::size_t i = 0; i < List.names.size(); ++i) {
+        const auto isName = [i](typename Members<List>::Name name) { return name.index == i; };
+        if (!in.found(i) && std::none_of(butFor.begin(), butFor.end(), isName)) Member(node, List.names[i]);
     }
-
-    std::size_t size() const { return size_; }
-    std::string_view operator[](std::size_t i) const { return names_[i]; }
-
-  private:
-    std::array<std::string_view, kMost> names_;
-    std::size_t size_;
-};
-
-/// Creates the members that are missing as null. A null node becomes an object; any other that is no object stays.
-void InsertNulls(Json::Value& node, const SortedNames& names);
+}
 
 /// Prints numbers, as their low 32 bits, with snprintf's results.
 Json::Value Printed(std::span<const NumberStep> steps, const unsigned* numbers);
