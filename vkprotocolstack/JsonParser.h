@@ -23,6 +23,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "vkprotocolstack/message_text.h"
 #include "vkprotocolstack/support/export.h"
 #include "vkprotocolstack/support/support.h"
 #include "vkrecords/fields.h"
@@ -37,6 +38,8 @@
 /// the converted text and its terminator are written whole. The local form is never longer than the UTF-8 it comes
 /// from, so destination must have room for limit + 1 bytes.
 VK_API void parseUtf8JasonToAssic(const Json::Value& value, char* destination, int limit);
+/// The same of a place in a message text.
+VK_API void parseUtf8JasonToAssic(const jsonparser::MessagePlace& place, char* destination, int limit);
 
 /// Writes length bytes of local text, or those before its first NUL, as a UTF-8 text, replacing what value held. The
 /// UTF-8 form is cut to 2 x length + 1 bytes. A negative length, or memory that cannot be had, leaves value unchanged.
@@ -45,6 +48,8 @@ VK_API void packetAssicToUtf8Jason(Json::Value& value, char* text, int length);
 /// Reads [left, top, right, bottom]. Cleared first; stays cleared when the node is no array of exactly 4 elements.
 /// @return 1, or 0 when it stayed cleared
 VK_API int GetJsonRect(const Json::Value& value, VK_RECT& rect);
+/// The same of a place in a message text.
+VK_API int GetJsonRect(const jsonparser::MessagePlace& place, VK_RECT& rect);
 
 /// Writes the low 32 bits of left, top, right, bottom to elements 0 to 3; further elements stay.
 /// @return 1
@@ -58,12 +63,17 @@ class JsonRect {
     /// @return whether the record was written
     template <class Rect>
     static bool parse(const Json::Value& value, Rect& rect);
+    /// The same of a place in a message text.
+    template <class Rect>
+    static bool parse(const jsonparser::MessagePlace& place, Rect& rect);
 };
 
 /// Reads [x, y], low 16 bits of each. A node that is no array of exactly 2 elements leaves the record as the caller set
 /// it.
 /// @return 1, or 0 when nothing was written
 VK_API int GetJsonPoint(const Json::Value& value, VK_POINT& point);
+/// The same of a place in a message text.
+VK_API int GetJsonPoint(const jsonparser::MessagePlace& place, VK_POINT& point);
 
 /// Writes [x, y]; the node has exactly 2 elements afterwards.
 /// @return 1
@@ -73,6 +83,8 @@ VK_API int SetJsonPoint(Json::Value& value, const VK_POINT& point);
 /// exactly 4 elements leaves colour as the caller set it.
 /// @return 1, or 0 when nothing was written
 VK_API int GetJsonColor(const Json::Value& value, unsigned int& color);
+/// The same of a place in a message text.
+VK_API int GetJsonColor(const jsonparser::MessagePlace& place, unsigned int& color);
 
 /// Writes bits 8i to 8i + 7 of color to element i, for i from 0 to 3; further elements stay.
 /// @return 1
@@ -82,6 +94,8 @@ VK_API int SetJsonColor(Json::Value& value, unsigned int color);
 /// their flags when present.
 /// @return 1
 VK_API int deserialize_range(const Json::Value& value, tagRANGE& range);
+/// The same of a place in a message text.
+VK_API int deserialize_range(const jsonparser::MessagePlace& place, tagRANGE& range);
 
 /// Writes "Max", "Min" and, where their flags are set, "Default" and "Step", as integers cut toward zero, beyond 32
 /// bits to the nearest limit. The record comes first, unlike in the reader.
@@ -102,9 +116,13 @@ class VK_API Json_dimension {
 
     /// @return the depth, or -1 when shift is negative
     long long operator()(const Json::Value& value) const;
+    /// The same of a place in a message text.
+    long long operator()(const jsonparser::MessagePlace& place) const;
 
     /// The same, with the shift count taken modulo 32. It needs no stack that grows with the depth of value.
     long long do_recursion(const Json::Value& value) const;
+    /// The same of a place in a message text.
+    long long do_recursion(const jsonparser::MessagePlace& place) const;
 
     int nShift;  ///< as given
 };
@@ -125,6 +143,9 @@ class JsonTimeEx {
     /// @return whether all 7 fields converted
     template <class Time>
     static bool parse(const Json::Value& value, Time& time);
+    /// The same of a place in a message text.
+    template <class Time>
+    static bool parse(const jsonparser::MessagePlace& place, Time& time);
 
     /// Writes "%04d-%02d-%02d %02d:%02d:%02d.%d"; the milliseconds are not padded.
     /// @return true
@@ -139,24 +160,39 @@ class JsonTime {
     /// @return whether all 6 fields converted
     template <class Time>
     static bool parse(const Json::Value& value, Time& time);
+    /// The same of a place in a message text.
+    template <class Time>
+    static bool parse(const jsonparser::MessagePlace& place, Time& time);
 };
 
 /// JsonTimeEx::parse. Leaves dwUTC and dwReserved as the caller set them.
 VK_API bool GetJsonTime(const Json::Value& value, tagNET_TIME_EX& time);
+/// The same of a place in a message text.
+VK_API bool GetJsonTime(const jsonparser::MessagePlace& place, tagNET_TIME_EX& time);
 /// JsonTimeEx::parse.
 VK_API bool GetJsonTime(const Json::Value& value, tagCFG_NET_TIME_EX& time);
+/// The same of a place in a message text.
+VK_API bool GetJsonTime(const jsonparser::MessagePlace& place, tagCFG_NET_TIME_EX& time);
 /// Reads "%02d:%02d:%02d".
 /// @return whether all 3 fields converted
 VK_API bool GetJsonTime(const Json::Value& value, tagCFG_TIME& time);
+/// The same of a place in a message text.
+VK_API bool GetJsonTime(const jsonparser::MessagePlace& place, tagCFG_TIME& time);
 /// Reads "%04d%02d%02d %02d%02d%02d", split by digit counts; digits only, so a component with a sign does not convert.
 /// @return whether all 6 fields converted
 VK_API bool GetJsonTimeB(const Json::Value& value, tagNET_TIME& time);
+/// The same of a place in a message text.
+VK_API bool GetJsonTimeB(const jsonparser::MessagePlace& place, tagNET_TIME& time);
 /// Reads "%04u-%02u-%02u" into year, month and day; hour, minute and second are left as the caller set them.
 /// @return whether all 3 fields converted
 VK_API bool GetJsonDate(const Json::Value& value, tagNET_TIME& time);
+/// The same of a place in a message text.
+VK_API bool GetJsonDate(const jsonparser::MessagePlace& place, tagNET_TIME& time);
 /// Reads "%04d-%02d-%02d %02d:%02d:%02d".
 /// @return whether all 6 fields converted
 VK_API bool GetTimeStructFromStr(const Json::Value& value, tagNET_TIME& time);
+/// The same of a place in a message text.
+VK_API bool GetTimeStructFromStr(const jsonparser::MessagePlace& place, tagNET_TIME& time);
 
 /// JsonTimeEx::pack.
 VK_API bool SetJsonTime(Json::Value& value, const tagNET_TIME_EX& time);
@@ -202,6 +238,10 @@ VK_API long GetLocalTimebyNetTimeNew(const tagNET_TIME& time);
 template <class Section>
 VK_API bool GetJsonTimeSchedule(const Json::Value& value, Section* sections, int maxRows, int maxSegments,
                                 int* rowsFound);
+/// The same of a place in a message text.
+template <class Section>
+VK_API bool GetJsonTimeSchedule(const jsonparser::MessagePlace& place, Section* sections, int maxRows, int maxSegments,
+                                int* rowsFound);
 
 /// Reads an array of 7 rows, the days of the week, and an eighth for the holiday, of up to 6 segments each. Cleared
 /// first. Further rows and segments are ignored; a row that is no array stays cleared. Ends at the first segment that
@@ -209,8 +249,12 @@ VK_API bool GetJsonTimeSchedule(const Json::Value& value, Section* sections, int
 /// @return 1, or 0 when there are fewer than 7 rows or a segment did not convert; what was read until then is kept,
 /// and bEnableHoliday is false
 VK_API int GetJsonTimeSchedule(const Json::Value& value, tagNET_CFG_TIME_SCHEDULE& schedule);
+/// The same of a place in a message text.
+VK_API int GetJsonTimeSchedule(const jsonparser::MessagePlace& place, tagNET_CFG_TIME_SCHEDULE& schedule);
 /// The same with masks.
 VK_API int GetJsonTimeSchedule(const Json::Value& value, tagCFG_TIME_SCHEDULE& schedule);
+/// The same of a place in a message text.
+VK_API int GetJsonTimeSchedule(const jsonparser::MessagePlace& place, tagCFG_TIME_SCHEDULE& schedule);
 
 /// Writes rows of time segments, all of them, as an array of arrays; further rows and elements stay. Instantiated for
 /// tagVK_TSECT and tagCFG_TIME_SECTION.
@@ -228,8 +272,12 @@ VK_API bool SetJsonTimeSchedule(Json::Value& value, const tagCFG_TIME_SCHEDULE& 
 /// reading.
 /// @return 1, or 0 when sections is null or count below 1
 VK_API int GetJsonTimeGroup(const Json::Value& value, tagCFG_TIME_SECTION* sections, int count);
+/// The same of a place in a message text.
+VK_API int GetJsonTimeGroup(const jsonparser::MessagePlace& place, tagCFG_TIME_SECTION* sections, int count);
 /// The same, but count elements are looked up, however many there are.
 VK_API int GetJsonTimeGroup(const Json::Value& value, tagNET_TIME_SECTION* sections, int count);
+/// The same of a place in a message text.
+VK_API int GetJsonTimeGroup(const jsonparser::MessagePlace& place, tagNET_TIME_SECTION* sections, int count);
 
 /// Writes count time segments as an array; further elements stay. The mask is printed as a signed number.
 /// @return 1, or 0 with the node unchanged when sections is null or count below 1
@@ -244,6 +292,9 @@ class TimeSection {
     /// @return whether all 7 fields converted
     template <class Section>
     static bool parse(const Json::Value& value, Section& section);
+    /// The same of a place in a message text.
+    template <class Section>
+    static bool parse(const jsonparser::MessagePlace& place, Section& section);
 
     /// @return true
     template <class Section>
@@ -265,28 +316,42 @@ VK_API bool getTimeScheduleFromStr(tagVK_TSECT& section, const char* text);
 /// BluebottomWhiteText, 7 BlackBottomWhiteText, 8 ShadowGreen, 9 YellowGreen. An unknown word leaves type as the caller
 /// set it.
 VK_API void GetJsonPlateColorType(const Json::Value& value, int& type);
+/// The same of a place in a message text.
+VK_API void GetJsonPlateColorType(const jsonparser::MessagePlace& place, int& type);
 
 /// Reads the kind of a vehicle, 0 Unknown to 36 Passerby. An unknown word leaves type as the caller set it.
 VK_API void GetJsonVehicleType(const Json::Value& value, int& type);
+/// The same of a place in a message text.
+VK_API void GetJsonVehicleType(const jsonparser::MessagePlace& place, int& type);
 
 /// Reads the colour of a vehicle's body: 0 Other, 1 White, 2 Black, 3 Red, 4 Yellow, 5 Gray, 6 Blue, 7 Green, 8 Pink, 9
 /// Purple, 10 Brown. An unknown word leaves type as the caller set it.
 VK_API void GetJsonVehicleColorType(const Json::Value& value, int& type);
+/// The same of a place in a message text.
+VK_API void GetJsonVehicleColorType(const jsonparser::MessagePlace& place, int& type);
 
 /// Reads the kind of a plate, 0 Other to 24 MixedNewEnergyLargeCar. 18 stands for Other too and is never read. An
 /// unknown word leaves type as the caller set it.
 VK_API void GetJsonPlateType(const Json::Value& value, int& type);
+/// The same of a place in a message text.
+VK_API void GetJsonPlateType(const jsonparser::MessagePlace& place, int& type);
 
 /// Reads "DataType" of object, cut to 64 bytes, terminator included. 0 when it is missing, no text or an unknown word.
 VK_API void ParseVehicleDataType(const Json::Value& object, tagEM_VEHICLE_DATA_TYPE& type);
+/// The same of a place in a message text.
+VK_API void ParseVehicleDataType(const jsonparser::MessagePlace& object, tagEM_VEHICLE_DATA_TYPE& type);
 
 /// Reads the state of a strobe light: 1 Close, 2 Auto, 3 Manual, 0 an unknown word.
 /// @return true
 VK_API bool ParseStrobeState(const Json::Value& value, unsigned char& state);
+/// The same of a place in a message text.
+VK_API bool ParseStrobeState(const jsonparser::MessagePlace& place, unsigned char& state);
 
 /// Reads the state of a seat belt: 1 WithSafeBelt, 2 WithoutSafeBelt, 0 an unknown word.
 /// @return true
 VK_API bool ParseSeatBelt(const Json::Value& value, unsigned char& state);
+/// The same of a place in a message text.
+VK_API bool ParseSeatBelt(const jsonparser::MessagePlace& place, unsigned char& state);
 
 /// The state of a seat belt. Unlike in ParseSeatBelt, case counts.
 /// @return 1 WithSafeBelt, 2 WithoutSafeBelt, 0 an unknown word
@@ -306,16 +371,22 @@ VK_API int ParseSafeBeltStatue(std::string word);
 /// the call are lost: release them first.
 /// @return 0, or 1 when info is null (then nothing is read or inserted)
 VK_API int ParseStrtoTrafficCar(Json::Value& node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO* info);
+/// The same of a place in a message text.
+VK_API int ParseStrtoTrafficCar(const jsonparser::MessagePlace& place, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO* info);
 
 /// Reads the weighbridge data of a junction event: "Rough", "Tare" and "Net" of the member "WeighInfo". Without
 /// "WeighInfo" the record is left as the caller set it; missing weights read as 0.
 /// @return true
 VK_API bool ParseCustomInfo(const Json::Value& event, tagEVENT_JUNCTION_CUSTOM_INFO& info);
+/// The same of a place in a message text.
+VK_API bool ParseCustomInfo(const jsonparser::MessagePlace& event, tagEVENT_JUNCTION_CUSTOM_INFO& info);
 
 /// Reads "Category" of a vehicle event's vehicle, cut to 64 bytes, terminator included. Without it the record is left
 /// as the caller set it. info must not be null.
 /// @return true without "Category", else whether it is a text
 VK_API bool ParseStrtoVehicle(const Json::Value& vehicle, tagEVENT_VEHICLE_INFO* info);
+/// The same of a place in a message text.
+VK_API bool ParseStrtoVehicle(const jsonparser::MessagePlace& vehicle, tagEVENT_VEHICLE_INFO* info);
 
 /// Reads the flow statistics of one lane. A missing member leaves its field as the caller set it.
 /// "UTC" replaces the whole of stuTime, broken down as UTC; "UTCMS" its milliseconds only.
@@ -328,11 +399,15 @@ VK_API bool ParseStrtoVehicle(const Json::Value& vehicle, tagEVENT_VEHICLE_INFO*
 /// when the member has no first element; a missing second or third leaves its text as the caller set it.
 /// @return 0, or -1 when info is null
 VK_API int ParseTrafficStatInfo(const Json::Value& node, tagVK_TRAFFICFLOWSTAT* info);
+/// The same of a place in a message text.
+VK_API int ParseTrafficStatInfo(const jsonparser::MessagePlace& place, tagVK_TRAFFICFLOWSTAT* info);
 
 /// The same, and "BackOfQueue", "State" and "Rank": 1 Rapid, 2 Trunk, 3 SubTrunk, 4 Branch. The word must be exact;
 /// emRank is always written, 0 when "Rank" is missing or an unknown word.
 /// @return 0, or -1 when info is null
 VK_API int ParseTrafficStatInfoEx(const Json::Value& node, tagNET_TRAFFICFLOWSTATINFO* info);
+/// The same of a place in a message text.
+VK_API int ParseTrafficStatInfoEx(const jsonparser::MessagePlace& place, tagNET_TRAFFICFLOWSTATINFO* info);
 
 // ======================================================================================================================
 // 4. Video analytics objects
@@ -352,17 +427,23 @@ VK_API int ParseTrafficStatInfoEx(const Json::Value& node, tagNET_TRAFFICFLOWSTA
 /// missing. The one that the record held before the call is lost: release it first.
 /// @return 0, or 1 when pObject is null (then nothing is read)
 VK_API int ParseStrtoObject(const Json::Value& root, VK_MSG_OBJECT* pObject);
+/// The same of a place in a message text.
+VK_API int ParseStrtoObject(const jsonparser::MessagePlace& root, VK_MSG_OBJECT* pObject);
 
 /// The same of the second generation, which knows nothing of "CarLogoIndex", "SubBrand" and "BrandYear": a category of
 /// 62 bytes or more goes on in the reserved bytes behind it, terminated there. dwSize is 752. "LowerBodyColor" is read
 /// like "MainColor"; "Stature" of "Person" missing reads as 0, "Direction" must be the keyword in upper and lower case.
 /// @return 0, or 1 when pObject is null (then nothing is read)
 VK_API int ParseStrtoObject(const Json::Value& root, tagVK_MSG_OBJECT_EX* pObject);
+/// The same of a place in a message text.
+VK_API int ParseStrtoObject(const jsonparser::MessagePlace& root, tagVK_MSG_OBJECT_EX* pObject);
 
 /// The same of the third generation, with "SynopsisExtra": missing "Speed" and "Size" read as 0; a "Direction" of
 /// exactly 2 elements sets bSynopsisDirection, whether or not they are points of exactly 2 elements. dwSize is 2820.
 /// @return 1, or 0 when pObject is null (then nothing is read): the reverse of the other two generations
 VK_API int ParseStrtoObject(const Json::Value& root, tagVK_MSG_OBJECT_EX2* pObject);
+/// The same of a place in a message text.
+VK_API int ParseStrtoObject(const jsonparser::MessagePlace& root, tagVK_MSG_OBJECT_EX2* pObject);
 
 /// The code of an object's action, upper or lower case.
 /// @return 1 to 8, or 0 when text is none or null
@@ -373,6 +454,8 @@ VK_API int ActionToInt(char* text);
 /// caller set them. A count of 0 or less, or a null out, writes nothing.
 /// @return 0; it has no meaning
 VK_API int ParseColorsimilar(const Json::Value& node, unsigned char* out, int count);
+/// The same of a place in a message text.
+VK_API int ParseColorsimilar(const jsonparser::MessagePlace& place, unsigned char* out, int count);
 
 /// Reads a non-motor vehicle. Nothing is cleared first: hand in a cleared record, not null. Numbers and keywords are
 /// written even when missing, which reads as 0; an unknown keyword is 0 too, and the case of letters counts. What else
@@ -381,17 +464,23 @@ VK_API int ParseColorsimilar(const Json::Value& node, unsigned char* out, int co
 /// each whether the message has them. In a picture that is there, missing numbers read as 0, and szFilePath is cut to
 /// 260 bytes, terminator included, and empty when "FilePath" is no text.
 VK_API void ParseObjectNonMotor(const Json::Value& root, tagVA_OBJECT_NONMOTOR* pObject);
+/// The same of a place in a message text.
+VK_API void ParseObjectNonMotor(const jsonparser::MessagePlace& root, tagVA_OBJECT_NONMOTOR* pObject);
 
 /// Reads the attributes of a face. Every field is written on every call: what is missing reads as 0, unknown keywords
 /// too. "Eye", "Mouth", "Mask", "Beard" and "Nation" are stored plus 1, so that 0 means not sent; "Glass" is not. The
 /// box is read as by GetJsonRect.
 /// @return whether "BoundingBox" is an array of exactly 4 elements
 VK_API bool ParseFaceAttributes(const Json::Value& node, tagNET_FACE_ATTRIBUTE_EX& stuFace);
+/// The same of a place in a message text.
+VK_API bool ParseFaceAttributes(const jsonparser::MessagePlace& place, tagNET_FACE_ATTRIBUTE_EX& stuFace);
 
 /// Reads a bullet hole. Cleared first; what is missing stays 0. The box takes the first 4 elements of an array, the
 /// centre the low 16 bits of the first 2; too short an array leaves them 0. "ObjectType" is taken to 128 bytes.
 /// @return 1, or 0 when pInfo is null (then nothing is read)
 VK_API int ParseBulletHolesInfo(const Json::Value& node, tagNET_BULLET_HOLES_INFO* pInfo);
+/// The same of a place in a message text.
+VK_API int ParseBulletHolesInfo(const jsonparser::MessagePlace& place, tagNET_BULLET_HOLES_INFO* pInfo);
 
 // ======================================================================================================================
 // 5. Face recognition
@@ -406,10 +495,14 @@ VK_API int ParseBulletHolesInfo(const Json::Value& node, tagNET_BULLET_HOLES_INF
 /// pszFilePath is a text from new char[], owned by the record; null when the memory cannot be had. One that the record
 /// held before the call is lost: release it first.
 VK_API void ParseImageInfo(Json::Value image, VK_PIC_INFO& info);
+/// The same of a place in a message text.
+VK_API void ParseImageInfo(const jsonparser::MessagePlace& image, VK_PIC_INFO& info);
 
 /// The same for the picture record with a path of bounded length: "FilePath" is any value, cut to 64 bytes, terminator
 /// included.
 VK_API void ParseImageInfo(Json::Value image, VK_PIC_INFO_EX3& info);
+/// The same of a place in a message text.
+VK_API void ParseImageInfo(const jsonparser::MessagePlace& image, VK_PIC_INFO_EX3& info);
 
 /// Reads one person of the face database. "Name", "Province", "City", "ID" and "Country" are any value, "UID" is a
 /// text; each is cut to its field, terminator included. "Important" and "IsCustomType": low 8 bits.
@@ -424,6 +517,8 @@ VK_API void ParseImageInfo(Json::Value image, VK_PIC_INFO_EX3& info);
 /// as many as the text and a terminator have but at most its length, are zeroed first. A null buffer is skipped; one of
 /// length 0 is not written.
 VK_API void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFO& info);
+/// The same of a place in a message text.
+VK_API void ParsePersonInfo(const jsonparser::MessagePlace& person, tagFACERECOGNITION_PERSON_INFO& info);
 
 /// The same for the second generation. "Name" goes to szPersonName, the custom type to szCustomType; "FeatureValue" is
 /// not read. "Comment", "GroupID", "GroupName" and "HomeAddress", when they are texts, are cut to their fields,
@@ -433,6 +528,8 @@ VK_API void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFO& 
 /// each itself the text, cut to 64 bytes, terminator included; nCustomPersonInfoNum counts them. bAgeEnable, nAgeRange,
 /// nEmotionValidNum and emEmotions are for PacketPersonInfo only: left as the caller set them.
 VK_API void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFOEX& info);
+/// The same of a place in a message text.
+VK_API void ParsePersonInfo(const jsonparser::MessagePlace& person, tagFACERECOGNITION_PERSON_INFOEX& info);
 
 /// Writes one person. Not the mirror of ParsePersonInfo:
 /// - "Name" is szPersonNameEx, or szPersonName where that is empty. "Type" is the keyword of byType when byIsCustomType
@@ -462,10 +559,14 @@ VK_API bool PacketPersonInfo(Json::Value& person, const tagFACERECOGNITION_PERSO
 /// "Address" (any value, cut to 260 bytes, terminator included), "IsHit", "Person" by ParsePersonInfo and "SceneImage"
 /// by ParseImageInfo.
 VK_API void ParseCandidate(Json::Value candidate, tagCANDIDATE_INFO& info);
+/// The same of a place in a message text.
+VK_API void ParseCandidate(const jsonparser::MessagePlace& candidate, tagCANDIDATE_INFO& info);
 
 /// The same with a person of the second generation, and the path of "SceneImage" once more, cut to 256 bytes,
 /// terminator included.
 VK_API void ParseCandidate(Json::Value candidate, tagCANDIDATE_INFOEX& info);
+/// The same of a place in a message text.
+VK_API void ParseCandidate(const jsonparser::MessagePlace& candidate, tagCANDIDATE_INFOEX& info);
 
 /// Writes the keyword of a face database's type, replacing what the node held: 1 HistoryDB, 2 BlackListDB,
 /// 3 WhiteListDB, 4 AlarmDB.
@@ -475,14 +576,20 @@ VK_API bool PacketFaceDBType(Json::Value& node, int type);
 /// Reads the type of a face database from its keyword, in upper or lower case.
 /// @return true, or false when there is no such keyword (then type is left as the caller set it)
 VK_API bool ParseFaceDBType(const Json::Value& node, int& type);
+/// The same of a place in a message text.
+VK_API bool ParseFaceDBType(const jsonparser::MessagePlace& place, int& type);
 
 /// Reads "EventLongID", cut to 52 bytes, terminator included; what is no text empties the field.
 /// @return true
 VK_API bool ParseExtensionInfo(const Json::Value& event, tagNET_EXTENSION_INFO& info);
+/// The same of a place in a message text.
+VK_API bool ParseExtensionInfo(const jsonparser::MessagePlace& event, tagNET_EXTENSION_INFO& info);
 
 /// Reads "AdditionalCode", cut to 36 bytes, terminator included; what is no text empties the field.
 /// @return true
 VK_API bool ParseHumanTraitExtensionInfo(const Json::Value& event, tagNET_HUMANTRAIT_EXTENSION_INFO& info);
+/// The same of a place in a message text.
+VK_API bool ParseHumanTraitExtensionInfo(const jsonparser::MessagePlace& event, tagNET_HUMANTRAIT_EXTENSION_INFO& info);
 
 // ======================================================================================================================
 // 6. Device status and diagnostics
@@ -503,6 +610,8 @@ VK_API int ParseRaidError(const std::string& keyword);
 /// @return the library code, 0 for the device code 0; 0x80000015 when "code" is missing, a text, an array, an object,
 ///         an integer that does not fit 32 bits, or no known device code
 VK_API unsigned int ParseErrorCode(const Json::Value& reply);
+/// The same of a place in a message text.
+VK_API unsigned int ParseErrorCode(const jsonparser::MessagePlace& reply);
 
 /// Maps a device error code to the library's. An unknown one leaves libraryCode as the caller set it.
 /// @return whether the device code is known
@@ -517,15 +626,21 @@ VK_API bool ParseErrorCode(unsigned int deviceCode, unsigned int& libraryCode);
 /// types: at least capacity elements, with a negative capacity one for each name; those from count on are left as the
 /// caller set them.
 VK_API void GetJsonLogType(const Json::Value& names, int* types, int capacity, int& count);
+/// The same of a place in a message text.
+VK_API void GetJsonLogType(const jsonparser::MessagePlace& names, int* types, int capacity, int& count);
 
 /// The coordinate [degrees, minutes, seconds] in millionths of a degree: degrees and minutes are unsigned integers,
 /// seconds a real number. Every step is computed in single precision and the result cut toward zero, so that near 120
 /// degrees it moves in steps of 8; below 0 it is 0, beyond the range the upper limit.
 /// @return the coordinate, or 0 when the node has fewer than 3 elements
 VK_API unsigned int TransLongitudetoUInt(const Json::Value& coordinate);
+/// The same of a place in a message text.
+VK_API unsigned int TransLongitudetoUInt(const jsonparser::MessagePlace& coordinate);
 
 /// The same in double precision, not rounded.
 VK_API double TransLongitudetoDouble(const Json::Value& coordinate);
+/// The same of a place in a message text.
+VK_API double TransLongitudetoDouble(const jsonparser::MessagePlace& coordinate);
 
 /// Writes plain decimal degrees, not the millionths that the readers give, as [degrees, minutes, seconds]: degrees and
 /// minutes as integers, cut toward zero, seconds as a real number, cut to hundredths. Each is cut beyond the range of
@@ -535,6 +650,8 @@ VK_API void TransLongitudeToJson(Json::Value& coordinate, double degrees);
 /// Reads a position report. All members are read without a test: missing reads as 0. Coordinates as
 /// TransLongitudetoUInt.
 VK_API void ParseGPSInfo(const Json::Value& position, tagNET_GPS_INFO& info);
+/// The same of a place in a message text.
+VK_API void ParseGPSInfo(const jsonparser::MessagePlace& position, tagNET_GPS_INFO& info);
 
 /// Reads the status of a positioning receiver. Members that are missing are left as the caller set them, except these:
 /// "AntennasStatus" and "PositioningResult" are then 2, "SNR" is 0, "Source" is 0, as for any text but
@@ -543,15 +660,21 @@ VK_API void ParseGPSInfo(const Json::Value& position, tagNET_GPS_INFO& info);
 /// TranslateAlarmType; elements of nAlarmTypes from nAlarmCount on are left as the caller set them.
 /// info must not be null.
 VK_API void ParseGPSStatusInfo(Json::Value status, _NET_GPS_STATUS_INFO* info);
+/// The same of a place in a message text.
+VK_API void ParseGPSStatusInfo(const jsonparser::MessagePlace& status, _NET_GPS_STATUS_INFO* info);
 
 /// Reads the event that caused another: "SrcEvent", cut to 32 bytes, terminator included, "SrcTime" as
 /// JsonTimeEx::parse, "SrcChannel". Members that are missing are left as the caller set them. info must not be null.
 VK_API void ParseSrcInfo(const Json::Value& source, tagDEV_SRC_INFO* info);
+/// The same of a place in a message text.
+VK_API void ParseSrcInfo(const jsonparser::MessagePlace& source, tagDEV_SRC_INFO* info);
 
 /// Reads one S.M.A.R.T. attribute of a hard disk; "Name" is cut to 64 bytes, "Raw" to 32, terminators included. Members
 /// that are missing are left as the caller set them, except nSync, which is -1 when "Sync" is missing or negative.
 /// info must not be null.
 VK_API void ParseSyncStateInfo(const Json::Value& attribute, tagNET_HDDSMART_INFO* info);
+/// The same of a place in a message text.
+VK_API void ParseSyncStateInfo(const jsonparser::MessagePlace& attribute, tagNET_HDDSMART_INFO* info);
 
 /// The code of a video resolution's name or size, upper or lower case: for example 0 for "D1", "704x576", "704 * 576".
 /// @return 0 to 38, or 255 when text is null or anything else
@@ -565,8 +688,12 @@ VK_API int ParseResolutionString(const char* text);
 /// ignored. Cleared first; what is in no table gives 0. Parity and stop bits are texts, compared exactly.
 /// @return 1, or 0 with the record cleared when the node is no array of at least 4 elements
 VK_API int ParseCommAttr(const Json::Value& value, VK_COMM_PROP& port);
+/// The same of a place in a message text.
+VK_API int ParseCommAttr(const jsonparser::MessagePlace& place, VK_COMM_PROP& port);
 /// The same for the configuration layer.
 VK_API int ParseCommAttr(const Json::Value& value, tagCFG_COMM_PROP& port);
+/// The same of a place in a message text.
+VK_API int ParseCommAttr(const jsonparser::MessagePlace& place, tagCFG_COMM_PROP& port);
 
 /// Writes [baud rate, data bits, parity, stop bits]. An index beyond its table leaves its element as it was; where
 /// there was none, it is null before an element that is written and missing behind the last. The record comes first,
@@ -583,6 +710,8 @@ VK_API int PacketCommAttr(const tagCFG_COMM_PROP& port, Json::Value& value);
 /// "TimeSection": 7 rows of 6 segments are read by TimeSection::parse, further ones ignored. Missing segments are left
 /// as the caller set them; one that does not convert is no error.
 VK_API void ParseWirelessInfo(const Json::Value& value, tagNET_NETAPP_WIRELESS& info);
+/// The same of a place in a message text.
+VK_API void ParseWirelessInfo(const jsonparser::MessagePlace& place, tagNET_NETAPP_WIRELESS& info);
 
 /// Writes the mobile-data configuration, all but nIndex; further members stay. An enumeration that says unknown (-1 in
 /// emAPN and emWorkMode, 0 in the others) leaves its member as it was and sends a trace message; one that is no row of
@@ -594,10 +723,14 @@ VK_API int PacketWirelessInfo(const tagNET_NETAPP_WIRELESS& info, Json::Value& v
 /// Reads "Caller" of an intercom invitation: emCallerType is 1 for "Platform", ignoring case, and 0 for any other
 /// caller and for none. info must not be null.
 VK_API void ParseTalkingCallerType(const Json::Value& invitation, tagALARM_TALKING_INVITE_INFO* info);
+/// The same of a place in a message text.
+VK_API void ParseTalkingCallerType(const jsonparser::MessagePlace& invitation, tagALARM_TALKING_INVITE_INFO* info);
 
 /// Reads the answer to a mission from the node itself: "Yes" or "No", ignoring case; anything else is unknown.
 /// @return 1, or 0 when it is unknown
 VK_API int ParseConfirmAction(const Json::Value& value, tagNET_MISSION_CONFIRM_TYPE& type);
+/// The same of a place in a message text.
+VK_API int ParseConfirmAction(const jsonparser::MessagePlace& place, tagNET_MISSION_CONFIRM_TYPE& type);
 
 // ======================================================================================================================
 // Ownership of heap texts

@@ -26,7 +26,7 @@ constexpr NameList kNames{"Lane", "b", "", "B", "bb", "路", "\x7F", "\xFF", "La
 /// Expects that every name of the list is found where jsoncpp finds it.
 void ExpectLikeFind(const Json::Value& value) {
     std::array<Place, 10> found{};
-    Place(&value).members(kNames.names.data(), kNames.sorted.data(), kNames.names.size(), found.data());
+    Place(&value).members(kNames.index(), found.data());
     for (std::size_t i = 0; i < found.size(); ++i) {
         const std::string_view name = kNames.names[i];
         const Json::Value* expected = value.isObject() ? value.find(name.data(), name.data() + name.size()) : nullptr;
@@ -128,7 +128,7 @@ TEST(Members, FindInRandomObjectsWhatFindFinds) {
         std::iota(sorted.begin(), sorted.end(), std::size_t{0});
         std::sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) { return names[a] < names[b]; });
         std::vector<Place> found(names.size(), Place(&object));
-        Place(&object).members(names.data(), sorted.data(), names.size(), found.data());
+        Place(&object).members({names.data(), sorted.data(), nullptr, names.size(), nullptr, 0}, found.data());
         for (std::size_t i = 0; i < names.size(); ++i) {
             ASSERT_EQ(found[i].address(), object.find(names[i].data(), names[i].data() + names[i].size()));
             if (found[i].exists()) ++hits;

@@ -1,13 +1,16 @@
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/foundation/box.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/record.h"
 
 using jsonparser::BoxOf;
 using jsonparser::Clear;
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::PointOf;
 
 namespace {
@@ -30,5 +33,13 @@ void Read(Node node, tagNET_BULLET_HOLES_INFO& hole) {
 int ParseBulletHolesInfo(const Json::Value& node, tagNET_BULLET_HOLES_INFO* pInfo) {
     if (pInfo == nullptr) return 0;
     Read(Node(node), *pInfo);
+    return 1;
+}
+
+int ParseBulletHolesInfo(const MessagePlace& place, tagNET_BULLET_HOLES_INFO* pInfo) {
+    if (pInfo == nullptr) return 0;
+    const auto node = NodeAt(place, kNames);
+    if (!node) return 0;
+    Read(*node, *pInfo);
     return 1;
 }

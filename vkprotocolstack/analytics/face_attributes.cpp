@@ -3,6 +3,7 @@
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/analytics/face_attributes_keywords.h"
 #include "vkprotocolstack/foundation/geometry.h"
+#include "vkprotocolstack/wire/message_node.h"
 
 namespace jsonparser {
 namespace {
@@ -36,4 +37,9 @@ bool Read(Node node, tagNET_FACE_ATTRIBUTE_EX& face) {
 
 bool ParseFaceAttributes(const Json::Value& node, tagNET_FACE_ATTRIBUTE_EX& stuFace) {
     return Read(jsonparser::Node(node), stuFace);
+}
+
+bool ParseFaceAttributes(const jsonparser::MessagePlace& place, tagNET_FACE_ATTRIBUTE_EX& stuFace) {
+    const auto node = NodeAt(place, jsonparser::kNames);
+    return node && Read(*node, stuFace);
 }

@@ -3,6 +3,7 @@
 #include "vkprotocolstack/analytics/face_attributes_keywords.h"
 #include "vkprotocolstack/analytics/non_motor_keywords.h"
 #include "vkprotocolstack/foundation/box.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 
 using jsonparser::BoxOf;
@@ -11,8 +12,10 @@ using jsonparser::kFaceSexes;
 using jsonparser::kNonMotorCategories;
 using jsonparser::kNonMotorColors;
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
 namespace {
 
@@ -96,3 +99,7 @@ void Read(Node node, tagVA_OBJECT_NONMOTOR& object) {
 }  // namespace
 
 void ParseObjectNonMotor(const Json::Value& root, tagVA_OBJECT_NONMOTOR* pObject) { Read(Node(root), *pObject); }
+
+void ParseObjectNonMotor(const MessagePlace& root, tagVA_OBJECT_NONMOTOR* pObject) {
+    if (const auto node = NodeAt(root, kNames)) Read(*node, *pObject);
+}

@@ -4,6 +4,7 @@
 #include "vkprotocolstack/analytics/object_keywords.h"
 #include "vkprotocolstack/foundation/box.h"
 #include "vkprotocolstack/foundation/geometry.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/record.h"
 
@@ -16,8 +17,10 @@ using jsonparser::kObjectTimeTypes;
 using jsonparser::kReferenceColors;
 using jsonparser::kWalkingDirections;
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::PointOf;
 
 namespace {
@@ -177,31 +180,55 @@ void ReadSynopsis(Node node, tagVK_MSG_OBJECT_EX2& object) {
     }
 }
 
+void Read(Node node, VK_MSG_OBJECT& object) {
+    const Members<kNames> in(node);
+    ReadCommon(in, object);
+    if (auto v = in["SubBrand"]) object.wSubBrand = v.uintLow16();
+    if (auto v = in["BrandYear"]) object.wBrandYear = v.uintLow16();
+    object.wCarLogoIndex = in["CarLogoIndex"].uintLow16();
+}
+
+void Read(Node node, tagVK_MSG_OBJECT_EX& object) { ReadExtended(Members<kNames>(node), object); }
+
+void Read(Node node, tagVK_MSG_OBJECT_EX2& object) {
+    const Members<kNames> in(node);
+    ReadExtended(in, object);
+    if (auto v = in["SynopsisExtra"]) ReadSynopsis(v, object);
+}
+
+template <class Object>
+bool ReadAt(const MessagePlace& place, Object* object) {
+    if (object == nullptr) return false;
+    const auto start = NodeAt(place, kNames);
+    if (start) Read(*start, *object);
+    return start.has_value();
+}
+
 }  // namespace
 
 int ParseStrtoObject(const Json::Value& root, VK_MSG_OBJECT* pObject) {
     if (pObject == nullptr) return 1;
-    const Members<kNames> in{Node(root)};
-    ReadCommon(in, *pObject);
-    if (auto v = in["SubBrand"]) pObject->wSubBrand = v.uintLow16();
-    if (auto v = in["BrandYear"]) pObject->wBrandYear = v.uintLow16();
-    pObject->wCarLogoIndex = in["CarLogoIndex"].uintLow16();
+    Read(Node(root), *pObject);
     return 0;
 }
+
+int ParseStrtoObject(const MessagePlace& root, VK_MSG_OBJECT* pObject) { return ReadAt(root, pObject) ? 0 : 1; }
 
 int ParseStrtoObject(const Json::Value& root, tagVK_MSG_OBJECT_EX* pObject) {
     if (pObject == nullptr) return 1;
-    ReadExtended(Members<kNames>(Node(root)), *pObject);
+    Read(Node(root), *pObject);
     return 0;
 }
 
+int ParseStrtoObject(const MessagePlace& root, tagVK_MSG_OBJECT_EX* pObject) { return ReadAt(root, pObject) ? 0 : 1; }
+
 int ParseStrtoObject(const Json::Value& root, tagVK_MSG_OBJECT_EX2* pObject) {
     if (pObject == nullptr) return 0;
-    const Members<kNames> in{Node(root)};
-    ReadExtended(in, *pObject);
-    if (auto v = in["SynopsisExtra"]) ReadSynopsis(v, *pObject);
+    Read(Node(root), *pObject);
     return 1;
 }
+
+int ParseStrtoObject(const MessagePlace& root, tagVK_MSG_OBJECT_EX2* pObject) { return ReadAt(root, pObject) ? 1 : 0; }
 
 int ActionToInt(char* text) {
     const Keyword* row = text == nullptr ? nullptr : FirstIgnoringCase(kObjectActions, text);
@@ -210,5 +237,11 @@ int ActionToInt(char* text) {
 
 int ParseColorsimilar(const Json::Value& node, unsigned char* out, int count) {
     if (out != nullptr) ReadSimilarity(Node(node), out, count);
+    return 0;
+}
+
+int ParseColorsimilar(const MessagePlace& place, unsigned char* out, int count) {
+    if (out == nullptr) return 0;
+    if (const auto node = NodeAt(place)) ReadSimilarity(*node, out, count);
     return 0;
 }

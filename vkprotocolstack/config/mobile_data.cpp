@@ -5,6 +5,7 @@
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/config/mobile_data_keywords.h"
 #include "vkprotocolstack/time/time_section.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/record.h"
 #include "vkprotocolstack/wire/write.h"
@@ -21,8 +22,10 @@ using jsonparser::kWirelessTactics;
 using jsonparser::kWirelessWorkModes;
 using jsonparser::Member;
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::Put;
 using jsonparser::Written;
 
@@ -126,6 +129,10 @@ void Write(const tagNET_NETAPP_WIRELESS& info, Json::Value& value) {
 
 void ParseWirelessInfo(const Json::Value& value, tagNET_NETAPP_WIRELESS& info) {
     if (const Node node(value); node) Read(node, info);
+}
+
+void ParseWirelessInfo(const MessagePlace& place, tagNET_NETAPP_WIRELESS& info) {
+    if (const auto node = NodeAt(place, kNames); node && *node) Read(*node, info);
 }
 
 int PacketWirelessInfo(const tagNET_NETAPP_WIRELESS& info, Json::Value& value) {

@@ -4,6 +4,7 @@
 
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/config/serial_port_keywords.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/record.h"
 #include "vkprotocolstack/wire/write.h"
@@ -13,7 +14,9 @@ using jsonparser::Clear;
 using jsonparser::Keyword;
 using jsonparser::kParities;
 using jsonparser::kStopBits;
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::Put;
 
 namespace {
@@ -56,7 +59,17 @@ int Write(const Port& port, Json::Value& value) {
 
 int ParseCommAttr(const Json::Value& value, VK_COMM_PROP& port) { return Read(Node(value), port); }
 
+int ParseCommAttr(const MessagePlace& place, VK_COMM_PROP& port) {
+    const auto node = NodeAt(place);
+    return node ? Read(*node, port) : 0;
+}
+
 int ParseCommAttr(const Json::Value& value, tagCFG_COMM_PROP& port) { return Read(Node(value), port); }
+
+int ParseCommAttr(const MessagePlace& place, tagCFG_COMM_PROP& port) {
+    const auto node = NodeAt(place);
+    return node ? Read(*node, port) : 0;
+}
 
 int PacketCommAttr(const VK_COMM_PROP& port, Json::Value& value) { return Write(port, value); }
 

@@ -2,11 +2,14 @@
 #include "vkprotocolstack/face/person.h"
 #include "vkprotocolstack/face/picture.h"
 #include "vkprotocolstack/time/time_text.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
 namespace {
 
@@ -25,12 +28,23 @@ void ReadCandidate(Node node, Candidate& info) {
     if (auto v = in["SceneImage"]) Read(v, info.stuSceneImage);
 }
 
-}  // namespace
+void Read(Node node, tagCANDIDATE_INFO& info) { ReadCandidate(node, info); }
 
-void ParseCandidate(Json::Value candidate, tagCANDIDATE_INFO& info) { ReadCandidate(Node(candidate), info); }
-
-void ParseCandidate(Json::Value candidate, tagCANDIDATE_INFOEX& info) {
-    const Node node(candidate);
+void Read(Node node, tagCANDIDATE_INFOEX& info) {
     ReadCandidate(node, info);
     if (auto v = node["SceneImage"]["FilePath"]) v.renderTo(info.szSceneImagePath, 256);
+}
+
+}  // namespace
+
+void ParseCandidate(Json::Value candidate, tagCANDIDATE_INFO& info) { Read(Node(candidate), info); }
+
+void ParseCandidate(const MessagePlace& candidate, tagCANDIDATE_INFO& info) {
+    if (const auto node = NodeAt(candidate, kNames)) Read(*node, info);
+}
+
+void ParseCandidate(Json::Value candidate, tagCANDIDATE_INFOEX& info) { Read(Node(candidate), info); }
+
+void ParseCandidate(const MessagePlace& candidate, tagCANDIDATE_INFOEX& info) {
+    if (const auto node = NodeAt(candidate, kNames)) Read(*node, info);
 }

@@ -10,6 +10,7 @@
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/face/person_keywords.h"
 #include "vkprotocolstack/face/picture.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/write.h"
 
 namespace jsonparser {
@@ -294,11 +295,21 @@ void Read(Node node, tagFACERECOGNITION_PERSON_INFOEX& info) {
 
 }  // namespace jsonparser
 
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
 void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFO& info) { Read(Node(person), info); }
 
+void ParsePersonInfo(const MessagePlace& person, tagFACERECOGNITION_PERSON_INFO& info) {
+    if (const auto node = NodeAt(person, jsonparser::kNames)) Read(*node, info);
+}
+
 void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFOEX& info) { Read(Node(person), info); }
+
+void ParsePersonInfo(const MessagePlace& person, tagFACERECOGNITION_PERSON_INFOEX& info) {
+    if (const auto node = NodeAt(person, jsonparser::kNamesEx)) Read(*node, info);
+}
 
 bool PacketPersonInfo(Json::Value& person, const tagFACERECOGNITION_PERSON_INFO& info) {
     jsonparser::WriteShared(person, info);

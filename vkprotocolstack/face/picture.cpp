@@ -1,6 +1,7 @@
 #include "vkprotocolstack/face/picture.h"
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/message_node.h"
 
 namespace jsonparser {
 namespace {
@@ -33,8 +34,18 @@ void Read(Node node, VK_PIC_INFO_EX3& info) { ReadPicture(node, info); }
 
 }  // namespace jsonparser
 
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
 void ParseImageInfo(Json::Value image, VK_PIC_INFO& info) { Read(Node(image), info); }
 
+void ParseImageInfo(const MessagePlace& image, VK_PIC_INFO& info) {
+    if (const auto node = NodeAt(image, jsonparser::kNames)) Read(*node, info);
+}
+
 void ParseImageInfo(Json::Value image, VK_PIC_INFO_EX3& info) { Read(Node(image), info); }
+
+void ParseImageInfo(const MessagePlace& image, VK_PIC_INFO_EX3& info) {
+    if (const auto node = NodeAt(image, jsonparser::kNames)) Read(*node, info);
+}

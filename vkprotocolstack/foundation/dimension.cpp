@@ -2,9 +2,12 @@
 #include <vector>
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
 namespace {
 
@@ -17,18 +20,11 @@ struct Level {
     long long depth;  ///< of the shallowest element so far; 0 is final
 };
 
-}  // namespace
-
-Json_dimension::Json_dimension(int shift) : nShift(shift) {}
-
-long long Json_dimension::operator()(const Json::Value& value) const { return nShift < 0 ? -1 : do_recursion(value); }
-
-long long Json_dimension::do_recursion(const Json::Value& value) const {
-    const Node root(value);
+long long Measure(Node root, int shift) {
     if (!root.isArray()) return 0;
-    const auto levelOf = [this](Node array) {
+    const auto levelOf = [shift](Node array) {
         const auto size = static_cast<long long>(array.size());
-        return Level{array, size, (size >> (static_cast<unsigned>(nShift) % 32)) + 1, 0, 0};
+        return Level{array, size, (size >> (static_cast<unsigned>(shift) % 32)) + 1, 0, 0};
     };
     std::vector<Level> levels{levelOf(root)};
     for (;;) {
@@ -53,4 +49,19 @@ long long Json_dimension::do_recursion(const Json::Value& value) const {
             if (levels.empty()) return depth;
         }
     }
+}
+
+}  // namespace
+
+Json_dimension::Json_dimension(int shift) : nShift(shift) {}
+
+long long Json_dimension::operator()(const Json::Value& value) const { return nShift < 0 ? -1 : do_recursion(value); }
+
+long long Json_dimension::operator()(const MessagePlace& place) const { return nShift < 0 ? -1 : do_recursion(place); }
+
+long long Json_dimension::do_recursion(const Json::Value& value) const { return Measure(Node(value), nShift); }
+
+long long Json_dimension::do_recursion(const MessagePlace& place) const {
+    const auto node = NodeAt(place);
+    return node ? Measure(*node, nShift) : -1;
 }

@@ -1,6 +1,7 @@
 #include "vkprotocolstack/foundation/geometry.h"
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/write.h"
 
 namespace jsonparser {
@@ -34,10 +35,17 @@ int Read(Node node, VK_POINT& point) {
 }  // namespace jsonparser
 
 using jsonparser::AsArray;
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::Put;
 
 int GetJsonRect(const Json::Value& value, VK_RECT& rect) { return Read(Node(value), rect); }
+
+int GetJsonRect(const MessagePlace& place, VK_RECT& rect) {
+    const auto node = NodeAt(place);
+    return node ? Read(*node, rect) : 0;
+}
 
 int SetJsonRect(Json::Value& value, const VK_RECT& rect) {
     Put(value, 0, static_cast<int>(rect.nLeft));
@@ -53,7 +61,19 @@ bool JsonRect::parse(const Json::Value& value, Rect& rect) {
 }
 template VK_API bool JsonRect::parse(const Json::Value& value, tagNET_RECT& rect);
 
+template <class Rect>
+bool JsonRect::parse(const MessagePlace& place, Rect& rect) {
+    const auto node = NodeAt(place);
+    return node && Read(*node, rect);
+}
+template VK_API bool JsonRect::parse(const MessagePlace& place, tagNET_RECT& rect);
+
 int GetJsonPoint(const Json::Value& value, VK_POINT& point) { return Read(Node(value), point); }
+
+int GetJsonPoint(const MessagePlace& place, VK_POINT& point) {
+    const auto node = NodeAt(place);
+    return node ? Read(*node, point) : 0;
+}
 
 int SetJsonPoint(Json::Value& value, const VK_POINT& point) {
     AsArray(value).clear();  // jsoncpp's resize throws on an array that holds only some of its elements

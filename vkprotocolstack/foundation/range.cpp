@@ -1,4 +1,5 @@
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/numbers.h"
 #include "vkprotocolstack/wire/record.h"
@@ -7,8 +8,10 @@
 using jsonparser::Clear;
 using jsonparser::Flag;
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::Put;
 using jsonparser::Truncate;
 
@@ -25,10 +28,8 @@ int Write(const tagRANGE& range, Json::Value& value, Number (*number)(double)) {
     return 1;
 }
 
-}  // namespace
-
-int deserialize_range(const Json::Value& value, tagRANGE& range) {
-    const Members<kNames> in{Node(value)};
+int Read(Node node, tagRANGE& range) {
+    const Members<kNames> in(node);
     Clear(range);
     range.fMax = in["Max"].asFloat();
     range.fMin = in["Min"].asFloat();
@@ -41,6 +42,15 @@ int deserialize_range(const Json::Value& value, tagRANGE& range) {
         range.fStep = v.asFloat();
     }
     return 1;
+}
+
+}  // namespace
+
+int deserialize_range(const Json::Value& value, tagRANGE& range) { return Read(Node(value), range); }
+
+int deserialize_range(const MessagePlace& place, tagRANGE& range) {
+    const auto node = NodeAt(place, kNames);
+    return node ? Read(*node, range) : 0;
 }
 
 int serialize_range(const tagRANGE& range, Json::Value& value) { return Write(range, value, Truncate<int>); }

@@ -4,10 +4,15 @@
 #include <new>
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 
 void parseUtf8JasonToAssic(const Json::Value& value, char* destination, int limit) {
     jsonparser::Node(value).utf8To(destination, limit);
+}
+
+void parseUtf8JasonToAssic(const jsonparser::MessagePlace& place, char* destination, int limit) {
+    if (const auto node = jsonparser::NodeAt(place)) node->utf8To(destination, limit);
 }
 
 void packetAssicToUtf8Jason(Json::Value& value, char* text, int length) {

@@ -3,13 +3,16 @@
 #include <algorithm>
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 
 using jsonparser::ErrorCode;
 using jsonparser::kErrorCodes;
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
 namespace {
 
@@ -18,14 +21,21 @@ constexpr NameList kErrorNames{"code"};
 
 constexpr unsigned kNoUsableCode = 0x80000015;
 
-}  // namespace
-
-unsigned int ParseErrorCode(const Json::Value& reply) {
-    const Members<kNames> in{Node(reply)};
+unsigned LibraryCodeOf(Node reply) {
+    const Members<kNames> in(reply);
     const Members<kErrorNames> error(in["error"]);
     unsigned libraryCode = kNoUsableCode;
     if (const auto deviceCode = error["code"].asErrorCode()) ParseErrorCode(*deviceCode, libraryCode);
     return libraryCode;
+}
+
+}  // namespace
+
+unsigned int ParseErrorCode(const Json::Value& reply) { return LibraryCodeOf(Node(reply)); }
+
+unsigned int ParseErrorCode(const MessagePlace& reply) {
+    const auto node = NodeAt(reply, kNames);
+    return node ? LibraryCodeOf(*node) : kNoUsableCode;
 }
 
 bool ParseErrorCode(unsigned int deviceCode, unsigned int& libraryCode) {

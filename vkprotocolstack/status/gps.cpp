@@ -4,14 +4,17 @@
 
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/status/gps_keywords.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/numbers.h"
 #include "vkprotocolstack/wire/write.h"
 
 using jsonparser::kDateSources;
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::Put;
 using jsonparser::Truncate;
 
@@ -36,6 +39,15 @@ Real Millionths(Node node) {
 }
 
 unsigned WholeMillionths(Node node) { return Truncate<unsigned>(Millionths<float>(node)); }
+
+void Read(Node node, tagNET_GPS_INFO& info) {
+    const Members<kNames> in(node);
+    info.nLongitude = WholeMillionths(in["Longitude"]);
+    info.nLatitude = WholeMillionths(in["Latitude"]);
+    info.dbAltitude = in["Altitude"].asDouble();
+    info.dbSpeed = in["Speed"].asDouble();
+    info.dbBearing = in["Bearing"].asDouble();
+}
 
 void Read(Node node, tagGPS_TIME& time) {
     time.nYear = node.at(0).asInt();
@@ -75,7 +87,17 @@ void Read(Node node, _NET_GPS_STATUS_INFO& info) {
 
 unsigned int TransLongitudetoUInt(const Json::Value& coordinate) { return WholeMillionths(Node(coordinate)); }
 
+unsigned int TransLongitudetoUInt(const MessagePlace& coordinate) {
+    const auto node = NodeAt(coordinate);
+    return node ? WholeMillionths(*node) : 0;
+}
+
 double TransLongitudetoDouble(const Json::Value& coordinate) { return Millionths<double>(Node(coordinate)); }
+
+double TransLongitudetoDouble(const MessagePlace& coordinate) {
+    const auto node = NodeAt(coordinate);
+    return node ? Millionths<double>(*node) : 0.0;
+}
 
 void TransLongitudeToJson(Json::Value& coordinate, double degrees) {
     const int wholeDegrees = Truncate<int>(degrees);
@@ -87,13 +109,14 @@ void TransLongitudeToJson(Json::Value& coordinate, double degrees) {
     Put(coordinate, 2, hundredths / 100.0);
 }
 
-void ParseGPSInfo(const Json::Value& position, tagNET_GPS_INFO& info) {
-    const Members<kNames> in{Node(position)};
-    info.nLongitude = WholeMillionths(in["Longitude"]);
-    info.nLatitude = WholeMillionths(in["Latitude"]);
-    info.dbAltitude = in["Altitude"].asDouble();
-    info.dbSpeed = in["Speed"].asDouble();
-    info.dbBearing = in["Bearing"].asDouble();
+void ParseGPSInfo(const Json::Value& position, tagNET_GPS_INFO& info) { Read(Node(position), info); }
+
+void ParseGPSInfo(const MessagePlace& position, tagNET_GPS_INFO& info) {
+    if (const auto node = NodeAt(position, kNames)) Read(*node, info);
 }
 
 void ParseGPSStatusInfo(Json::Value status, _NET_GPS_STATUS_INFO* info) { Read(Node(status), *info); }
+
+void ParseGPSStatusInfo(const MessagePlace& status, _NET_GPS_STATUS_INFO* info) {
+    if (const auto node = NodeAt(status, kStatusNames)) Read(*node, *info);
+}

@@ -3,13 +3,17 @@
 
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/status/log_type_keywords.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 
 using jsonparser::kLogTypes;
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
-void GetJsonLogType(const Json::Value& names, int* types, int capacity, int& count) {
-    const Node node(names);
+namespace {
+
+void Read(Node node, int* types, int capacity, int& count) {
     if (types == nullptr || !node) return;
     const std::size_t examined = std::min<std::size_t>(node.size(), static_cast<unsigned>(capacity));
     count = 0;
@@ -18,4 +22,14 @@ void GetJsonLogType(const Json::Value& names, int* types, int capacity, int& cou
         const bool isNew = std::find(types, types + count, type) == types + count;
         if (type != 0 && isNew) types[count++] = type;
     }
+}
+
+}  // namespace
+
+void GetJsonLogType(const Json::Value& names, int* types, int capacity, int& count) {
+    Read(Node(names), types, capacity, count);
+}
+
+void GetJsonLogType(const MessagePlace& names, int* types, int capacity, int& count) {
+    if (const auto node = NodeAt(names)) Read(*node, types, capacity, count);
 }

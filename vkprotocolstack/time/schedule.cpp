@@ -2,6 +2,7 @@
 
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/time/time_section.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/record.h"
 #include "vkprotocolstack/wire/write.h"
@@ -9,33 +10,17 @@
 using jsonparser::Clear;
 using jsonparser::Element;
 using jsonparser::Flag;
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::Put;
 using jsonparser::ReadLenient;
 using jsonparser::Written;
 
 namespace {
 
-template <class Schedule>
-int Read(const Json::Value& value, Schedule& schedule) {
-    Clear(schedule);
-    int rows = 0;
-    if (!GetJsonTimeSchedule(value, schedule.stuTimeSection[0], 8, 6, &rows) || rows < 7) return 0;
-    schedule.bEnableHoliday = rows == 8;
-    return 1;
-}
-
-template <class Schedule>
-bool Write(Json::Value& value, const Schedule& schedule) {
-    return SetJsonTimeSchedule(value, schedule.stuTimeSection[0], Flag(schedule.bEnableHoliday) ? 8 : 7, 6);
-}
-
-}  // namespace
-
 template <class Section>
-bool GetJsonTimeSchedule(const Json::Value& value, Section* sections, int maxRows, int maxSegments, int* rowsFound) {
-    if (sections == nullptr || maxRows < 1 || maxSegments < 1) return false;
-    const Node schedule(value);
+bool Read(Node schedule, Section* sections, int maxRows, int maxSegments, int* rowsFound) {
     const std::size_t rows = std::min(schedule.size(), static_cast<std::size_t>(maxRows));
     if (rows == 0) return false;
     if (rowsFound != nullptr) *rowsFound = static_cast<int>(rows);
@@ -49,12 +34,57 @@ bool GetJsonTimeSchedule(const Json::Value& value, Section* sections, int maxRow
     }
     return true;
 }
+
+template <class Schedule>
+int Read(Node node, Schedule& schedule) {
+    Clear(schedule);
+    int rows = 0;
+    if (!Read(node, schedule.stuTimeSection[0], 8, 6, &rows) || rows < 7) return 0;
+    schedule.bEnableHoliday = rows == 8;
+    return 1;
+}
+
+template <class Schedule>
+int Read(const MessagePlace& place, Schedule& schedule) {
+    const auto node = NodeAt(place);
+    return node ? Read(*node, schedule) : 0;
+}
+
+template <class Schedule>
+bool Write(Json::Value& value, const Schedule& schedule) {
+    return SetJsonTimeSchedule(value, schedule.stuTimeSection[0], Flag(schedule.bEnableHoliday) ? 8 : 7, 6);
+}
+
+}  // namespace
+
+template <class Section>
+bool GetJsonTimeSchedule(const Json::Value& value, Section* sections, int maxRows, int maxSegments, int* rowsFound) {
+    if (sections == nullptr || maxRows < 1 || maxSegments < 1) return false;
+    return Read(Node(value), sections, maxRows, maxSegments, rowsFound);
+}
 template VK_API bool GetJsonTimeSchedule(const Json::Value&, tagVK_TSECT*, int, int, int*);
 template VK_API bool GetJsonTimeSchedule(const Json::Value&, tagCFG_TIME_SECTION*, int, int, int*);
 
-int GetJsonTimeSchedule(const Json::Value& value, tagNET_CFG_TIME_SCHEDULE& schedule) { return Read(value, schedule); }
+template <class Section>
+bool GetJsonTimeSchedule(const MessagePlace& place, Section* sections, int maxRows, int maxSegments, int* rowsFound) {
+    if (sections == nullptr || maxRows < 1 || maxSegments < 1) return false;
+    const auto node = NodeAt(place);
+    return node && Read(*node, sections, maxRows, maxSegments, rowsFound);
+}
+template VK_API bool GetJsonTimeSchedule(const MessagePlace&, tagVK_TSECT*, int, int, int*);
+template VK_API bool GetJsonTimeSchedule(const MessagePlace&, tagCFG_TIME_SECTION*, int, int, int*);
 
-int GetJsonTimeSchedule(const Json::Value& value, tagCFG_TIME_SCHEDULE& schedule) { return Read(value, schedule); }
+int GetJsonTimeSchedule(const Json::Value& value, tagNET_CFG_TIME_SCHEDULE& schedule) {
+    return Read(Node(value), schedule);
+}
+
+int GetJsonTimeSchedule(const MessagePlace& place, tagNET_CFG_TIME_SCHEDULE& schedule) { return Read(place, schedule); }
+
+int GetJsonTimeSchedule(const Json::Value& value, tagCFG_TIME_SCHEDULE& schedule) {
+    return Read(Node(value), schedule);
+}
+
+int GetJsonTimeSchedule(const MessagePlace& place, tagCFG_TIME_SCHEDULE& schedule) { return Read(place, schedule); }
 
 template <class Section>
 bool SetJsonTimeSchedule(Json::Value& value, const Section* sections, int rows, int segments) {

@@ -2,10 +2,13 @@
 
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/time/time_section.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/write.h"
 
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::Put;
 using jsonparser::ReadLenient;
 using jsonparser::Written;
@@ -19,22 +22,48 @@ int Write(Json::Value& value, const Section* sections, int count) {
     return 1;
 }
 
-}  // namespace
-
-int GetJsonTimeGroup(const Json::Value& value, tagCFG_TIME_SECTION* sections, int count) {
-    if (sections == nullptr || count < 1) return 0;
-    const Node group(value);
+void Read(Node group, tagCFG_TIME_SECTION* sections, int count) {
     const std::size_t segments = std::min(group.size(), static_cast<std::size_t>(count));
     for (std::size_t i = 0; i < segments; ++i) ReadLenient(group.at(i), sections[i]);
+}
+
+void Read(Node group, tagNET_TIME_SECTION* sections, int count) {
+    // Elements that are missing are looked up too; they convert nothing.
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) ReadLenient(group.at(i), sections[i]);
+}
+
+template <class Section>
+int Read(const Json::Value& value, Section* sections, int count) {
+    if (sections == nullptr || count < 1) return 0;
+    Read(Node(value), sections, count);
     return 1;
 }
 
-int GetJsonTimeGroup(const Json::Value& value, tagNET_TIME_SECTION* sections, int count) {
+template <class Section>
+int Read(const MessagePlace& place, Section* sections, int count) {
     if (sections == nullptr || count < 1) return 0;
-    const Node group(value);
-    // Elements that are missing are looked up too; they convert nothing.
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) ReadLenient(group.at(i), sections[i]);
+    const auto node = NodeAt(place);
+    if (!node) return 0;
+    Read(*node, sections, count);
     return 1;
+}
+
+}  // namespace
+
+int GetJsonTimeGroup(const Json::Value& value, tagCFG_TIME_SECTION* sections, int count) {
+    return Read(value, sections, count);
+}
+
+int GetJsonTimeGroup(const MessagePlace& place, tagCFG_TIME_SECTION* sections, int count) {
+    return Read(place, sections, count);
+}
+
+int GetJsonTimeGroup(const Json::Value& value, tagNET_TIME_SECTION* sections, int count) {
+    return Read(value, sections, count);
+}
+
+int GetJsonTimeGroup(const MessagePlace& place, tagNET_TIME_SECTION* sections, int count) {
+    return Read(place, sections, count);
 }
 
 int SetJsonTimeGroup(Json::Value& value, const tagCFG_TIME_SECTION* sections, int count) {

@@ -1,6 +1,7 @@
 #include "vkprotocolstack/time/time_section.h"
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/message_node.h"
 
 namespace {
 
@@ -16,7 +17,9 @@ bool Read(Node node, tagVK_TSECT& section) {
 
 }  // namespace jsonparser
 
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::ScanInto;
 using jsonparser::Signs;
 using jsonparser::WithWords;
@@ -27,6 +30,13 @@ bool TimeSection::parse(const Json::Value& value, Section& section) {
     return Read(Node(value), section);
 }
 template VK_API bool TimeSection::parse(const Json::Value& value, tagVK_TSECT& section);
+
+template <class Section>
+bool TimeSection::parse(const MessagePlace& place, Section& section) {
+    const auto node = NodeAt(place);
+    return node && Read(*node, section);
+}
+template VK_API bool TimeSection::parse(const MessagePlace& place, tagVK_TSECT& section);
 
 template <class Section>
 bool TimeSection::pack(Json::Value& value, const Section& section) {

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/message_node.h"
 
 namespace jsonparser {
 
@@ -23,10 +24,26 @@ bool Read(Node node, tagNET_TIME& time) {
 
 }  // namespace jsonparser
 
+using jsonparser::MessagePlace;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 using jsonparser::Signs;
 
 namespace {
+
+bool Read(Node node, tagCFG_TIME& time) {
+    return node.scan("%02d:%02d:%02d", Signs::Allowed, time.nHour, time.nMinute, time.nSecond);
+}
+
+bool ReadCompact(Node node, tagNET_TIME& time) {
+    // A sign would be taken for a date's hyphen: 2024-01-05 would have month -0.
+    return node.scan("%04d%02d%02d %02d%02d%02d", Signs::Refused, time.dwYear, time.dwMonth, time.dwDay, time.dwHour,
+                     time.dwMinute, time.dwSecond);
+}
+
+bool ReadDate(Node node, tagNET_TIME& time) {
+    return node.scan("%04u-%02u-%02u", Signs::Allowed, time.dwYear, time.dwMonth, time.dwDay);
+}
 
 /// Replaces value with the formatted text.
 template <class... Number>
@@ -60,6 +77,14 @@ template VK_API bool JsonTimeEx::parse(const Json::Value& value, tagNET_TIME_EX&
 template VK_API bool JsonTimeEx::parse(const Json::Value& value, tagCFG_NET_TIME_EX& time);
 
 template <class Time>
+bool JsonTimeEx::parse(const MessagePlace& place, Time& time) {
+    const auto node = NodeAt(place);
+    return node && Read(*node, time);
+}
+template VK_API bool JsonTimeEx::parse(const MessagePlace& place, tagNET_TIME_EX& time);
+template VK_API bool JsonTimeEx::parse(const MessagePlace& place, tagCFG_NET_TIME_EX& time);
+
+template <class Time>
 bool JsonTimeEx::pack(Json::Value& value, const Time& time) {
     return Write(value, time);
 }
@@ -72,25 +97,45 @@ bool JsonTime::parse(const Json::Value& value, Time& time) {
 }
 template VK_API bool JsonTime::parse(const Json::Value& value, tagNET_TIME& time);
 
+template <class Time>
+bool JsonTime::parse(const MessagePlace& place, Time& time) {
+    const auto node = NodeAt(place);
+    return node && Read(*node, time);
+}
+template VK_API bool JsonTime::parse(const MessagePlace& place, tagNET_TIME& time);
+
 bool GetJsonTime(const Json::Value& value, tagNET_TIME_EX& time) { return JsonTimeEx::parse(value, time); }
+
+bool GetJsonTime(const MessagePlace& place, tagNET_TIME_EX& time) { return JsonTimeEx::parse(place, time); }
 
 bool GetJsonTime(const Json::Value& value, tagCFG_NET_TIME_EX& time) { return JsonTimeEx::parse(value, time); }
 
-bool GetJsonTime(const Json::Value& value, tagCFG_TIME& time) {
-    return Node(value).scan("%02d:%02d:%02d", Signs::Allowed, time.nHour, time.nMinute, time.nSecond);
+bool GetJsonTime(const MessagePlace& place, tagCFG_NET_TIME_EX& time) { return JsonTimeEx::parse(place, time); }
+
+bool GetJsonTime(const Json::Value& value, tagCFG_TIME& time) { return Read(Node(value), time); }
+
+bool GetJsonTime(const MessagePlace& place, tagCFG_TIME& time) {
+    const auto node = NodeAt(place);
+    return node && Read(*node, time);
 }
 
-bool GetJsonTimeB(const Json::Value& value, tagNET_TIME& time) {
-    // A sign would be taken for a date's hyphen: 2024-01-05 would have month -0.
-    return Node(value).scan("%04d%02d%02d %02d%02d%02d", Signs::Refused, time.dwYear, time.dwMonth, time.dwDay,
-                            time.dwHour, time.dwMinute, time.dwSecond);
+bool GetJsonTimeB(const Json::Value& value, tagNET_TIME& time) { return ReadCompact(Node(value), time); }
+
+bool GetJsonTimeB(const MessagePlace& place, tagNET_TIME& time) {
+    const auto node = NodeAt(place);
+    return node && ReadCompact(*node, time);
 }
 
-bool GetJsonDate(const Json::Value& value, tagNET_TIME& time) {
-    return Node(value).scan("%04u-%02u-%02u", Signs::Allowed, time.dwYear, time.dwMonth, time.dwDay);
+bool GetJsonDate(const Json::Value& value, tagNET_TIME& time) { return ReadDate(Node(value), time); }
+
+bool GetJsonDate(const MessagePlace& place, tagNET_TIME& time) {
+    const auto node = NodeAt(place);
+    return node && ReadDate(*node, time);
 }
 
 bool GetTimeStructFromStr(const Json::Value& value, tagNET_TIME& time) { return Read(Node(value), time); }
+
+bool GetTimeStructFromStr(const MessagePlace& place, tagNET_TIME& time) { return JsonTime::parse(place, time); }
 
 bool SetJsonTime(Json::Value& value, const tagNET_TIME_EX& time) { return JsonTimeEx::pack(value, time); }
 

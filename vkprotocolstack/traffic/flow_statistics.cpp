@@ -1,11 +1,14 @@
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/traffic/flow_statistics_keywords.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 
 using jsonparser::kRoadRanks;
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
 namespace {
 
@@ -88,8 +91,24 @@ int ParseTrafficStatInfo(const Json::Value& node, tagVK_TRAFFICFLOWSTAT* info) {
     return 0;
 }
 
+int ParseTrafficStatInfo(const MessagePlace& place, tagVK_TRAFFICFLOWSTAT* info) {
+    if (info == nullptr) return -1;
+    const auto node = NodeAt(place, kNames);
+    if (!node) return -1;
+    Read(*node, *info);
+    return 0;
+}
+
 int ParseTrafficStatInfoEx(const Json::Value& node, tagNET_TRAFFICFLOWSTATINFO* info) {
     if (info == nullptr) return -1;
     Read(Node(node), *info);
+    return 0;
+}
+
+int ParseTrafficStatInfoEx(const MessagePlace& place, tagNET_TRAFFICFLOWSTATINFO* info) {
+    if (info == nullptr) return -1;
+    const auto node = NodeAt(place, kNames);
+    if (!node) return -1;
+    Read(*node, *info);
     return 0;
 }

@@ -1,9 +1,12 @@
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
 namespace {
 
@@ -17,10 +20,21 @@ void Read(Node node, tagWEIGH_INFO& weigh) {
     weigh.dwNet = in["Net"].asUInt();
 }
 
+void Read(Node node, tagEVENT_JUNCTION_CUSTOM_INFO& info) {
+    const Members<kNames> in(node);
+    if (auto v = in["WeighInfo"]) Read(v, info.stuWeighInfo);
+}
+
 }  // namespace
 
 bool ParseCustomInfo(const Json::Value& event, tagEVENT_JUNCTION_CUSTOM_INFO& info) {
-    const Members<kNames> in{Node(event)};
-    if (auto v = in["WeighInfo"]) Read(v, info.stuWeighInfo);
+    Read(Node(event), info);
+    return true;
+}
+
+bool ParseCustomInfo(const MessagePlace& event, tagEVENT_JUNCTION_CUSTOM_INFO& info) {
+    const auto node = NodeAt(event, kNames);
+    if (!node) return false;
+    Read(*node, info);
     return true;
 }

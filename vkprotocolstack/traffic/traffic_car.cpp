@@ -5,6 +5,7 @@
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/foundation/geometry.h"
 #include "vkprotocolstack/traffic/vehicle_size_keywords.h"
+#include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/record.h"
 #include "vkprotocolstack/wire/write.h"
@@ -13,8 +14,10 @@ using jsonparser::Clear;
 using jsonparser::InsertNulls;
 using jsonparser::kVehicleSizes;
 using jsonparser::Members;
+using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
+using jsonparser::NodeAt;
 
 namespace {
 
@@ -149,5 +152,13 @@ int ParseStrtoTrafficCar(Json::Value& node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
     if (info == nullptr) return 1;
     Read(Node(node), *info);
     InsertNulls(node, kInserted);
+    return 0;
+}
+
+int ParseStrtoTrafficCar(const MessagePlace& place, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO* info) {
+    if (info == nullptr) return 1;
+    const auto node = NodeAt(place, kNames);
+    if (!node) return 1;
+    Read(*node, *info);
     return 0;
 }

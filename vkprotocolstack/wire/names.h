@@ -4,24 +4,114 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
+#include <type_traits>
 
 namespace jsonparser {
 
-/// Member names in a converter's processing order. A name that stands twice does not compile.
+/// A name as it stands in a message behind its opening quote: with the closing one, then NULs. So one comparison of
+/// whole blocks finds both the name and its end.
+struct alignas(32) QuotedName {
+    char bytes[32];
+};
+
+/// Whether two texts of size bytes are equal. Names are short: this is faster than a call.
+inline bool SameBytes(const char* a, const char* b, std::size_t size) {
+    const auto same8 = [](const char* x, const char* y) {
+        std::uint64_t left = 0;
+        std::uint64_t right = 0;
+        std::memcpy(&left, x, 8);
+        std::memcpy(&right, y, 8);
+        return left == right;
+    };
+    if (size >= 8) {
+        for (std::size_t i = 0; i + 8 < size; i += 8) {
+            if (!same8(a + i, b + i)) return false;
+        }
+        return same8(a + size - 8, b + size - 8);
+    }
+    for (std::size_t i = 0; i < size; ++i) {
+        if (a[i] != b[i]) return false;
+    }
+    return true;
+}
+
+/// Of a name's length, its beginning and its end; never reads outside it.
+constexpr std::uint64_t HashOfName(const char* name, std::size_t size) {
+    const auto load = [name](std::size_t at, std::size_t count) {
+        std::uint64_t word = 0;
+        if (std::is_constant_evaluated()) {
+            for (std::size_t i = 0; i < count; ++i) {
+                word |= static_cast<std::uint64_t>(static_cast<unsigned char>(name[at + i])) << (8 * i);
+            }
+        } else {
+            std::memcpy(&word, name + at, count);
+        }
+        return word;
+    };
+    std::uint64_t first = 0;
+    std::uint64_t last = 0;
+    if (size >= 8) {
+        first = load(0, 8);
+        last = load(size - 8, 8);
+    } else if (size >= 4) {
+        first = load(0, 4);
+        last = load(size - 4, 4);
+    } else if (size > 0) {
+        first = load(0, 1) | load(size / 2, 1) << 8;
+        last = load(size - 1, 1);
+    }
+    return ((first + size) * 0x9E3779B97F4A7C15U ^ last) * 0xC2B2AE3D27D4EB4FU >> 32;
+}
+
+/// A list of names, whatever its length: what looking members up needs.
+struct NameIndex {
+    const std::string_view* names;  ///< in processing order
+    const std::size_t* sorted;      ///< indexes into names, in the order of the names' bytes
+    const QuotedName* quoted;       ///< in processing order
+    std::size_t count;
+    const std::uint8_t* slots;  ///< a hash table of indexes into names plus one; 0 is free
+    std::size_t slotMask;
+
+    /// The index of the name plus one; 0 when it is not on the list.
+    std::size_t find(const char* name, std::size_t size) const;
+};
+
+/// Member names in a converter's processing order. A name that stands twice, or has more than 31 bytes, does not
+/// compile.
 template <std::size_t N>
 struct NameList {
+    static constexpr std::size_t kSlots = std::bit_ceil(4 * N);
+    static_assert(N < 255);
+
     std::array<std::string_view, N> names;
     std::array<std::size_t, N> sorted;  ///< indexes into names, in the order of the names' bytes
+    std::array<QuotedName, N> quoted;
+    std::array<std::uint8_t, kSlots> slots;
 
     template <class... Name>
-    consteval explicit NameList(const Name&... name) : names{std::string_view(name)...}, sorted{} {
+    consteval explicit NameList(const Name&... name) : names{std::string_view(name)...}, sorted{}, quoted{}, slots{} {
         for (std::size_t i = 0; i < N; ++i) sorted[i] = i;
         std::sort(sorted.begin(), sorted.end(), [this](std::size_t a, std::size_t b) { return names[a] < names[b]; });
         for (std::size_t i = 1; i < N; ++i) {
             if (names[sorted[i - 1]] == names[sorted[i]]) throw "a name stands twice in the list";
         }
+        for (std::size_t i = 0; i < N; ++i) {
+            if (names[i].size() >= sizeof(QuotedName)) throw "a name has more than 31 bytes";
+            std::copy(names[i].begin(), names[i].end(), quoted[i].bytes);
+            quoted[i].bytes[names[i].size()] = '"';
+            std::size_t slot = HashOfName(names[i].data(), names[i].size()) % kSlots;
+            while (slots[slot] != 0) slot = (slot + 1) % kSlots;
+            slots[slot] = static_cast<std::uint8_t>(i + 1);
+        }
+    }
+
+    constexpr NameIndex index() const {
+        return {names.data(), sorted.data(), quoted.data(), N, slots.data(), kSlots - 1};
     }
 
     consteval std::size_t indexOf(std::string_view name) const {

@@ -117,7 +117,7 @@ void Node::utf8To(char* field, int limit) const {
 }
 
 bool Node::stringTo(char* field, int size) const {
-    const bool isText = GetJsonString(place_.value(), field, size, true);
+    const bool isText = place_.stringTo(field, size);
     if (trail_ != nullptr)
         trail_->report(place_.address(), "string, size " + std::to_string(size), size > 0 ? field : "");
     return isText;
@@ -130,7 +130,7 @@ int Node::textSize(int limit) const {
 }
 
 void Node::renderTo(char* field, int size) const {
-    parseJsonNodeToStr(place_.value(), field, size);
+    place_.renderTo(field, size);
     if (trail_ != nullptr)
         trail_->report(place_.address(), "rendered, size " + std::to_string(size), size > 0 ? field : "");
 }
@@ -184,7 +184,7 @@ int Node::lastIgnoringCase(Keywords table, int otherwise) const {
 
 int Node::stringFirstIgnoringCase(Keywords table, int otherwise) const {
     char word[64] = {};
-    GetJsonString(place_.value(), word, 64, true);
+    place_.stringTo(word, 64);
     return lookedUp("string, size 64, keyword, ignoring case", FirstIgnoringCase(table, word), otherwise);
 }
 

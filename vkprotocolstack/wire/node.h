@@ -142,9 +142,7 @@ class Members {
         consteval Name(const char (&text)[N]) : index(List.indexOf(std::string_view(text))) {}
     };
 
-    explicit Members(Node object) : trail_(object.trail_) {
-        object.place_.members(List.names.data(), List.sorted.data(), kCount, found_.data());
-    }
+    explicit Members(Node object) : trail_(object.trail_) { object.place_.members(List.index(), found_.data()); }
 
     Node operator[](Name name) const {
         return {found_[name.index], trail_ == nullptr ? nullptr : trail_->member(List.names[name.index])};

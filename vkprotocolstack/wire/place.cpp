@@ -2,8 +2,14 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstring>
+#include <exception>
+#include <memory>
+#include <new>
 
+#include "vkprotocolstack/support/support.h"
 #include "vkprotocolstack/wire/numbers.h"
+#include "vkprotocolstack/wire/text_entry.h"
 
 namespace jsonparser {
 namespace {
@@ -25,47 +31,122 @@ Integer IntegerOf(Json::ValueType type, const Json::Value* value) {
     }
 }
 
+template <class Integer>
+Integer IntegerOf(const TextEntry& entry) {
+    switch (entry.type) {
+        case TextType::Integer:
+            return static_cast<Integer>(entry.integer);
+        case TextType::Unsigned:
+            return static_cast<Integer>(entry.unsignedInteger);
+        case TextType::Real:
+            return Truncate<Integer>(DoubleOf(entry));
+        case TextType::True:
+            return 1;
+        default:
+            return 0;
+    }
+}
+
 std::string_view NameOf(const Json::Value::const_iterator& member) {
     const char* end = nullptr;
     const char* begin = member.memberName(&end);
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
+/// A text on the tape as a text of jsoncpp that takes no memory: with a terminator, on the stack unless it is long.
+class TextCopy {
+  public:
+    /// Of the text, what a field of size bytes needs at most: a local character has four bytes of UTF-8 or fewer.
+    TextCopy(const TextEntry& entry, int size) {
+        text_[0] = '\0';
+        const std::size_t needed = 4 * static_cast<std::size_t>(std::max(size, 0));
+        const bool isPlain = entry.type == TextType::Text;
+        const std::size_t room = isPlain ? std::min<std::size_t>(entry.size, needed) : entry.size;
+        if (room >= sizeof inline_) {
+            long_.reset(new (std::nothrow) char[room + 1]);
+            if (long_ == nullptr) return;
+            text_ = long_.get();
+        }
+        if (isPlain) std::memcpy(text_, entry.text, room);
+        text_[isPlain ? room : Unescape(entry, text_)] = '\0';
+    }
+
+    /// The empty text where there was no memory.
+    Json::Value value() const { return Json::StaticString(text_); }
+
+  private:
+    char inline_[1100];
+    char* text_ = inline_;
+    std::unique_ptr<char[]> long_;
+};
+
 }  // namespace
 
-int Place::asInt() const { return IntegerOf<int>(type(), value_); }
-unsigned Place::asUInt() const { return IntegerOf<unsigned>(type(), value_); }
+bool Place::isInt() const {
+    if (!isOnTape()) return bits_ != 0 && address()->isInt();
+    const TextEntry& e = entry();
+    if (e.type == TextType::Integer) return e.integer >= INT_MIN && e.integer <= INT_MAX;
+    return e.type == TextType::Real && ScalarOf(e).isInt();
+}
+
+bool Place::isUInt() const {
+    if (!isOnTape()) return bits_ != 0 && address()->isUInt();
+    const TextEntry& e = entry();
+    if (e.type == TextType::Integer) return e.integer >= 0 && e.integer <= UINT_MAX;
+    return e.type == TextType::Real && ScalarOf(e).isUInt();
+}
+
+int Place::asInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
+unsigned Place::asUInt() const {
+    return isOnTape() ? IntegerOf<unsigned>(entry()) : IntegerOf<unsigned>(type(), address());
+}
 
 double Place::asDouble() const {
+    if (isOnTape()) {
+        const TextEntry& e = entry();
+        if (e.type == TextType::Integer) return static_cast<double>(e.integer);
+        if (e.type == TextType::Unsigned) return static_cast<double>(e.unsignedInteger);
+        if (e.type == TextType::Real) return DoubleOf(e);
+        return e.type == TextType::True ? 1.0 : 0.0;
+    }
     switch (type()) {
         case Json::intValue:
         case Json::uintValue:
         case Json::realValue:
         case Json::booleanValue:
-            return value_->asDouble();
+            return address()->asDouble();
         default:
             return 0.0;
     }
 }
 
 bool Place::asBool() const {
+    if (isOnTape()) {
+        const TextEntry& e = entry();
+        return e.type == TextType::Real ? ScalarOf(e).asBool() : asDouble() != 0.0;
+    }
     switch (type()) {
         case Json::intValue:
         case Json::uintValue:
         case Json::realValue:
         case Json::booleanValue:
-            return value_->asBool();
+            return address()->asBool();
         default:
             return false;
     }
 }
 
 bool Place::is32Bits() const {
+    if (isOnTape()) {
+        const TextEntry& e = entry();
+        if (e.type == TextType::Integer) return e.integer >= INT_MIN && e.integer <= Json::LargestInt{UINT_MAX};
+        return e.type == TextType::Real || e.type == TextType::True || e.type == TextType::False;
+    }
     switch (type()) {
         case Json::intValue:
-            return value_->asLargestInt() >= INT_MIN && value_->asLargestInt() <= Json::LargestInt{UINT_MAX};
+            return address()->asLargestInt() >= INT_MIN && address()->asLargestInt() <= Json::LargestInt{UINT_MAX};
         case Json::uintValue:
-            return value_->asLargestUInt() <= UINT_MAX;
+            return address()->asLargestUInt() <= UINT_MAX;
         case Json::realValue:
         case Json::booleanValue:
             return true;
@@ -75,46 +156,111 @@ bool Place::is32Bits() const {
 }
 
 std::string_view Place::text(std::string& storage) const {
+    if (isOnTape()) {
+        const TextEntry& e = entry();
+        switch (e.type) {
+            case TextType::Text:
+                return {e.text, e.size};
+            case TextType::EscapedText:
+                storage.resize(e.size);
+                storage.resize(Unescape(e, storage.data()));
+                return storage;
+            case TextType::Null:
+            case TextType::Array:
+            case TextType::Object:
+                return {};
+            default:
+                storage = ScalarOf(e).asString();
+                return storage;
+        }
+    }
     switch (type()) {
         case Json::stringValue: {
             const char* begin = nullptr;
             const char* end = nullptr;
-            value_->getString(&begin, &end);
+            address()->getString(&begin, &end);
             return {begin, static_cast<std::size_t>(end - begin)};
         }
         case Json::intValue:
         case Json::uintValue:
         case Json::realValue:
         case Json::booleanValue:
-            storage = value_->asString();
+            storage = address()->asString();
             return storage;
         default:
             return {};
     }
 }
 
-std::size_t Place::size() const { return type() == Json::arrayValue ? value_->size() : 0; }
+bool Place::stringTo(char* field, int size) const {
+    if (!isOnTape()) return GetJsonString(exists() ? *address() : Json::Value::nullSingleton(), field, size, true);
+    if (type() == Json::stringValue) return GetJsonString(TextCopy(entry(), size).value(), field, size, true);
+    return GetJsonString(ScalarOf(entry()), field, size, true);
+}
+
+void Place::renderTo(char* field, int size) const {
+    if (!isOnTape()) {
+        parseJsonNodeToStr(exists() ? *address() : Json::Value::nullSingleton(), field, size);
+    } else if (type() == Json::stringValue) {
+        parseJsonNodeToStr(TextCopy(entry(), size).value(), field, size);
+    } else {
+        parseJsonNodeToStr(TreeOf(entry()), field, size);
+    }
+}
+
+std::size_t Place::size() const {
+    if (isOnTape()) return entry().type == TextType::Array ? entry().size : 0;
+    return type() == Json::arrayValue ? address()->size() : 0;
+}
 
 Place Place::element(std::size_t index) const {
-    return index < size() ? Place(&(*value_)[static_cast<Json::ArrayIndex>(index)]) : Place();
+    if (index >= size()) return {};
+    return isOnTape() ? Place(entry().children + index) : Place(&(*address())[static_cast<Json::ArrayIndex>(index)]);
 }
 
 Place Place::member(std::string_view name) const {
     if (type() != Json::objectValue) return {};
+    if (isOnTape()) {
+        // From the end: of members with the same name the last one counts.
+        for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
+            --child;
+            if (std::string_view(child->name, child->nameSize) == name) return Place(child);
+        }
+        return {};
+    }
     const char* const begin = name.empty() ? "" : name.data();  // jsoncpp takes a null pointer for an index
-    return Place(value_->find(begin, begin + name.size()));
+    return Place(address()->find(begin, begin + name.size()));
 }
 
-void Place::members(const std::string_view* names, const std::size_t* sorted, std::size_t count, Place* found) const {
-    std::fill_n(found, count, Place());
+void Place::members(const NameIndex& names, Place* found) const {
+    std::fill_n(found, names.count, Place());
     if (type() != Json::objectValue) return;
+    if (isOnTape()) {
+        const TextEntry* child = entry().children;
+        const TextEntry* const end = child + entry().size;
+        if (entry().matched == names.names) {
+            for (; child != end; ++child) {
+                if (child->slot != 0) found[child->slot - 1] = Place(child);
+            }
+            return;
+        }
+        for (std::size_t next = 0; child != end; ++child) {
+            const bool isNext = next < names.count && names.names[next].size() == child->nameSize &&
+                                SameBytes(names.names[next].data(), child->name, child->nameSize);
+            const std::size_t slot = isNext ? next + 1 : names.find(child->name, child->nameSize);
+            if (slot == 0) continue;
+            found[slot - 1] = Place(child);
+            next = slot;
+        }
+        return;
+    }
     // jsoncpp keeps members in the order of their names' bytes, so one walk over both finds them all.
-    auto member = value_->begin();
-    const auto end = value_->end();
-    for (std::size_t i = 0; i < count && member != end;) {
-        const std::string_view name = names[sorted[i]];
-        const int order = NameOf(member).compare(name);
-        if (order == 0) found[sorted[i]] = Place(&*member);
+    auto member = address()->begin();
+    const auto end = address()->end();
+    for (std::size_t i = 0; i < names.count && member != end;) {
+        const std::size_t index = names.sorted[i];
+        const int order = NameOf(member).compare(names.names[index]);
+        if (order == 0) found[index] = Place(&*member);
         if (order >= 0) ++i;
         if (order <= 0) ++member;
     }

@@ -5,22 +5,30 @@
 #include <json/value.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "vkprotocolstack/wire/names.h"
+#include "vkprotocolstack/wire/text_tape.h"
+
 namespace jsonparser {
 
-/// A value in jsoncpp's tree, or no value at all. What is missing reads as null.
+/// A value in jsoncpp's tree or on the tape of a message text, or no value at all. What is missing reads as null.
 class Place {
   public:
     Place() = default;
-    explicit Place(const Json::Value* value) : value_(value) {}
+    explicit Place(const Json::Value* value) : bits_(reinterpret_cast<std::uintptr_t>(value)) {}
+    explicit Place(const TextEntry* entry) : bits_(reinterpret_cast<std::uintptr_t>(entry) | kOnTape) {}
 
-    bool exists() const { return value_ != nullptr; }
-    Json::ValueType type() const { return value_ == nullptr ? Json::nullValue : value_->type(); }
+    bool exists() const { return bits_ != 0; }
+    Json::ValueType type() const {
+        if (isOnTape()) return TypeOnTape(entry().type);
+        return bits_ == 0 ? Json::nullValue : address()->type();
+    }
     /// jsoncpp's tests: reals without a fraction count.
-    bool isInt() const { return value_ != nullptr && value_->isInt(); }
-    bool isUInt() const { return value_ != nullptr && value_->isUInt(); }
+    bool isInt() const;
+    bool isUInt() const;
 
     int asInt() const;
     unsigned asUInt() const;
@@ -28,23 +36,37 @@ class Place {
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
-    /// The text; one that is not a text in the message is kept in storage.
+    /// The text; one that does not stand in the message as it is, is kept in storage.
     std::string_view text(std::string& storage) const;
+
+    /// GetJsonString and parseJsonNodeToStr of the value. On the tape they are given a value of the same type; the
+    /// first of them, in place of an array or an object, null, which is no text either.
+    bool stringTo(char* field, int size) const;
+    void renderTo(char* field, int size) const;
 
     /// Elements of an array, 0 for anything else.
     std::size_t size() const;
     Place element(std::size_t index) const;
     Place member(std::string_view name) const;
-    /// Looks up names, given with their sorted order, at one go.
-    void members(const std::string_view* names, const std::size_t* sorted, std::size_t count, Place* found) const;
+    /// Looks up the names at one go.
+    void members(const NameIndex& names, Place* found) const;
 
-    /// The value; null's for what is missing.
-    const Json::Value& value() const { return value_ == nullptr ? Json::Value::nullSingleton() : *value_; }
-    /// The value, or null when missing.
-    const Json::Value* address() const { return value_; }
+    /// The value in jsoncpp's tree, or null when missing. Not for places on a tape: nobody observes those.
+    const Json::Value* address() const { return reinterpret_cast<const Json::Value*>(bits_); }
 
   private:
-    const Json::Value* value_ = nullptr;
+    static constexpr std::uintptr_t kOnTape = 1;
+
+    bool isOnTape() const { return (bits_ & kOnTape) != 0; }
+    const TextEntry& entry() const { return *reinterpret_cast<const TextEntry*>(bits_ - kOnTape); }
+    static Json::ValueType TypeOnTape(TextType type) {
+        constexpr Json::ValueType kTypes[] = {
+            Json::nullValue, Json::booleanValue, Json::booleanValue, Json::intValue,   Json::uintValue,
+            Json::realValue, Json::stringValue,  Json::stringValue,  Json::arrayValue, Json::objectValue};
+        return kTypes[static_cast<std::size_t>(type)];
+    }
+
+    std::uintptr_t bits_ = 0;
 };
 
 }  // namespace jsonparser

@@ -1,0 +1,562 @@
+// The pass over a message text, written once for all forms. Each form's source file includes this with its own Blocks:
+//   kWidth                    bytes in a block
+//   Endings(p)                bits of a block: quotes, backslashes, control characters
+//   Blanks(p)                 bits of a block: JSON's white space
+//   Starts(p, quoted)         whether the text starts with the name and quote in quoted (see QuotedName), size bytes
+//   Structure(p)              of 64 bytes: quotes, backslashes, opening and closing brackets
+// Everything here is in an unnamed namespace and nothing is shared with other files: a form for wider instructions is
+// compiled with them, and the linker must not take its code for all.
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "vkprotocolstack/wire/text_pass.h"
+
+#define ALWAYS_INLINE [[gnu::always_inline]] inline
+
+namespace jsonparser {
+namespace {
+
+struct StructureBits {
+    std::uint64_t quotes;
+    std::uint64_t backslashes;
+    std::uint64_t opening;
+    std::uint64_t closing;
+};
+
+bool IsBlank(char byte) { return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t'; }
+bool IsDigit(char byte) { return static_cast<unsigned char>(byte - '0') <= 9; }
+
+/// Ends a run of ordinary characters in a text.
+bool IsEnding(char byte) { return byte == '"' || byte == '\\' || static_cast<unsigned char>(byte) < 0x20; }
+
+bool IsContainer(char byte) { return byte == '{' || byte == '['; }
+
+/// The value of four hexadecimal digits; above 0xFFFF when they are none.
+std::uint32_t Hex4(const char* p) {
+    std::uint32_t value = 0;
+    for (int i = 0; i < 4; ++i) {
+        const char byte = p[i];
+        const char letter = static_cast<char>(byte | 0x20);
+        std::uint32_t digit = 0x10000;
+        if (IsDigit(byte)) digit = static_cast<std::uint32_t>(byte - '0');
+        if (letter >= 'a' && letter <= 'f') digit = static_cast<std::uint32_t>(letter - 'a' + 10);
+        if (digit > 15) return 0x10000;
+        value = value << 4 | digit;
+    }
+    return value;
+}
+
+template <class Blocks>
+class Pass {
+  public:
+    explicit Pass(TextPass& job) : job_(job), tape_(*job.tape), end_(job.end) {}
+
+    bool run() {
+        while (end_ != job_.begin && IsBlank(end_[-1])) --end_;
+        const char* p = job_.begin;
+        while (p != end_ && IsBlank(*p)) ++p;
+        job_.part = nullptr;
+        if (end_ - p < 2) return declined(p) != nullptr;
+        // What is read from here on ends at the latest at the last byte: a bracket stops every scan but that of texts.
+        const char last = end_[-1];
+        const bool closes = (*p == '{' && last == '}') || (*p == '[' && last == ']') || (*p == '"' && last == '"');
+        if (!closes) return declined(p) != nullptr;
+        p = walk(p);
+        if (p == nullptr) return false;
+        return p == end_ || declined(p) != nullptr;
+    }
+
+  private:
+    const char* declined(const char* p) {
+        job_.stop = p;
+        return nullptr;
+    }
+
+    ALWAYS_INLINE const char* skipBlanks(const char* p) const {
+        if (static_cast<unsigned char>(*p) > ' ') return p;
+        if (*p == ' ' && static_cast<unsigned char>(p[1]) > ' ') return p + 1;
+        return skipManyBlanks(p);
+    }
+
+    const char* skipManyBlanks(const char* p) const {
+        while (static_cast<std::size_t>(end_ - p) >= Blocks::kWidth) {
+            const auto others = static_cast<std::uint32_t>(~Blocks::Blanks(p) & Blocks::kAll);
+            if (others != 0) return p + __builtin_ctz(others);
+            p += Blocks::kWidth;
+        }
+        while (IsBlank(*p)) ++p;  // the last byte is none
+        return p;
+    }
+
+    /// The closing quote of the text whose characters begin at p.
+    ALWAYS_INLINE const char* endOfText(const char* p, bool& escaped) {
+        if (static_cast<std::size_t>(end_ - p) >= Blocks::kWidth) {
+            const std::uint32_t endings = Blocks::Endings(p);
+            if (endings != 0) {
+                const char* const ending = p + __builtin_ctz(endings);
+                if (*ending == '"') return ending;
+                p = ending;
+            } else {
+                p += Blocks::kWidth;
+            }
+        }
+        return endOfLongText(p, escaped);
+    }
+
+    [[gnu::noinline]] const char* endOfLongText(const char* p, bool& escaped) {
+        for (;;) {
+            p = nextEnding(p);
+            if (p == end_) return declined(p);
+            if (*p == '"') return p;
+            if (*p != '\\') return declined(p);
+            escaped = true;
+            p = skipEscape(p);
+            if (p == nullptr) return nullptr;
+        }
+    }
+
+    const char* nextEnding(const char* p) const {
+        while (static_cast<std::size_t>(end_ - p) >= Blocks::kWidth) {
+            const std::uint32_t endings = Blocks::Endings(p);
+            if (endings != 0) return p + __builtin_ctz(endings);
+            p += Blocks::kWidth;
+        }
+        while (p != end_ && !IsEnding(*p)) ++p;
+        return p;
+    }
+
+    const char* skipEscape(const char* p) {
+        if (end_ - p < 2) return declined(p);
+        switch (p[1]) {
+            case '"':
+            case '\\':
+            case '/':
+            case 'b':
+            case 'f':
+            case 'n':
+            case 'r':
+            case 't':
+                return p + 2;
+            case 'u':
+                break;
+            default:
+                return declined(p);
+        }
+        if (end_ - p < 6) return declined(p);
+        const std::uint32_t code = Hex4(p + 2);
+        if (code > 0xFFFF || (code >= 0xDC00 && code <= 0xDFFF)) return declined(p);
+        if (code < 0xD800 || code > 0xDFFF) return p + 6;
+        if (end_ - p < 12 || p[6] != '\\' || p[7] != 'u') return declined(p);
+        const std::uint32_t second = Hex4(p + 8);
+        return second >= 0xDC00 && second <= 0xDFFF ? p + 12 : declined(p);
+    }
+
+    /// Reads the scalar at p into entry.
+    ALWAYS_INLINE const char* scalar(const char* p, TextEntry& entry) {
+        switch (*p) {
+            case '"': {
+                bool escaped = false;
+                const char* const close = endOfText(p + 1, escaped);
+                if (close == nullptr) return nullptr;
+                entry.text = p + 1;
+                entry.size = static_cast<std::uint32_t>(close - p - 1);
+                entry.type = escaped ? TextType::EscapedText : TextType::Text;
+                return close + 1;
+            }
+            case 't':
+                entry.type = TextType::True;
+                return word(p, "true", 4);
+            case 'f':
+                entry.type = TextType::False;
+                return word(p, "false", 5);
+            case 'n':
+                entry.type = TextType::Null;
+                return word(p, "null", 4);
+            default:
+                return number(p, entry);
+        }
+    }
+
+    ALWAYS_INLINE const char* word(const char* p, const char* expected, std::size_t size) {
+        if (static_cast<std::size_t>(end_ - p) <= size || std::memcmp(p, expected, size) != 0) return declined(p);
+        return p + size;
+    }
+
+    ALWAYS_INLINE const char* number(const char* p, TextEntry& entry) {
+        const char* const begin = p;
+        const bool negative = *p == '-';
+        if (negative) ++p;
+        const char* const digits = p;
+        std::uint64_t value = 0;
+        while (IsDigit(*p)) value = value * 10 + static_cast<std::uint64_t>(*p++ - '0');
+        const auto count = static_cast<std::size_t>(p - digits);
+        if (count == 0 || (*digits == '0' && count > 1)) return declined(begin);
+        if (count > 18 || *p == '.' || *p == 'e' || *p == 'E') return longNumber(begin, p, value, entry);
+        entry.integer = negative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value);
+        entry.type = TextType::Integer;
+        return p;
+    }
+
+    /// A number that begins at begin, with its digits up to p, of which value has the low 64 bits.
+    [[gnu::noinline]] const char* longNumber(const char* begin, const char* p, std::uint64_t value, TextEntry& entry) {
+        const bool negative = *begin == '-';
+        const char* const digits = begin + (negative ? 1 : 0);
+        const auto count = static_cast<std::size_t>(p - digits);
+        const bool isWhole = *p != '.' && *p != 'e' && *p != 'E';
+        if (isWhole && count <= 20) {
+            // Twenty digits wrap to less than the first nineteen need, or begin with a digit above 1.
+            const bool fits64 = count < 20 || (*digits == '1' && value >= 10000000000000000000U);
+            constexpr std::uint64_t kMinimum = std::uint64_t{1} << 63;
+            if (fits64 && negative && value <= kMinimum) {
+                entry.integer = static_cast<std::int64_t>(0 - value);
+                entry.type = TextType::Integer;
+                return p;
+            }
+            if (fits64 && !negative) {
+                entry.unsignedInteger = value;
+                entry.type = value < kMinimum ? TextType::Integer : TextType::Unsigned;
+                return p;
+            }
+        }
+        if (*p == '.') {
+            const char* const fraction = ++p;
+            while (IsDigit(*p)) ++p;
+            if (p == fraction) return declined(begin);
+        }
+        std::size_t exponentDigits = 0;
+        if (*p == 'e' || *p == 'E') {
+            ++p;
+            if (*p == '+' || *p == '-') ++p;
+            const char* const exponent = p;
+            while (IsDigit(*p)) ++p;
+            exponentDigits = static_cast<std::size_t>(p - exponent);
+            if (exponentDigits == 0) return declined(begin);
+        }
+        // Beyond this a number may be too large or too small for a double.
+        if (p - begin > 100 || exponentDigits > 2) return declined(begin);
+        job_.hasReal = true;
+        entry.text = begin;
+        entry.size = static_cast<std::uint32_t>(p - begin);
+        entry.type = TextType::Real;
+        return p;
+    }
+
+    /// Behind the value at p, which stands in depth containers.
+    ALWAYS_INLINE const char* other(const char* p, std::size_t depth) {
+        if (IsContainer(*p)) return job_.skipOthers ? skipContainer(p) : checkContainer(p, depth);
+        TextEntry entry;
+        return scalar(p, entry);
+    }
+
+    /// Behind the container at p, which stands in outer containers.
+    [[gnu::noinline]] const char* checkContainer(const char* p, std::size_t outer) {
+        std::uint64_t kinds = 0;  // of the open containers, the innermost lowest: 1 is an object
+        std::uint64_t outerKinds[TextPass::kMaxDepth / 64 + 1];
+        std::size_t depth = 0;
+        bool isObject = false;
+        TextEntry entry;
+    open:
+        isObject = *p == '{';
+        if (depth % 64 == 0) outerKinds[depth / 64] = kinds;
+        kinds = kinds << 1 | (isObject ? 1 : 0);
+        ++depth;
+        p = skipBlanks(p + 1);
+        if (*p == (isObject ? '}' : ']')) goto close;
+        if (outer + depth >= job_.maxDepth) return declined(p);
+        if (!isObject) goto value;
+    member : {
+        if (*p != '"') return declined(p);
+        bool escaped = false;
+        p = endOfText(p + 1, escaped);
+        if (p == nullptr) return nullptr;
+        p = skipBlanks(p + 1);
+        if (*p != ':') return declined(p);
+        p = skipBlanks(p + 1);
+    }
+    value:
+        if (IsContainer(*p)) goto open;
+        p = scalar(p, entry);
+        if (p == nullptr) return nullptr;
+    behind:
+        p = skipBlanks(p);
+        if (*p == ',') {
+            p = skipBlanks(p + 1);
+            if (isObject) goto member;
+            goto value;
+        }
+        if (*p != (isObject ? '}' : ']')) return declined(p);
+    close:
+        ++p;
+        if (--depth == 0) return p;
+        if (p == end_) return declined(p);
+        kinds = depth % 64 == 0 ? outerKinds[depth / 64] : kinds >> 1;
+        isObject = (kinds & 1) != 0;
+        goto behind;
+    }
+
+    /// Behind the container at p, following only quotes and brackets.
+    [[gnu::noinline]] const char* skipContainer(const char* p) {
+        std::size_t depth = 0;
+        std::uint64_t escapedCarry = 0;  // the block's first byte stands behind a backslash that counts
+        std::uint64_t textCarry = 0;     // all ones: the block begins within a text
+        char tail[64];
+        while (p != end_) {
+            const auto left = static_cast<std::size_t>(end_ - p);
+            const char* block = p;
+            if (left < 64) {
+                std::memset(tail, ' ', sizeof tail);
+                std::memcpy(tail, p, left);
+                block = tail;
+            }
+            const StructureBits bits = Blocks::Structure(block);
+            std::uint64_t quotes = bits.quotes;
+            if (bits.backslashes != 0 || escapedCarry != 0) {
+                std::uint64_t escaped = escapedCarry;
+                std::uint64_t backslashes = bits.backslashes & ~escapedCarry;
+                escapedCarry = 0;
+                while (backslashes != 0) {
+                    const std::uint64_t lowest = backslashes & (0 - backslashes);
+                    const std::uint64_t next = lowest << 1;
+                    if (next == 0) escapedCarry = 1;
+                    escaped |= next;
+                    backslashes &= ~(lowest | next);
+                }
+                quotes &= ~escaped;
+            }
+            const std::uint64_t inText = Blocks::PrefixXor(quotes) ^ textCarry;
+            textCarry = 0 - (inText >> 63);
+            const std::uint64_t opening = bits.opening & ~inText;
+            const std::uint64_t closing = bits.closing & ~inText;
+            const auto closings = static_cast<std::size_t>(__builtin_popcountll(closing));
+            if (depth > closings) {
+                depth += static_cast<std::size_t>(__builtin_popcountll(opening)) - closings;
+            } else {
+                for (std::uint64_t brackets = opening | closing; brackets != 0; brackets &= brackets - 1) {
+                    const std::uint64_t lowest = brackets & (0 - brackets);
+                    if ((opening & lowest) != 0) {
+                        ++depth;
+                    } else if (--depth == 0) {
+                        return p + __builtin_ctzll(brackets) + 1;
+                    }
+                }
+            }
+            p += left < 64 ? left : 64;
+        }
+        return declined(p);
+    }
+
+    ALWAYS_INLINE TextEntry* push() {
+        if (tape_.open == tape_.closed && !tape_.grow()) {
+            job_.noMemory = true;
+            return nullptr;
+        }
+        return &tape_.entries[tape_.open++];
+    }
+
+    /// Takes down the container at p, whose entry has this index, and what is in it.
+    [[gnu::noinline]] const char* tapeContainer(const char* p, std::size_t container, std::size_t depth) {
+        const std::size_t outermost = container;
+        bool isObject = false;
+        TextEntry* entry = nullptr;
+    open:
+        isObject = *p == '{';
+        ++depth;
+        tape_.entries[container].type = isObject ? TextType::Object : TextType::Array;
+        tape_.entries[container].size = TextEntry::kStillOpen;
+        p = skipBlanks(p + 1);
+        if (*p == (isObject ? '}' : ']')) goto close;
+        if (depth >= job_.maxDepth) return declined(p);
+        if (!isObject) goto element;
+    member : {
+        if (*p != '"') return declined(p);
+        const char* const name = p + 1;
+        bool escaped = false;
+        p = endOfText(name, escaped);
+        if (p == nullptr) return nullptr;
+        if (escaped || p - name > 0xFFFF) return declined(name);
+        entry = push();
+        if (entry == nullptr) return declined(name);
+        entry->name = name;
+        entry->nameSize = static_cast<std::uint16_t>(p - name);
+        p = skipBlanks(p + 1);
+        if (*p != ':') return declined(p);
+        p = skipBlanks(p + 1);
+        goto value;
+    }
+    element:
+        entry = push();
+        if (entry == nullptr) return declined(p);
+        entry->name = nullptr;
+    value:
+        if (IsContainer(*p)) {
+            entry->parent = container;
+            container = tape_.open - 1;
+            goto open;
+        }
+        p = scalar(p, *entry);
+        if (p == nullptr) return nullptr;
+    behind:
+        p = skipBlanks(p);
+        if (*p == ',') {
+            p = skipBlanks(p + 1);
+            if (isObject) goto member;
+            goto element;
+        }
+        if (*p != (isObject ? '}' : ']')) return declined(p);
+    close : {
+        ++p;
+        --depth;
+        const std::size_t parent = tape_.entries[container].parent;
+        tape_.close(container);
+        if (container == outermost) return p;
+        if (p == end_) return declined(p);
+        container = parent;
+        isObject = tape_.entries[container].type == TextType::Object;
+        goto behind;
+    }
+    }
+
+    /// Takes down the object at p, whose entry is the tape's first, matching its members against the expected names:
+    /// the one behind the last match is tried before any search, and needs no look for the name's end.
+    [[gnu::noinline]] const char* tapeExpected(const char* p, std::size_t depth) {
+        const NameIndex& expected = *job_.expected;
+        std::size_t next = 0;
+        tape_.entries[0].type = TextType::Object;
+        tape_.entries[0].size = TextEntry::kStillOpen;
+        tape_.entries[0].matched = expected.names;
+        ++depth;
+        p = skipBlanks(p + 1);
+        if (*p == '}') {
+            tape_.close(0);
+            return p + 1;
+        }
+        if (depth >= job_.maxDepth) return declined(p);
+        for (;;) {
+            if (*p != '"') return declined(p);
+            const char* const name = p + 1;
+            std::size_t slot = 0;
+            if (next < expected.count &&
+                Blocks::Starts(name, end_, expected.quoted[next], expected.names[next].size())) {
+                p = name + expected.names[next].size();
+                slot = ++next;
+            } else {
+                bool escaped = false;
+                p = endOfText(name, escaped);
+                if (p == nullptr) return nullptr;
+                if (escaped || p - name > 0xFFFF) return declined(name);
+                slot = expected.find(name, static_cast<std::size_t>(p - name));
+                if (slot != 0) next = slot;
+            }
+            TextEntry* const entry = push();
+            if (entry == nullptr) return declined(name);
+            entry->name = name;
+            entry->nameSize = static_cast<std::uint16_t>(p - name);
+            entry->slot = static_cast<std::uint8_t>(slot);
+            p = skipBlanks(p + 1);
+            if (*p != ':') return declined(p);
+            p = skipBlanks(p + 1);
+            p = IsContainer(*p) ? tapeContainer(p, tape_.open - 1, depth) : scalar(p, *entry);
+            if (p == nullptr) return nullptr;
+            if (p == end_) return declined(p);
+            p = skipBlanks(p);
+            if (*p != ',') break;
+            p = skipBlanks(p + 1);
+        }
+        if (*p != '}') return declined(p);
+        tape_.close(0);
+        return p + 1;
+    }
+
+    /// Takes down the value at p, the part.
+    const char* tapePart(const char* p, std::size_t depth) {
+        TextEntry* const entry = push();
+        if (entry == nullptr) return declined(p);
+        entry->matched = nullptr;
+        entry->nameSize = 0;
+        if (job_.expected != nullptr && *p == '{') {
+            p = tapeExpected(p, depth);
+        } else {
+            p = IsContainer(*p) ? tapeContainer(p, 0, depth) : scalar(p, *entry);
+        }
+        job_.part = tape_.entries;
+        return p;
+    }
+
+    void forgetPart() {
+        job_.part = nullptr;
+        tape_.clear();
+    }
+
+    /// Follows the steps from the value at p, the message, to the part, and checks what lies around.
+    const char* walk(const char* p) {
+        std::size_t indexes[TextPass::kMaxSteps];
+        bool isObject[TextPass::kMaxSteps];
+        std::size_t depth = 0;  // of the containers on the way, all of whose steps led here
+    value:
+        if (depth == job_.stepCount) {
+            p = tapePart(p, depth);
+        } else if (IsContainer(*p)) {
+            isObject[depth] = *p == '{';
+            indexes[depth] = 0;
+            ++depth;
+            p = skipBlanks(p + 1);
+            if (*p == (isObject[depth - 1] ? '}' : ']')) goto close;
+            if (depth >= job_.maxDepth) return declined(p);
+            if (isObject[depth - 1]) goto member;
+            goto element;
+        } else {
+            p = other(p, depth);
+        }
+        if (p == nullptr) return nullptr;
+    behind:
+        if (depth == 0) return p;
+        if (p == end_) return declined(p);
+        p = skipBlanks(p);
+        if (*p == ',') {
+            p = skipBlanks(p + 1);
+            if (isObject[depth - 1]) goto member;
+            ++indexes[depth - 1];
+            goto element;
+        }
+        if (*p != (isObject[depth - 1] ? '}' : ']')) return declined(p);
+    close:
+        ++p;
+        --depth;
+        goto behind;
+    member : {
+        if (*p != '"') return declined(p);
+        const char* const name = p + 1;
+        bool escaped = false;
+        p = endOfText(name, escaped);
+        if (p == nullptr) return nullptr;
+        if (escaped) return declined(name);
+        const auto size = static_cast<std::size_t>(p - name);
+        p = skipBlanks(p + 1);
+        if (*p != ':') return declined(p);
+        p = skipBlanks(p + 1);
+        const TextStep& step = job_.steps[depth - 1];
+        if ((step.size == size || step.escaped) && IsStepTo(step, name, size)) {
+            forgetPart();  // of members with the same name the last one counts
+            goto value;
+        }
+        p = other(p, depth);
+        if (p == nullptr) return nullptr;
+        goto behind;
+    }
+    element:
+        if (indexes[depth - 1] == job_.steps[depth - 1].index) goto value;
+        p = other(p, depth);
+        if (p == nullptr) return nullptr;
+        goto behind;
+    }
+
+    TextPass& job_;
+    TextTape& tape_;
+    const char* end_;  ///< behind the last byte that is not blank
+};
+
+}  // namespace
+}  // namespace jsonparser
+
+#undef ALWAYS_INLINE
