@@ -3,7 +3,8 @@
 //
 // Contenders run in random order, several times; the least time of each counts. Ends with 1 when a ratio is above its
 // bar, with 2 when the records differ. With --calls ROAD CONTENDER COUNT it converts that many times and reports
-// nothing, for tools that count instructions.
+// nothing, for tools that count instructions:
+//     valgrind --tool=callgrind --toggle-collect='*SecondsEach*' jsonparser_value_road --calls traffic ours 1000
 
 #include <benchmark/benchmark.h>
 #include <json/reader.h>
@@ -60,8 +61,9 @@ struct Road {
     std::function<bool()> agrees;  ///< whether both make the same of the sample
 };
 
+/// Not inlined, so that tools that count instructions find what is timed.
 template <class Work>
-double SecondsEach(Work work) {
+[[gnu::noinline]] double SecondsEach(Work work) {
     const auto begin = std::chrono::steady_clock::now();
     for (std::size_t i = 0; i < kBatch; ++i) work(i);
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begin;

@@ -2,7 +2,8 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS jsonparser_headers jsonparser_core jsonparser_support jsonparser EXPORT JsonParserTargets)
 install(DIRECTORY include/vkrecords TYPE INCLUDE FILES_MATCHING PATTERN *.h)
-install(FILES vkprotocolstack/JsonParser.h vkprotocolstack/message_text.h vkprotocolstack/vocabulary.h
+install(FILES vkprotocolstack/JsonParser.h vkprotocolstack/explain.h vkprotocolstack/message_text.h
+              vkprotocolstack/vocabulary.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vkprotocolstack)
 install(FILES vkprotocolstack/support/support.h vkprotocolstack/support/export.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vkprotocolstack/support)

@@ -22,7 +22,8 @@ EDGES = {
 }
 
 # The public headers: contracts, and what the tables are made of.
-PUBLIC = {"vkprotocolstack/JsonParser.h", "vkprotocolstack/message_text.h", "vkprotocolstack/vocabulary.h"}
+PUBLIC = {"vkprotocolstack/JsonParser.h", "vkprotocolstack/explain.h", "vkprotocolstack/message_text.h",
+          "vkprotocolstack/vocabulary.h"}
 
 
 def sources(*folders):

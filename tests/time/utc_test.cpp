@@ -3,6 +3,7 @@
 #include <array>
 #include <climits>
 #include <cstdlib>
+#include <ctime>
 #include <random>
 #include <string>
 #include <thread>
@@ -142,6 +143,43 @@ TEST(GetNetTimeByUTCTime, AgreesWithTheCalendarOverItsWholeRange) {
     for (int i = 0; i < 20000; ++i) {
         const long seconds = i % 2 == 0 ? whole(random) : near(random);
         ASSERT_EQ(Broken(seconds), Counted(seconds)) << seconds;
+    }
+}
+
+/// By the C library, and what a breakdown that fails gives.
+Calendar ByGmtime(long seconds) {
+    std::tm parts{};
+    if (gmtime_r(&seconds, &parts) == nullptr) return kNoTime;
+    const auto word = [](int number, unsigned plus) { return static_cast<unsigned>(number) + plus; };
+    return {word(parts.tm_year, 1900), word(parts.tm_mon, 1), word(parts.tm_mday, 0),
+            word(parts.tm_hour, 0),    word(parts.tm_min, 0), word(parts.tm_sec, 0)};
+}
+
+TEST(GetNetTimeByUTCTime, AgreesWithTheCLibraryOverTheWholeRangeOfSecondsAndBeyondTheCalendar) {
+    const TimeZone scope("Asia/Kolkata");
+    std::mt19937_64 random(2024);
+    std::uniform_int_distribution<long> any(LONG_MIN, LONG_MAX);
+    std::uniform_int_distribution<long> calendar(kFirst - 1000000, kLast + 1000000);
+    std::uniform_int_distribution<long> now(-100000000000, 300000000000);
+    for (int i = 0; i < 100000; ++i) {
+        for (const long seconds : {any(random), calendar(random), now(random)}) {
+            ASSERT_EQ(Broken(seconds), ByGmtime(seconds)) << seconds;
+        }
+    }
+    for (const long border : {kFirst, kLast, 0L, -62135596800L, -62167219200L, 951782400L}) {
+        for (long seconds = border - 100000; seconds < border + 100000; seconds += 97) {
+            ASSERT_EQ(Broken(seconds), ByGmtime(seconds)) << seconds;
+        }
+    }
+    for (const long seconds : {LONG_MIN, LONG_MIN + 1, LONG_MAX - 1, LONG_MAX, kFirst - 1, kFirst, kLast, kLast + 1}) {
+        EXPECT_EQ(Broken(seconds), ByGmtime(seconds)) << seconds;
+    }
+}
+
+TEST(GetNetTimeByUTCTime, AgreesWithTheCLibraryOnEveryDayOf400Years) {
+    const TimeZone scope("CST-8");
+    for (long day = -146097 / 2; day <= 146097 / 2 + 1; ++day) {
+        ASSERT_EQ(Broken(day * 86400 + 86399), ByGmtime(day * 86400 + 86399)) << day;
     }
 }
 

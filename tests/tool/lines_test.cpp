@@ -227,7 +227,7 @@ TEST(Convert, GivesTheSameOnManyThreads) {
     Texts alternatives;
     const tool::CatalogueEntry* entry = tool::FindEntry("trafficcar", alternatives);
     ASSERT_NE(entry, nullptr);
-    const tool::LineFunction function = tool::DecodeLine(*entry, "", {});
+    const tool::LineFunction function = tool::DecodeLine(*entry, "", false, {});
     const std::string alone = Converted(file.name(), function, 1);
     EXPECT_NE(alone.find(R"("nSpeed":999,)"), std::string::npos);
     EXPECT_NE(alone.find(file.name() + ":995:"), std::string::npos);

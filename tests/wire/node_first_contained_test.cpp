@@ -68,14 +68,15 @@ TEST(NodeFirstContained, TellsTheObserverWhatItFound) {
     struct : jsonparser::Observer {
         std::vector<std::string> seen;
         void look(const jsonparser::Look& look) override {
-            seen.push_back(std::string(look.operation) + ": " + look.result);
+            seen.push_back(std::string(look.operation) + ": " + look.result + ", " + look.remark);
         }
     } observer;
     const jsonparser::ObserverScope scope(observer);
     FirstContained("Log");
     FirstContained("log");
     EXPECT_EQ(observer.seen,
-              (std::vector<std::string>{"keyword, contained: 7", "keyword, contained: -7 (no such keyword)"}));
+              (std::vector<std::string>{"keyword, contained: 7, kept",
+                                        R"(keyword, contained: -7, keyword unknown; did you mean "Log"?)"}));
 }
 
 }  // namespace

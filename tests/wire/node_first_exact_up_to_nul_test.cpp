@@ -50,13 +50,14 @@ TEST(NodeFirstExactUpToNul, WhatIsNoTextMatchesNoRow) {
 
 TEST(NodeFirstExactUpToNul, ReportsToTheObserver) {
     struct : jsonparser::Observer {
-        void look(const jsonparser::Look& look) override { results.push_back(look.result); }
+        void look(const jsonparser::Look& look) override { results.push_back(look.result + ", " + look.remark); }
         std::vector<std::string> results;
     } observer;
     const jsonparser::ObserverScope scope(observer);
     const Json::Value values[] = {"one", "three", 7};
     for (const Json::Value& value : values) Node(value).firstExactUpToNul(kWords, -1);
-    EXPECT_EQ(observer.results, (std::vector<std::string>{"1", "-1 (no such keyword)", "-1 (no such keyword)"}));
+    EXPECT_EQ(observer.results,
+              (std::vector<std::string>{"1, kept", "-1, keyword unknown", "-1, wrong type, read as the empty text"}));
 }
 
 }  // namespace

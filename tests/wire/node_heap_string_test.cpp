@@ -48,7 +48,7 @@ TEST(NodeHeapString, ReportsToTheObserver) {
     const jsonparser::ObserverScope scope(observer);
     const Json::Value text = "text";
     const Heap heap(Node(text).heapString());
-    EXPECT_EQ(observer.results, std::vector<std::string>{"text"});
+    EXPECT_EQ(observer.results, std::vector<std::string>{R"("text")"});
 }
 
 }  // namespace

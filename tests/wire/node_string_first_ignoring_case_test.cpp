@@ -73,7 +73,7 @@ TEST(NodeStringFirstIgnoringCase, WhatIsNoTextIsTheEmptyText) {
 TEST(NodeStringFirstIgnoringCase, ReportsTheCodeAndWhetherTheWordIsKnown) {
     class Notes : public Observer {
       public:
-        void look(const Look& look) override { all.push_back(look.path + ": " + look.result); }
+        void look(const Look& look) override { all.push_back(look.path + ": " + look.result + ", " + look.remark); }
         std::vector<std::string> all;
     } notes;
     const Json::Value object = Json(R"({"known": "TWO", "unknown": "six"})");
@@ -83,7 +83,7 @@ TEST(NodeStringFirstIgnoringCase, ReportsTheCodeAndWhetherTheWordIsKnown) {
         node["known"].stringFirstIgnoringCase(kWords, kOtherwise);
         node["unknown"].stringFirstIgnoringCase(kWords, kOtherwise);
     }
-    EXPECT_EQ(notes.all, (std::vector<std::string>{"/known: 2", "/unknown: -7 (no such keyword)"}));
+    EXPECT_EQ(notes.all, (std::vector<std::string>{"/known: 2, kept", "/unknown: -7, keyword unknown"}));
 }
 
 }  // namespace

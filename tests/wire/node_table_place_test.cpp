@@ -92,7 +92,9 @@ TEST(NodeTablePlace, IsDefinedForEveryValue) {
 
 class Results : public Observer {
   public:
-    void look(const Look& look) override { results.push_back(std::string(look.operation) + ": " + look.result); }
+    void look(const Look& look) override {
+        results.push_back(std::string(look.operation) + ": " + look.result + ", " + look.remark);
+    }
     std::vector<std::string> results;
 };
 
@@ -105,9 +107,8 @@ TEST(NodeTablePlace, ReportsWhereItFoundWhat) {
         node.at(0).firstEqual(kNumbers, kOtherwise);
         node.at(1).firstExact(kTexts, kOtherwise);
     }
-    EXPECT_EQ(observer.results,
-              (std::vector<std::string>{"unsigned, place in a table: 2",
-                                        "place of the text in a table, exact: -9 (not in the table)"}));
+    EXPECT_EQ(observer.results, (std::vector<std::string>{"unsigned, place in a table: 2, kept",
+                                                          "place of the text in a table, exact: -9, keyword unknown"}));
 }
 
 }  // namespace

@@ -52,12 +52,15 @@ const char* TypeName(const Json::Value* value) {
     }
 }
 
-/// Writes a line for each look: path, JSON type, operation, result.
+/// Writes a line for each look: path, JSON type, operation, result, and of conversions that did not keep the value,
+/// what became of it.
 class Listing : public Observer {
   public:
     void look(const Look& look) override {
-        text += look.path + " | " + TypeName(look.value) + " | " + std::string(look.operation) + " | [" + look.result +
-                "]\n";
+        text +=
+            look.path + " | " + TypeName(look.value) + " | " + std::string(look.operation) + " | [" + look.result + ']';
+        if (look.kind == Look::kConversion && look.remark != "kept") text += ' ' + look.remark;
+        text += '\n';
     }
 
     std::string text;
@@ -82,67 +85,67 @@ TEST(Observer, SeesAllThatTheTrafficCarConverterReads) {
     const std::unique_ptr<char[]> detailedAddress(car->pszDetailedAddress);
     const std::unique_ptr<char[]> machineAddress(car->pszMachineAddress);
     EXPECT_EQ(listing.text, R"(/PlateNumber | string | present | [true]
-/PlateNumber | string | text from UTF-8, limit 32 | [沪A12345]
+/PlateNumber | string | text from UTF-8, limit 32 | ["沪A12345"]
 /PlateType | string | present | [true]
-/PlateType | string | text as it stands, at most 31 bytes | [Normal]
+/PlateType | string | text as it stands, at most 31 bytes | ["Normal"]
 /PlateColor | missing | present | [false]
 /VehicleColor | missing | present | [false]
-/Speed | real | int | [61]
+/Speed | real | int | [61] fraction cut
 /Event | missing | present | [false]
 /ViolationCode | null | present | [false]
 /ViolationDesc | missing | present | [false]
-/ViolationName | missing | text from UTF-8, limit 64 | []
-/LowerSpeedLimit | missing | int | [0]
-/UpperSpeedLimit | missing | int | [0]
-/OverSpeedMargin | missing | int | [0]
-/UnderSpeedMargin | missing | int | [0]
+/ViolationName | missing | text from UTF-8, limit 64 | [] left as it was
+/LowerSpeedLimit | missing | int | [0] written by default
+/UpperSpeedLimit | missing | int | [0] written by default
+/OverSpeedMargin | missing | int | [0] written by default
+/UnderSpeedMargin | missing | int | [0] written by default
 /Lane | int | int | [-2]
 /CustomParkNo | string | present | [true]
-/CustomParkNo | string | string, size 33 | [P-7]
+/CustomParkNo | string | string, size 33 | ["P-7"]
 /VehicleSize | string | present | [true]
-/VehicleSize | string | keyword, exact | [-1 (no such keyword)]
+/VehicleSize | string | keyword, exact | [-1] keyword unknown
 /VehicleLength | real | float | [4.5]
 /DrivingDirection | array | present | [true]
 /DrivingDirection/0 | string | present | [true]
-/DrivingDirection/0 | string | text as it stands, at most 255 bytes | [Approach]
+/DrivingDirection/0 | string | text as it stands, at most 255 bytes | ["Approach"]
 /DrivingDirection | array | size | [3]
-/DrivingDirection/1 | string | text from UTF-8, limit 256 | [北]
+/DrivingDirection/1 | string | text from UTF-8, limit 256 | ["北"]
 /DrivingDirection | array | size | [3]
-/DrivingDirection/2 | int | text from UTF-8, limit 256 | [3]
-/SnapshotMode | missing | int | [0]
+/DrivingDirection/2 | int | text from UTF-8, limit 256 | ["3"]
+/SnapshotMode | missing | int | [0] written by default
 /ChannelName | missing | present | [false]
 /MachineName | missing | present | [false]
 /MachineGroup | missing | present | [false]
 /RoadwayNo | int | present | [true]
-/RoadwayNo | int | text from UTF-8, limit 64 | [12]
+/RoadwayNo | int | text from UTF-8, limit 64 | ["12"]
 /CustomRoadwayDirection | missing | present | [false]
 /DeviceAddress | string | present | [true]
-/DeviceAddress | string | text from UTF-8, limit 3 | [桥]
+/DeviceAddress | string | text from UTF-8, of any length | ["桥"]
 /DetailedAddress | null | isMember | [true]
-/DetailedAddress | null | text from UTF-8, limit 0 | []
+/DetailedAddress | null | text from UTF-8, of any length | [""] written by default
 /VehicleSign | string | isMember | [true]
-/VehicleSign | string | string, size 32 | [VW]
+/VehicleSign | string | string, size 32 | ["VW"]
 /Redundance | array | present | [true]
 /Redundance | array | size | [2]
 /Redundance/0 | int | unsigned, low 8 bits | [1]
 /Redundance | array | size | [2]
-/Redundance/1 | int | unsigned, low 8 bits | [44]
+/Redundance/1 | int | unsigned, low 8 bits | [44] wrapped to the low 8 bits
 /Redundance | array | size | [2]
 /MachineAddress | missing | isMember | [false]
 /ActualShutter | missing | present | [false]
 /ActualGain | int | present | [true]
-/ActualGain | int | int, low 8 bits | [1]
+/ActualGain | int | int, low 8 bits | [1] wrapped to the low 8 bits
 /Direction | string | present | [true]
-/Direction | string | int, low 8 bits | [0]
+/Direction | string | int, low 8 bits | [0] wrong type, read as 0
 /DefendCode | object | present | [true]
-/DefendCode | object | rendered, size 64 | [{"a":[1]}]
+/DefendCode | object | rendered, size 64 | ["{\"a\":[1]}"]
 /TrafficBlackListID | missing | present | [false]
 /VehicleColorRGB | array | isArray | [true]
 /VehicleColorRGB | array | size | [4]
 /VehicleColorRGB/0 | int | unsigned | [255]
 /VehicleColorRGB/1 | int | unsigned | [128]
 /VehicleColorRGB/2 | int | unsigned | [0]
-/VehicleColorRGB/3 | int | unsigned | [4294967295]
+/VehicleColorRGB/3 | int | unsigned | [4294967295] wrapped to the low 32 bits
 /UTC | int | isInt | [true]
 /UTC | int | int, UTC seconds | [1700000000]
 /RecNo | int | unsigned | [4294967295]
@@ -228,27 +231,27 @@ TEST(Observer, SeesEveryOperationWithItsResult) {
  | int | isBool | [false]
  | int | size | [0]
  | int | int | [-7]
- | int | unsigned | [4294967289]
+ | int | unsigned | [4294967289] wrapped to the low 32 bits
  | int | double | [-7.0]
  | int | float | [-7.0]
  | int | bool | [true]
- | int | int, low 8 bits | [249]
- | int | unsigned, low 8 bits | [249]
- | int | int, low 16 bits | [65529]
- | int | unsigned, low 16 bits | [65529]
+ | int | int, low 8 bits | [249] wrapped to the low 8 bits
+ | int | unsigned, low 8 bits | [249] wrapped to the low 8 bits
+ | int | int, low 16 bits | [65529] kept, as the 16 bits of -7
+ | int | unsigned, low 16 bits | [65529] wrapped to the low 16 bits
  | int | int plus one | [-6]
  | int | double, cut to 64-bit integer | [-7]
  | int | int, UTC seconds | [-7]
- | int | unsigned, UTC seconds | [4294967289]
- | int | text as it stands, at most 7 bytes | [-7]
- | int | text from UTF-8, limit 7 | [-7]
- | int | string, size 8 | []
- | int | rendered, size 8 | [-7]
- | int | text from UTF-8, limit 2 | [-7]
- | int | scanned by %d:%d | [1 of 2]
- | int | keyword, exact | [-1 (no such keyword)]
- | int | keyword, ignoring case | [-1 (no such keyword)]
- | int | keyword, ignoring case, last match | [-1 (no such keyword)]
+ | int | unsigned, UTC seconds | [4294967289] wrapped to the low 32 bits
+ | int | text as it stands, at most 7 bytes | ["-7"]
+ | int | text from UTF-8, limit 7 | ["-7"]
+ | int | string, size 8 | [""] wrong type, read as the empty text
+ | int | rendered, size 8 | ["-7"]
+ | int | text from UTF-8, of any length | ["-7"]
+ | int | scanned by %d:%d | [1 of 2] 1 of 2 numbers converted
+ | int | keyword, exact | [-1] keyword unknown; did you mean "7"?
+ | int | keyword, ignoring case | [-1] keyword unknown; did you mean "7"?
+ | int | keyword, ignoring case, last match | [-1] keyword unknown; did you mean "7"?
 )");
     EXPECT_EQ(Observed(Json(R"("One")"), ReadAll), R"( | string | present | [true]
  | string | isMember | [true]
@@ -258,26 +261,26 @@ TEST(Observer, SeesEveryOperationWithItsResult) {
  | string | isUInt | [false]
  | string | isBool | [false]
  | string | size | [0]
- | string | int | [0]
- | string | unsigned | [0]
- | string | double | [0.0]
- | string | float | [0.0]
- | string | bool | [false]
- | string | int, low 8 bits | [0]
- | string | unsigned, low 8 bits | [0]
- | string | int, low 16 bits | [0]
- | string | unsigned, low 16 bits | [0]
- | string | int plus one | [1]
- | string | double, cut to 64-bit integer | [0]
- | string | int, UTC seconds | [0]
- | string | unsigned, UTC seconds | [0]
- | string | text as it stands, at most 7 bytes | [One]
- | string | text from UTF-8, limit 7 | [One]
- | string | string, size 8 | [One]
- | string | rendered, size 8 | [One]
- | string | text from UTF-8, limit 3 | [One]
- | string | scanned by %d:%d | [0 of 2]
- | string | keyword, exact | [-1 (no such keyword)]
+ | string | int | [0] wrong type, read as 0
+ | string | unsigned | [0] wrong type, read as 0
+ | string | double | [0.0] wrong type, read as 0.0
+ | string | float | [0.0] wrong type, read as 0.0
+ | string | bool | [false] wrong type, read as false
+ | string | int, low 8 bits | [0] wrong type, read as 0
+ | string | unsigned, low 8 bits | [0] wrong type, read as 0
+ | string | int, low 16 bits | [0] wrong type, read as 0
+ | string | unsigned, low 16 bits | [0] wrong type, read as 0
+ | string | int plus one | [1] wrong type, read as 1
+ | string | double, cut to 64-bit integer | [0] wrong type, read as 0
+ | string | int, UTC seconds | [0] wrong type, read as 0
+ | string | unsigned, UTC seconds | [0] wrong type, read as 0
+ | string | text as it stands, at most 7 bytes | ["One"]
+ | string | text from UTF-8, limit 7 | ["One"]
+ | string | string, size 8 | ["One"]
+ | string | rendered, size 8 | ["One"]
+ | string | text from UTF-8, of any length | ["One"]
+ | string | scanned by %d:%d | [0 of 2] 0 of 2 numbers converted
+ | string | keyword, exact | [-1] keyword unknown; did you mean "one"?
  | string | keyword, ignoring case | [1]
  | string | keyword, ignoring case, last match | [1]
 )");
@@ -290,8 +293,8 @@ TEST(Observer, SeesWhatIsMissing) {
         static_cast<void>(static_cast<bool>(Members<kNames>(node)["m"]));
     };
     EXPECT_EQ(Observed(Json(R"({"a": {}})"), read),
-              "/a/3/b | missing | int | [0]\n"
-              "/b | missing | text from UTF-8, limit 8 | []\n"
+              "/a/3/b | missing | int | [0] written by default\n"
+              "/b | missing | text from UTF-8, limit 8 | [] left as it was\n"
               "/m | missing | present | [false]\n");
 }
 
@@ -309,12 +312,12 @@ TEST(Observer, SeesNumbersBeyondAllLimits) {
     value.append(-0.0);
     EXPECT_EQ(Observed(value, read), R"( | array | size | [3]
 /0 | real | double | [1e+308]
-/0 | real | float | [1e+9999]
-/0 | real | double, cut to 64-bit integer | [9223372036854775807]
+/0 | real | float | [inf] beyond the range of the field
+/0 | real | double, cut to 64-bit integer | [9223372036854775807] beyond the range, the nearest limit taken
  | array | size | [3]
-/1 | real | double | [null]
-/1 | real | float | [null]
-/1 | real | double, cut to 64-bit integer | [0]
+/1 | real | double | [nan]
+/1 | real | float | [nan]
+/1 | real | double, cut to 64-bit integer | [0] not a number, read as 0
  | array | size | [3]
 /2 | real | double | [-0.0]
 /2 | real | float | [-0.0]
@@ -333,12 +336,12 @@ TEST(Observer, PathsAreJsonPointers) {
         node[std::string_view("n\0", 2)].asInt();
     };
     EXPECT_EQ(Observed(Json("{}"), read),
-              " | object | int | [0]\n"
-              "/ | missing | int | [0]\n"
-              "/a~1b | missing | int | [0]\n"
-              "/~0 | missing | int | [0]\n"
-              "/~01~1~00/路/12 | missing | int | [0]\n"
-              "/n\0 | missing | int | [0]\n"s);
+              " | object | int | [0] wrong type, read as 0\n"
+              "/ | missing | int | [0] written by default\n"
+              "/a~1b | missing | int | [0] written by default\n"
+              "/~0 | missing | int | [0] written by default\n"
+              "/~01~1~00/路/12 | missing | int | [0] written by default\n"
+              "/n\0 | missing | int | [0] written by default\n"s);
 }
 
 TEST(Observer, SeesTheSameNodeAsOftenAsItIsRead) {
@@ -388,7 +391,8 @@ TEST(ObserverScope, MayOpenAgainForTheSameObserver) {
         const ObserverScope again(listing);
         Node(value)["a"].asInt();
     }
-    EXPECT_EQ(listing.text, "/a | missing | int | [0]\n/a | missing | int | [0]\n");
+    EXPECT_EQ(listing.text,
+              "/a | missing | int | [0] written by default\n/a | missing | int | [0] written by default\n");
 }
 
 TEST(ObserverScope, IsThatOfTheThread) {
@@ -416,7 +420,8 @@ TEST(ObserverScope, IsThatOfTheThread) {
     for (int i = 0; i < 2; ++i) {
         std::string expected;
         for (int j = 0; j < 200; ++j) {
-            expected += "/a/0 | missing | int | [0]\n | int | int | [" + std::to_string(i + 1) + "]\n";
+            expected +=
+                "/a/0 | missing | int | [0] written by default\n | int | int | [" + std::to_string(i + 1) + "]\n";
         }
         EXPECT_EQ(texts[i], expected);
     }

@@ -8,30 +8,43 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace {
 
+using jsonparser::NumberFormat;
 using jsonparser::Scan;
 using jsonparser::ScanInto;
 using jsonparser::Signs;
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
-/// The formats of the device protocol's texts.
-constexpr const char* kFormats[] = {
-    "%04d-%02d-%02d %02d:%02d:%02d",
-    "%04d-%02d-%02d %02d:%02d:%02d.%d",
-    "%04d%02d%02d %02d%02d%02d",
-    "%02d:%02d:%02d",
-    "%04u-%02u-%02u",
-    "%04d-%02d-%02d",
-    "%d %02d:%02d:%02d-%02d:%02d:%02d",
-    "%d %d:%d:%d-%d:%d:%d",
-    "%d",
-    "%u",
-    "%3u,%5d",
+/// The formats of the device protocol's texts, and some more.
+constexpr std::tuple kFormats{
+    NumberFormat<6>("%04d-%02d-%02d %02d:%02d:%02d"),
+    NumberFormat<7>("%04d-%02d-%02d %02d:%02d:%02d.%d"),
+    NumberFormat<6>("%04d%02d%02d %02d%02d%02d"),
+    NumberFormat<3>("%02d:%02d:%02d"),
+    NumberFormat<3>("%04u-%02u-%02u"),
+    NumberFormat<3>("%04d-%02d-%02d"),
+    NumberFormat<7>("%d %02d:%02d:%02d-%02d:%02d:%02d"),
+    NumberFormat<7>("%d %d:%d:%d-%d:%d:%d"),
+    NumberFormat<3>("%d:%u:%d"),
+    NumberFormat<4>("%u:%02d:%d:%02u"),
+    NumberFormat<4>("x%02d:%02d:%02d:%02d"),
+    NumberFormat<1>("%d"),
+    NumberFormat<1>("%u"),
+    NumberFormat<1>(" %d"),
+    NumberFormat<2>("%03u,%05d"),
 };
+
+/// Calls use with each format.
+template <class Use>
+void ForFormats(Use use) {
+    std::apply([&](const auto&... format) { (use(format), ...); }, kFormats);
+}
 
 constexpr int kUntouched = 0x5A5A5A5A;
 
@@ -48,15 +61,24 @@ struct Scanned {
     }
 };
 
-Scanned ByScan(std::string_view text, const char* format, Signs signs = Signs::Allowed) {
+/// Both scans, which agree.
+template <std::size_t N>
+Scanned ByScan(std::string_view text, const NumberFormat<N>& format, Signs signs = Signs::Allowed) {
     Scanned scanned{0, {}};
     scanned.values.fill(kUntouched);
-    scanned.count = Scan(text, format, scanned.values, signs);
+    scanned.count = Scan(text, format.steps(), signs, scanned.values.data());
+    Scanned into{0, {}};
+    into.values.fill(kUntouched);
+    [&]<std::size_t... I>(std::index_sequence<I...>) { into.count = ScanInto(text, format, signs, into.values[I]...); }
+    (std::make_index_sequence<N>());
+    EXPECT_EQ(into, scanned) << '"' << text << "\" by " << format.text();
     return scanned;
 }
 
 /// sscanf, with its "no text left" counted as no number.
-Scanned BySscanf(const std::string& text, const char* format) {
+template <std::size_t N>
+Scanned BySscanf(const std::string& text, const NumberFormat<N>& numbers) {
+    const char* const format = numbers.text().data();
     Scanned scanned{0, {}};
     auto& v = scanned.values;
     v.fill(kUntouched);
@@ -180,9 +202,9 @@ TEST(Scan, ReadsBordersAsSscanfDoes) {
         "12, 5",
     };
     for (const std::string& text : texts) {
-        for (const char* format : kFormats) {
-            EXPECT_EQ(ByScan(text, format), BySscanf(text, format)) << '"' << text << "\" by " << format;
-        }
+        ForFormats([&](const auto& format) {
+            EXPECT_EQ(ByScan(text, format), BySscanf(text, format)) << '"' << text << "\" by " << format.text();
+        });
     }
 }
 
@@ -195,37 +217,75 @@ Scanned Stored(const std::vector<int>& numbers) {
 }
 
 TEST(Scan, StoresTheNumbersInOrder) {
-    EXPECT_EQ(ByScan("2024-01-05 09:30:07.250", "%04d-%02d-%02d %02d:%02d:%02d.%d"),
+    EXPECT_EQ(ByScan("2024-01-05 09:30:07.250", NumberFormat<7>("%04d-%02d-%02d %02d:%02d:%02d.%d")),
               Stored({2024, 1, 5, 9, 30, 7, 250}));
-    EXPECT_EQ(ByScan("-1 2:3:4-5:6:7", "%d %d:%d:%d-%d:%d:%d"), Stored({-1, 2, 3, 4, 5, 6, 7}));
-    EXPECT_EQ(ByScan("1234567", "%1d%1d%1d%1d%1d%1d%1d"), Stored({1, 2, 3, 4, 5, 6, 7}));
+    EXPECT_EQ(ByScan("-1 2:3:4-5:6:7", NumberFormat<7>("%d %d:%d:%d-%d:%d:%d")), Stored({-1, 2, 3, 4, 5, 6, 7}));
+    EXPECT_EQ(ByScan("1 23:45:56-78:90:12", NumberFormat<7>("%d %d:%d:%d-%d:%d:%d")),
+              Stored({1, 23, 45, 56, 78, 90, 12}));
+    EXPECT_EQ(ByScan("1234567", NumberFormat<7>("%01d%01d%01d%01d%01d%01d%01d")), Stored({1, 2, 3, 4, 5, 6, 7}));
 }
 
 TEST(Scan, ANumberBeyondTheRangeKeepsTheLowBitsOfTheLimitOf64Bits) {
-    EXPECT_EQ(ByScan("4294967297 9223372036854775808 -9223372036854775809", "%d%d%d"), Stored({1, -1, 0}));
-    EXPECT_EQ(ByScan("4294967297 18446744073709551616 -18446744073709551617 -1", "%u%u%u%u"), Stored({1, -1, -1, -1}));
+    EXPECT_EQ(ByScan("4294967297 9223372036854775808 -9223372036854775809", NumberFormat<3>("%d%d%d")),
+              Stored({1, -1, 0}));
+    EXPECT_EQ(ByScan("4294967297 18446744073709551616 -18446744073709551617 -1", NumberFormat<4>("%u%u%u%u")),
+              Stored({1, -1, -1, -1}));
 }
 
-TEST(Scan, LeavesWhatDoesNotConvertAsItWas) { EXPECT_EQ(ByScan("12:34:", "%02d:%02d:%02d"), Stored({12, 34})); }
+TEST(Scan, LeavesWhatDoesNotConvertAsItWas) {
+    EXPECT_EQ(ByScan("12:34:", NumberFormat<3>("%02d:%02d:%02d")), Stored({12, 34}));
+}
 
 TEST(Scan, EndsAtTheFirstNul) {
-    EXPECT_EQ(ByScan("12:3\0004:5"sv, "%d:%d:%d"), ByScan("12:3", "%d:%d:%d"));
-    EXPECT_EQ(ByScan("\0001"sv, "%d").count, 0U);
-    EXPECT_EQ(ByScan({}, "%d").count, 0U);
+    constexpr NumberFormat<2> kPair("%d:%d");
+    constexpr NumberFormat<3> kTime("%d:%d:%d");
+    EXPECT_EQ(ByScan("12:3\0004:5"sv, kTime), ByScan("12:3", kTime));
+    EXPECT_EQ(ByScan("12:34:56\0007"sv, kTime), Stored({12, 34, 56}));
+    EXPECT_EQ(ByScan("12:34:5\0"sv, kTime), Stored({12, 34, 5}));
+    EXPECT_EQ(ByScan("1\0:34:56"sv, kTime), Stored({1}));
+    EXPECT_EQ(ByScan("\0001"sv, kPair).count, 0U);
+    EXPECT_EQ(ByScan({}, kPair).count, 0U);
 }
 
 TEST(Scan, ReadsNoFurtherThanTheText) {
-    const std::string text = "12:345";
+    const std::string text = "1 12:34:56-01:23:45";
+    constexpr NumberFormat<7> kSegment("%d %d:%d:%d-%d:%d:%d");
     for (std::size_t length = 0; length <= text.size(); ++length) {
         const std::vector<char> bytes(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length));
-        EXPECT_EQ(ByScan({bytes.data(), length}, "%d:%d"), BySscanf(text.substr(0, length), "%d:%d")) << length;
+        EXPECT_EQ(ByScan({bytes.data(), length}, kSegment), BySscanf(text.substr(0, length), kSegment)) << length;
+    }
+}
+
+TEST(Scan, ReadsATimeWithAnyByteChangedAsSscanfDoes) {
+    const std::string text = "1 12:34:56-09:00:99";
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        for (int byte = 0; byte < 256; ++byte) {
+            std::string changed = text;
+            changed[place] = static_cast<char>(byte);
+            ForFormats([&](const auto& format) {
+                ASSERT_EQ(ByScan(changed, format), BySscanf(changed, format)) << changed << " by " << format.text();
+                const std::string tail = changed.substr(2);
+                ASSERT_EQ(ByScan(tail, format), BySscanf(tail, format)) << tail << " by " << format.text();
+            });
+        }
     }
 }
 
 /// Texts of digits, signs, blanks and separators, and texts made by a format with some of their bytes changed.
 class RandomTexts {
   public:
-    std::string next(std::string_view format) { return below(2) == 0 ? noise() : shaped(format); }
+    std::string next(std::string_view format) {
+        switch (below(4)) {
+            case 0:
+                return noise();
+            case 1:
+                return shaped(format, [] { return 1U; });
+            case 2:
+                return shaped(format, [] { return 2U; });
+            default:
+                return shaped(format, [this] { return below(20) == 0 ? 15 + below(10) : 1 + below(4); });
+        }
+    }
 
   private:
     unsigned below(unsigned limit) { return static_cast<unsigned>(random_()) % limit; }
@@ -241,7 +301,8 @@ class RandomTexts {
         return text;
     }
 
-    std::string shaped(std::string_view format) {
+    template <class Digits>
+    std::string shaped(std::string_view format, Digits digitsOf) {
         std::string text;
         for (std::size_t i = 0; i < format.size(); ++i) {
             if (format[i] != '%') {
@@ -249,8 +310,8 @@ class RandomTexts {
                 continue;
             }
             i = format.find_first_of("du", i);
-            const auto digits = below(20) == 0 ? 15 + below(10) : 1 + below(4);
-            if (below(10) == 0) text += below(2) == 0 ? '-' : '+';
+            const auto digits = digitsOf();
+            if (below(20) == 0) text += below(2) == 0 ? '-' : '+';
             for (unsigned digit = 0; digit < digits; ++digit) text += static_cast<char>('0' + below(10));
         }
         for (auto changes = below(3); changes > 0; --changes) {
@@ -274,39 +335,47 @@ TEST(Scan, ReadsRandomTextsAsSscanfDoes) {
     RandomTexts texts;
     std::array<std::size_t, 8> byCount{};
     for (int round = 0; round < 25000; ++round) {
-        for (const char* format : kFormats) {
-            const std::string text = texts.next(format);
+        ForFormats([&](const auto& format) {
+            const std::string text = texts.next(format.text());
             const Scanned scanned = ByScan(text, format);
-            ASSERT_EQ(scanned, BySscanf(text, format)) << '"' << text << "\" by " << format;
+            ASSERT_EQ(scanned, BySscanf(text, format)) << '"' << text << "\" by " << format.text();
             ++byCount[scanned.count];
-        }
+        });
     }
     for (const std::size_t times : byCount) EXPECT_GT(times, 1000U);
 }
 
 TEST(Scan, TakesDigitsOnlyWhereSignsAreRefused) {
-    const struct {
-        const char* text;
-        const char* format;
-        std::vector<int> stored;
-    } rows[] = {
-        {"20240105 093007",      "%04d%02d%02d %02d%02d%02d", {2024, 1, 5, 9, 30, 7}},
-        {"2024-01-05 09:30:00",  "%04d%02d%02d %02d%02d%02d", {2024}                },
-        {"2024+1",               "%04d%02d",                  {2024}                },
-        {" 2024 1 5",            "%04d%02d%02d",              {2024, 1, 5}          },
-        {"-1",                   "%d",                        {}                    },
-        {" +1",                  "%u",                        {}                    },
-        {"2147483647",           "%d",                        {2147483647}          },
-        {"4294967295",           "%d",                        {-1}                  },
-        {"99999999999999999999", "%d",                        {-1}                  },
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(ByScan(row.text, row.format, Signs::Refused), Stored(row.stored)) << row.text;
-    }
+    constexpr NumberFormat<6> kCompact("%04d%02d%02d %02d%02d%02d");
+    EXPECT_EQ(ByScan("20240105 093007", kCompact, Signs::Refused), Stored({2024, 1, 5, 9, 30, 7}));
+    EXPECT_EQ(ByScan("2024-01-05 09:30:00", kCompact, Signs::Refused), Stored({2024}));
+    EXPECT_EQ(ByScan("2024+1", kCompact, Signs::Refused), Stored({2024}));
+    EXPECT_EQ(ByScan(" 2024 1 5", kCompact, Signs::Refused), Stored({2024, 1, 5}));
+    constexpr NumberFormat<1> kOne("%d");
+    EXPECT_EQ(ByScan("-1", kOne, Signs::Refused), Stored({}));
+    EXPECT_EQ(ByScan("2147483647", kOne, Signs::Refused), Stored({2147483647}));
+    EXPECT_EQ(ByScan("4294967295", kOne, Signs::Refused), Stored({-1}));
+    EXPECT_EQ(ByScan("99999999999999999999", kOne, Signs::Refused), Stored({-1}));
+    EXPECT_EQ(ByScan(" +1", NumberFormat<1>("%u"), Signs::Refused), Stored({}));
 }
 
 TEST(Scan, ASignOutsideANumberIsALiteralWhereSignsAreRefused) {
-    EXPECT_EQ(ByScan("2024-01-05", "%04d-%02d-%02d", Signs::Refused).count, 3U);
+    EXPECT_EQ(ByScan("2024-01-05", NumberFormat<3>("%04d-%02d-%02d"), Signs::Refused).count, 3U);
+}
+
+TEST(Scan, AgreesWithTheScanOfDigitsByHandWhereSignsAreRefused) {
+    RandomTexts texts;
+    constexpr NumberFormat<6> kCompact("%04d%02d%02d %02d%02d%02d");
+    std::size_t whole = 0;
+    for (int round = 0; round < 50000; ++round) {
+        const std::string text = texts.next(kCompact.text());
+        const Scanned scanned = ByScan(text, kCompact, Signs::Refused);
+        // Up to its first sign a text is scanned as by sscanf.
+        const std::string unsignedText = text.substr(0, text.find_first_of("+-"));
+        ASSERT_EQ(scanned, BySscanf(unsignedText, kCompact)) << text;
+        if (scanned.count == 6) ++whole;
+    }
+    EXPECT_GT(whole, 1000U);
 }
 
 TEST(ScanInto, StoresWhatConvertedInWordsOfAnyTypeAndLeavesTheRest) {

@@ -4,8 +4,13 @@
 #include <json/value.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <iterator>
+#include <random>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "testing/json.h"
 
@@ -16,6 +21,8 @@ using jsonparser::AsObject;
 using jsonparser::Element;
 using jsonparser::InsertNulls;
 using jsonparser::Member;
+using jsonparser::NumberFormat;
+using jsonparser::Printed;
 using jsonparser::Put;
 using testing_tools::HostileValues;
 using testing_tools::Json;
@@ -189,6 +196,85 @@ TEST(InsertNulls, InsertsWhatIsMissingInNullAndInObjectsAndLeavesAllElse) {
         InsertNulls(node, kNames);
         EXPECT_EQ(Text(node), row.after) << row.before;
     }
+}
+
+TEST(InsertNulls, InsertsWhatAsManyNamesAsItTakesAreMissing) {
+    constexpr std::array<std::string_view, 48> kMany = [] {
+        constexpr std::string_view kDigits = "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKL";
+        std::array<std::string_view, 48> names{};
+        for (std::size_t i = 0; i < names.size(); ++i) names[i] = std::string_view(kDigits.data() + i, 1);
+        return names;
+    }();
+    for (std::size_t missing = 0; missing < kMany.size(); ++missing) {
+        Json::Value node;
+        for (std::size_t i = 0; i < kMany.size(); ++i) {
+            if (i % (missing + 1) != 0) node[std::string(kMany[i])] = static_cast<int>(i);
+        }
+        node["another"] = true;
+        Json::Value expected = node;
+        for (const std::string_view name : kMany) expected[std::string(name)];
+        InsertNulls(node, kMany);
+        EXPECT_EQ(Text(node), Text(expected)) << missing;
+    }
+}
+
+// ---- printing
+
+constexpr unsigned kBorders[] = {0,          1,          9,          10,         11,         99,         100,
+                                 101,        999,        1000,       9999,       10000,      99999,      999999999,
+                                 1000000000, 2147483646, 2147483647, 2147483648, 2147483649, 4294967195, 4294967196,
+                                 4294967197, 4294967285, 4294967286, 4294967287, 4294967294, 4294967295};
+
+/// By snprintf.
+template <std::size_t N>
+std::string Formatted(const NumberFormat<N>& format, const std::array<unsigned, N>& numbers) {
+    char text[256];
+    [&]<std::size_t... I>(std::index_sequence<I...>) {
+        std::snprintf(text, sizeof text, format.text().data(), numbers[I]...);
+    }
+    (std::make_index_sequence<N>());
+    return text;
+}
+
+template <std::size_t N>
+void ExpectPrintedAlike(const NumberFormat<N>& format, const std::array<unsigned, N>& numbers) {
+    const Json::Value printed = Printed(format.steps(), numbers.data());
+    ASSERT_TRUE(printed.isString());
+    ASSERT_EQ(printed.asString(), Formatted(format, numbers)) << format.text();
+}
+
+TEST(Printed, PrintsBordersAsSnprintfDoes) {
+    for (const unsigned number : kBorders) {
+        ExpectPrintedAlike(NumberFormat<1>("%d"), {number});
+        ExpectPrintedAlike(NumberFormat<1>("%u"), {number});
+        ExpectPrintedAlike(NumberFormat<1>("%01d"), {number});
+        ExpectPrintedAlike(NumberFormat<1>("%02d"), {number});
+        ExpectPrintedAlike(NumberFormat<1>("%04d"), {number});
+        ExpectPrintedAlike(NumberFormat<1>("%09d"), {number});
+        ExpectPrintedAlike(NumberFormat<1>("%02u"), {number});
+        ExpectPrintedAlike(NumberFormat<1>("%04u"), {number});
+        ExpectPrintedAlike(NumberFormat<1>(" %09u"), {number});
+        ExpectPrintedAlike(NumberFormat<7>("%d %02d:%02d:%02d-%02d:%02d:%02d"),
+                           {number, number, number, number, number, number, number});
+    }
+}
+
+TEST(Printed, PrintsRandomNumbersAsSnprintfDoes) {
+    std::mt19937 random{20240105};  // NOLINT(cert-msc51-cpp): repeatable on purpose
+    const auto number = [&] {
+        const auto bits = static_cast<unsigned>(random());
+        return random() % 8 == 0 ? kBorders[bits % std::size(kBorders)] : bits >> random() % 32;
+    };
+    for (int round = 0; round < 50000; ++round) {
+        ExpectPrintedAlike(NumberFormat<3>("%04u-%02u-%02u"), {number(), number(), number()});
+        ExpectPrintedAlike(NumberFormat<7>("%04d-%02d-%02d %02d:%02d:%02d.%d"),
+                           {number(), number(), number(), number(), number(), number(), number()});
+    }
+}
+
+TEST(Printed, TakesNumbersOfAnyIntegerTypeOfAtMost32Bits) {
+    EXPECT_EQ(Printed("%d %d %d %u %d", short{-1}, static_cast<unsigned char>(255), 4294967295U, -1, 7).asString(),
+              "-1 255 -1 4294967295 7");
 }
 
 }  // namespace

@@ -17,9 +17,18 @@ struct DecodeOptions {
     std::string at;                  ///< JSON pointer to the record in each document
     bool json = false;
     bool hex = false;
+    bool strict = false;  ///< what the record has otherwise than the message is a finding
     ReadingOptions reading;
     bool lines = false;  ///< one document a line in, one a line out
     unsigned jobs = 0;   ///< threads for lines; 0 is one for each core
+};
+
+struct ExplainOptions {
+    std::string record;
+    std::string file = "-";  ///< "-" is standard input
+    std::string at;          ///< JSON pointer to the record in the document
+    bool json = false;
+    ReadingOptions reading;
 };
 
 struct EncodeOptions {
@@ -31,6 +40,7 @@ struct EncodeOptions {
 };
 
 int Decode(const DecodeOptions& options);
+int Explain(const ExplainOptions& options);
 int Encode(const EncodeOptions& options);
 int ListRecords(bool json);
 /// One vocabulary, or all of them.

@@ -8,6 +8,7 @@
 
 #include "console.h"
 #include "document.h"
+#include "explain.h"
 #include "finding.h"
 #include "line_functions.h"
 #include "record_buffer.h"
@@ -19,18 +20,15 @@ namespace {
 
 /// Prints the record that one message holds.
 int DecodeFile(const CatalogueEntry& entry, const std::string& file, const DecodeOptions& options) {
-    return WithDocument(
-        file, options.at, options.reading, [&](const Document& document, std::vector<Finding>& findings) {
-            RecordBuffer record(*entry.layout);
-            record.lendBuffers();
-            if (!entry.decode(document.node, record.bytes())) {
-                findings.push_back(
-                    Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
-            }
-            Print(options.json ? RecordAsJson(*entry.layout, record.bytes())
-                               : RecordAsText(*entry.layout, record.bytes()));
-            if (options.hex) Print(RecordAsHex(*entry.layout, record.bytes()));
-        });
+    return WithDocument(file, options.at, options.reading,
+                        [&](const Document& document, std::vector<Finding>& findings) {
+                            RecordBuffer record(*entry.layout);
+                            record.lendBuffers();
+                            DecodeWithFindings(entry, document, options.strict, record.bytes(), findings);
+                            Print(options.json ? RecordAsJson(*entry.layout, record.bytes())
+                                               : RecordAsText(*entry.layout, record.bytes()));
+                            if (options.hex) Print(RecordAsHex(*entry.layout, record.bytes()));
+                        });
 }
 
 }  // namespace
@@ -45,7 +43,7 @@ int Decode(const DecodeOptions& options) {
     const std::vector<std::string> files = OrStandardInput(options.files);
     if (options.lines)
         return ConvertLines(files, options.reading.maximumSize, options.jobs,
-                            DecodeLine(*entry, options.at, options.reading));
+                            DecodeLine(*entry, options.at, options.strict, options.reading));
     int code = kGood;
     for (const std::string& file : files) {
         if (files.size() > 1 && !options.json) Print(fmt::format("== {}\n", file));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "document.h"
+#include "explain.h"
 #include "finding.h"
 #include "record_buffer.h"
 #include "record_form.h"
@@ -37,18 +38,16 @@ LineFunction WithLine(const std::string& at, const ReadingOptions& reading,
 
 }  // namespace
 
-LineFunction DecodeLine(const CatalogueEntry& entry, const std::string& at, const ReadingOptions& reading) {
-    return WithLine(
-        at, reading, [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
-            RecordBuffer record(*entry.layout);
-            record.lendBuffers();
-            if (entry.decode(document.node, record.bytes())) {
-                AppendRecordLine(output, *entry.layout, record.bytes());
-            } else {
-                findings.push_back(
-                    Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
-            }
-        });
+LineFunction DecodeLine(const CatalogueEntry& entry, const std::string& at, bool strict,
+                        const ReadingOptions& reading) {
+    return WithLine(at, reading,
+                    [&entry, strict](const Document& document, std::string& output, std::vector<Finding>& findings) {
+                        RecordBuffer record(*entry.layout);
+                        record.lendBuffers();
+                        if (DecodeWithFindings(entry, document, strict, record.bytes(), findings)) {
+                            AppendRecordLine(output, *entry.layout, record.bytes());
+                        }
+                    });
 }
 
 LineFunction EncodeLine(const CatalogueEntry& entry, const ReadingOptions& reading) {

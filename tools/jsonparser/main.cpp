@@ -140,7 +140,17 @@ int Run(int argc, char** argv) {
     decodeCommand->add_option("--at", decode.at, "JSON pointer to the record in each message")->type_name("POINTER");
     decodeCommand->add_flag("--json", decode.json, "Print the record as JSON");
     CLI::Option* hex = decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
+    decodeCommand->add_flag("--strict", decode.strict, "What the record has otherwise than the message is a finding");
     AddLinesOptions(*decodeCommand, decode.lines, decode.jobs, decode.reading)->excludes(hex);
+
+    tool::ExplainOptions explain;
+    CLI::App* explainCommand =
+        app.add_subcommand("explain", "Show what became of each value of a message, and what nothing reads");
+    explainCommand->add_option("RECORD", explain.record, "Name of the record, or a part of it")->required();
+    explainCommand->add_option("FILE", explain.file, "Message in JSON; - or none reads standard input");
+    explainCommand->add_option("--at", explain.at, "JSON pointer to the record in the message")->type_name("POINTER");
+    explainCommand->add_flag("--json", explain.json, "Print the account as JSON");
+    AddReadingOptions(*explainCommand, explain.reading);
 
     bool json = false;
     std::string record;
@@ -193,6 +203,7 @@ int Run(int argc, char** argv) {
         return tool::Flushed(tool::kGood);
     }
     if (decodeCommand->parsed()) return tool::Decode(decode);
+    if (explainCommand->parsed()) return tool::Explain(explain);
     if (encodeCommand->parsed()) return tool::Encode(encode);
     if (recordsCommand->parsed()) return tool::ListRecords(json);
     if (keywordsCommand->parsed()) return tool::ListKeywords(table, json);

@@ -168,7 +168,8 @@ void Open(const char* codeset) {
 /// on this thread.
 Conversion* LocalConversion() {
     const char* codeset = nl_langinfo(CODESET);
-    if (std::strcmp(codeset, "UTF-8") == 0 || std::strcmp(codeset, "ANSI_X3.4-1968") == 0) return nullptr;
+    if (codeset[0] == 'U' && std::strcmp(codeset, "UTF-8") == 0) return nullptr;
+    if (codeset[0] == 'A' && std::strcmp(codeset, "ANSI_X3.4-1968") == 0) return nullptr;
     if (std::strcmp(codeset, theConversion.codeset) != 0) {
         static thread_local const CloseAtThreadEnd closer;
         Close();
@@ -259,6 +260,11 @@ void LocalText::convertPending() {
 }
 
 void ToLocal(std::string_view utf8, char* buffer, std::size_t size) {
+    if (utf8.size() < size && LocalConversion() == nullptr) {
+        utf8.copy(buffer, utf8.size());
+        buffer[utf8.size()] = '\0';
+        return;
+    }
     LocalText text(buffer, size);
     text.put(utf8);
     text.terminate();

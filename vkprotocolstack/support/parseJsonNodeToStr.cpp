@@ -10,6 +10,7 @@
 namespace {
 
 using jsonparser::support::LocalText;
+using jsonparser::support::ToLocal;
 using jsonparser::support::UpToNul;
 
 std::string_view TextOf(const Json::Value& node) {
@@ -109,11 +110,8 @@ void PutJson(LocalText& out, const Json::Value& root) {
 
 void parseJsonNodeToStr(const Json::Value& node, char* buffer, int size) {
     if (size <= 0) return;
+    if (node.isString()) return ToLocal(UpToNul(TextOf(node)), buffer, static_cast<std::size_t>(size));
     LocalText out(buffer, static_cast<std::size_t>(size));
-    if (node.isString()) {
-        out.put(UpToNul(TextOf(node)));
-    } else if (!node.isNull()) {
-        PutJson(out, node);
-    }
+    if (!node.isNull()) PutJson(out, node);
     out.terminate();
 }

@@ -25,14 +25,10 @@ bool Read(Node schedule, Section* sections, int maxRows, int maxSegments, int* r
     if (rows == 0) return false;
     if (rowsFound != nullptr) *rowsFound = static_cast<int>(rows);
     const auto stride = static_cast<std::size_t>(maxSegments);
-    for (std::size_t r = 0; r < rows; ++r) {
-        const Node row = schedule.at(r);
-        const std::size_t segments = std::min(row.size(), stride);
-        for (std::size_t s = 0; s < segments; ++s) {
-            if (!ReadLenient(row.at(s), sections[r * stride + s])) return false;
-        }
-    }
-    return true;
+    return schedule.forElements(rows, [=](Node row, std::size_t r) {
+        return row.forElements(
+            stride, [=](Node segment, std::size_t s) { return ReadLenient(segment, sections[r * stride + s]); });
+    });
 }
 
 template <class Schedule>
@@ -90,8 +86,9 @@ template <class Section>
 bool SetJsonTimeSchedule(Json::Value& value, const Section* sections, int rows, int segments) {
     if (sections == nullptr || rows < 1 || segments < 1) return false;
     for (Json::ArrayIndex r = 0; r < static_cast<Json::ArrayIndex>(rows); ++r) {
+        Json::Value& texts = Element(value, r);
         for (Json::ArrayIndex s = 0; s < static_cast<Json::ArrayIndex>(segments); ++s) {
-            Put(Element(value, r), s, Written(*sections++));
+            Put(texts, s, Written(*sections++));
         }
     }
     return true;

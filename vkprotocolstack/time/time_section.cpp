@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr const char* kStrictFormat = "%d %02d:%02d:%02d-%02d:%02d:%02d";
+constexpr jsonparser::NumberFormat<7> kStrictFormat = "%d %02d:%02d:%02d-%02d:%02d:%02d";
 
 }  // namespace
 

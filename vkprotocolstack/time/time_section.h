@@ -2,9 +2,8 @@
 #ifndef VKPROTOCOLSTACK_TIME_TIME_SECTION_H
 #define VKPROTOCOLSTACK_TIME_TIME_SECTION_H
 
-#include <cstdio>
-
 #include "vkprotocolstack/wire/node.h"
+#include "vkprotocolstack/wire/write.h"
 #include "vkrecords/time_and_geometry.h"
 
 namespace jsonparser {
@@ -41,11 +40,8 @@ bool Read(Node node, tagVK_TSECT& section);
 /// A segment's text.
 template <class Section>
 Json::Value Written(const Section& section) {
-    char text[128] = {};
-    std::snprintf(text, sizeof text - 1, "%d %02d:%02d:%02d-%02d:%02d:%02d", PrintedFirstWord(section),
-                  section.nBeginHour, section.nBeginMin, section.nBeginSec, section.nEndHour, section.nEndMin,
-                  section.nEndSec);
-    return {text};
+    return Printed("%d %02d:%02d:%02d-%02d:%02d:%02d", PrintedFirstWord(section), section.nBeginHour, section.nBeginMin,
+                   section.nBeginSec, section.nEndHour, section.nEndMin, section.nEndSec);
 }
 
 }  // namespace jsonparser

@@ -1,9 +1,8 @@
 #include "vkprotocolstack/time/time_text.h"
 
-#include <cstdio>
-
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/wire/message_node.h"
+#include "vkprotocolstack/wire/write.h"
 
 namespace jsonparser {
 
@@ -27,6 +26,8 @@ bool Read(Node node, tagNET_TIME& time) {
 using jsonparser::MessagePlace;
 using jsonparser::Node;
 using jsonparser::NodeAt;
+using jsonparser::NumberFormat;
+using jsonparser::Printed;
 using jsonparser::Signs;
 
 namespace {
@@ -47,19 +48,14 @@ bool ReadDate(Node node, tagNET_TIME& time) {
 
 /// Replaces value with the formatted text.
 template <class... Number>
-bool Write(Json::Value& value, const char* format, Number... numbers) {
-    char text[256] = {};
-    std::snprintf(text, sizeof text - 1, format, numbers...);
-    value = Json::Value(text);
+bool Write(Json::Value& value, const NumberFormat<sizeof...(Number)>& format, Number... numbers) {
+    value = Printed(format, numbers...);
     return true;
 }
 
-/// The record's unsigned words print as the int that the format names.
-int Word(unsigned word) { return static_cast<int>(word); }
-
 bool Write(Json::Value& value, const tagNET_TIME_EX& time) {
-    return Write(value, "%04d-%02d-%02d %02d:%02d:%02d.%d", Word(time.dwYear), Word(time.dwMonth), Word(time.dwDay),
-                 Word(time.dwHour), Word(time.dwMinute), Word(time.dwSecond), Word(time.dwMillisecond));
+    return Write(value, "%04d-%02d-%02d %02d:%02d:%02d.%d", time.dwYear, time.dwMonth, time.dwDay, time.dwHour,
+                 time.dwMinute, time.dwSecond, time.dwMillisecond);
 }
 
 bool Write(Json::Value& value, const tagCFG_NET_TIME_EX& time) {
@@ -146,13 +142,13 @@ bool SetJsonTime(Json::Value& value, const tagCFG_TIME& time) {
 }
 
 bool SetJsonTime(Json::Value& value, const _VKDEVTIME& time) {
-    return Write(value, "%d-%02d-%02d %02d:%02d:%02d", Word(time.year), Word(time.month), Word(time.day),
-                 Word(time.hour), Word(time.minute), Word(time.second));
+    return Write(value, "%d-%02d-%02d %02d:%02d:%02d", time.year, time.month, time.day, time.hour, time.minute,
+                 time.second);
 }
 
 bool SetJsonTimeB(Json::Value& value, const tagNET_TIME& time) {
-    return Write(value, "%04d%02d%02d %02d%02d%02d", Word(time.dwYear), Word(time.dwMonth), Word(time.dwDay),
-                 Word(time.dwHour), Word(time.dwMinute), Word(time.dwSecond));
+    return Write(value, "%04d%02d%02d %02d%02d%02d", time.dwYear, time.dwMonth, time.dwDay, time.dwHour, time.dwMinute,
+                 time.dwSecond);
 }
 
 bool SetJsonDate(Json::Value& value, const tagNET_TIME& time) {

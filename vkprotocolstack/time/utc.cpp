@@ -1,27 +1,44 @@
+#include <chrono>
+#include <climits>
 #include <ctime>
 
 #include "vkprotocolstack/JsonParser.h"
 
 namespace {
 
-/// Fills the six calendar fields that both records have in common.
+/// A number divided, rounded down, and the rest, which is never negative.
+struct Division {
+    long quotient;
+    long rest;
+};
+
+Division Divided(long number, long divisor) {
+    const long rest = number % divisor;
+    return rest < 0 ? Division{number / divisor - 1, rest + divisor} : Division{number / divisor, rest};
+}
+
+/// Fills the six calendar fields that both records have in common, as gmtime_r would, which looks at the zone too.
 template <class Time>
 Time FromUtc(long seconds) {
+    constexpr long kDaysOf400Years = 146097;  // then the calendar repeats
+    const Division day = Divided(seconds, 86400);
+    const Division era = Divided(day.quotient, kDaysOf400Years);
+    const std::chrono::year_month_day date(std::chrono::sys_days(std::chrono::days(era.rest)));
+    const long year = 400 * era.quotient + static_cast<int>(date.year());
     Time time{};
-    std::tm parts{};
-    const std::time_t moment = seconds;
-    if (gmtime_r(&moment, &parts) == nullptr) {
+    // gmtime_r counts years from 1900 in an int, and fails where they do not fit.
+    if (year - 1900 > INT_MAX || year - 1900 < INT_MIN) {
         time.dwYear = 1900;
         time.dwMonth = 1;
         time.dwDay = 1;
         return time;
     }
-    time.dwYear = static_cast<unsigned>(parts.tm_year) + 1900U;
-    time.dwMonth = static_cast<unsigned>(parts.tm_mon) + 1U;
-    time.dwDay = static_cast<unsigned>(parts.tm_mday);
-    time.dwHour = static_cast<unsigned>(parts.tm_hour);
-    time.dwMinute = static_cast<unsigned>(parts.tm_min);
-    time.dwSecond = static_cast<unsigned>(parts.tm_sec);
+    time.dwYear = static_cast<unsigned>(year);
+    time.dwMonth = static_cast<unsigned>(date.month());
+    time.dwDay = static_cast<unsigned>(date.day());
+    time.dwHour = static_cast<unsigned>(day.rest / 3600);
+    time.dwMinute = static_cast<unsigned>(day.rest / 60 % 60);
+    time.dwSecond = static_cast<unsigned>(day.rest % 60);
     return time;
 }
 

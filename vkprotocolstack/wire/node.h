@@ -8,6 +8,7 @@
 
 #include <json/value.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -31,32 +32,49 @@ class Node {
 
     // ---- tests
     /// Present: neither missing nor null.
-    explicit operator bool() const;
+    explicit operator bool() const { return tested("present", !place_.isNull()); }
     /// Part of its object, as null too.
-    bool isMember() const;
-    bool isArray() const;
-    bool isString() const;
-    bool isInt() const;
-    bool isUInt() const;
-    bool isBool() const;
+    bool isMember() const { return tested("isMember", place_.exists()); }
+    bool isArray() const { return tested("isArray", place_.type() == Json::arrayValue); }
+    bool isString() const { return tested("isString", place_.type() == Json::stringValue); }
+    bool isInt() const { return tested("isInt", place_.isInt()); }
+    bool isUInt() const { return tested("isUInt", place_.isUInt()); }
+    bool isBool() const { return tested("isBool", place_.type() == Json::booleanValue); }
     /// Elements of an array, 0 for anything else.
     std::size_t size() const;
 
     // ---- way down
     Node at(std::size_t index) const;
+    /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
+    /// for each.
+    /// @return whether it never did
+    template <class Visit>
+    bool forElements(std::size_t most, Visit visit) const {
+        std::size_t index = 0;
+        return place_.forElements(std::min(size(), most), [&](Place element) {
+            const Node node(element, trail_ == nullptr ? nullptr : trail_->element(index));
+            return visit(node, index++);
+        });
+    }
     Node operator[](std::string_view name) const;
 
     // ---- numbers
-    int asInt() const;
-    unsigned asUInt() const;
-    double asDouble() const;
-    float asFloat() const;
+    int asInt() const { return reported("int", place_.asInt()); }
+    unsigned asUInt() const { return reported("unsigned", place_.asUInt()); }
+    double asDouble() const { return reported("double", place_.asDouble()); }
+    float asFloat() const { return reported("float", static_cast<float>(place_.asDouble())); }
     bool asBool() const;
     /// The low bits of asInt or of asUInt: they differ on reals outside the type's range.
-    unsigned char intLow8() const;
-    unsigned char uintLow8() const;
-    unsigned short intLow16() const;
-    unsigned short uintLow16() const;
+    unsigned char intLow8() const { return reported("int, low 8 bits", static_cast<unsigned char>(place_.asInt())); }
+    unsigned char uintLow8() const {
+        return reported("unsigned, low 8 bits", static_cast<unsigned char>(place_.asUInt()));
+    }
+    unsigned short intLow16() const {
+        return reported("int, low 16 bits", static_cast<unsigned short>(place_.asInt()));
+    }
+    unsigned short uintLow16() const {
+        return reported("unsigned, low 16 bits", static_cast<unsigned short>(place_.asUInt()));
+    }
     /// asInt plus one; wraps at the limit.
     int intPlusOne() const;
     /// The 32-bit pattern of asInt. Nothing when it is null, a text, an array, an object, or an integer that is neither
@@ -90,10 +108,10 @@ class Node {
     /// Scans the text (see Scan) into the words of a record; those that do not convert are left as they were.
     /// @return whether all converted
     template <class... Word>
-    bool scan(std::string_view format, Signs signs, Word&... words) const {
+    [[gnu::always_inline]] bool scan(NumberFormat<sizeof...(Word)> format, Signs signs, Word&... words) const {
         std::string storage;
         const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
-        if (trail_ != nullptr) reportScan(format, converted, sizeof...(Word));
+        if (trail_ != nullptr) reportScan(format.text(), converted, sizeof...(Word));
         return converted == sizeof...(Word);
     }
     /// The code of the first row with exactly this text, or otherwise.
@@ -119,14 +137,28 @@ class Node {
     template <const auto& List>
     friend class Members;
 
-    template <class Result>
-    Result reported(std::string_view operation, Result result) const;
-    int lookedUp(std::string_view operation, const Keyword* row, int otherwise) const;
-    int foundAt(std::string_view operation, std::ptrdiff_t index, std::size_t size, int otherwise) const;
-    void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
+    /// Only for who is observed.
+    class Report report() const;
+    [[gnu::cold]] void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
+    bool tested(std::string_view operation, bool passed) const {
+        if (trail_ != nullptr) [[unlikely]]
+            reportTest(operation, passed);
+        return passed;
+    }
+    [[gnu::cold]] void reportTest(std::string_view operation, bool passed) const;
+    template <class Number>
+    Number reported(std::string_view operation, Number result, int added = 0) const {
+        if (trail_ != nullptr) [[unlikely]]
+            reportNumber(operation, result, added);
+        return result;
+    }
+    template <class Number>
+    [[gnu::cold]] void reportNumber(std::string_view operation, Number result, int added) const;
+    int lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise,
+                 bool isText = false) const;
 
     Place place_;
-    const Trail* trail_;  ///< null when nobody observes
+    [[no_unique_address]] TrailPointer trail_;  ///< null when nobody observes
 };
 
 /// The members of an object that a converter names up front in List, resolved at one go. Asking for a name that is not
@@ -150,7 +182,7 @@ class Members {
 
   private:
     std::array<Place, kCount> found_;
-    const Trail* trail_;
+    [[no_unique_address]] TrailPointer trail_;
 };
 
 }  // namespace jsonparser

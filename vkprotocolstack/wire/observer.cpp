@@ -1,10 +1,10 @@
 #include "vkprotocolstack/wire/observer.h"
 
 namespace jsonparser {
-namespace {
 
-/// A member name as a step of a JSON pointer.
-std::string Escaped(std::string_view name) {
+Observer::~Observer() = default;
+
+std::string PointerStep(std::string_view name) {
     std::string step = "/";
     for (const char byte : name) {
         if (byte == '~') {
@@ -18,28 +18,20 @@ std::string Escaped(std::string_view name) {
     return step;
 }
 
-}  // namespace
-
-Observer::~Observer() = default;
-
 const Trail* Trail::member(std::string_view name) const {
-    return &observer_->trails_.emplace_back(*observer_, this, Escaped(name));
+    return &observer_->trails_.emplace_back(*observer_, this, kMember, name);
 }
 
 const Trail* Trail::element(std::size_t index) const {
-    return &observer_->trails_.emplace_back(*observer_, this, '/' + std::to_string(index));
+    return &observer_->trails_.emplace_back(*observer_, this, kElement, std::to_string(index));
 }
 
-void Trail::report(const Json::Value* value, std::string_view operation, std::string result) const {
-    observer_->look({path(), value, operation, std::move(result)});
-}
-
-std::string Trail::path() const { return parent_ == nullptr ? step_ : parent_->path() + step_; }
+std::string Trail::path() const { return step_ == kRoot ? "" : parent_->path() + PointerStep(name_); }
 
 constinit thread_local const Trail* ObserverScope::current_ = nullptr;
 
 ObserverScope::ObserverScope(Observer& observer) : previous_(current_) {
-    current_ = &observer.trails_.emplace_back(observer, nullptr, "");
+    current_ = &observer.trails_.emplace_back(observer, nullptr, Trail::kRoot, "");
 }
 
 ObserverScope::~ObserverScope() { current_ = previous_; }

@@ -47,12 +47,6 @@ Integer IntegerOf(const TextEntry& entry) {
     }
 }
 
-std::string_view NameOf(const Json::Value::const_iterator& member) {
-    const char* end = nullptr;
-    const char* begin = member.memberName(&end);
-    return {begin, static_cast<std::size_t>(end - begin)};
-}
-
 /// A text on the tape as a text of jsoncpp that takes no memory: with a terminator, on the stack unless it is long.
 class TextCopy {
   public:
@@ -96,15 +90,14 @@ bool Place::isUInt() const {
     return e.type == TextType::Real && ScalarOf(e).isUInt();
 }
 
-int Place::asInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
-unsigned Place::asUInt() const {
+int Place::convertedToInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
+unsigned Place::convertedToUInt() const {
     return isOnTape() ? IntegerOf<unsigned>(entry()) : IntegerOf<unsigned>(type(), address());
 }
 
-double Place::asDouble() const {
+double Place::convertedToDouble() const {
     if (isOnTape()) {
         const TextEntry& e = entry();
-        if (e.type == TextType::Integer) return static_cast<double>(e.integer);
         if (e.type == TextType::Unsigned) return static_cast<double>(e.unsignedInteger);
         if (e.type == TextType::Real) return DoubleOf(e);
         return e.type == TextType::True ? 1.0 : 0.0;
@@ -214,22 +207,19 @@ std::size_t Place::size() const {
 }
 
 Place Place::element(std::size_t index) const {
-    if (index >= size()) return {};
-    return isOnTape() ? Place(entry().children + index) : Place(&(*address())[static_cast<Json::ArrayIndex>(index)]);
+    if (isOnTape()) return index < size() ? Place(entry().children + index) : Place();
+    return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
 }
 
 Place Place::member(std::string_view name) const {
     if (type() != Json::objectValue) return {};
-    if (isOnTape()) {
-        // From the end: of members with the same name the last one counts.
-        for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
-            --child;
-            if (std::string_view(child->name, child->nameSize) == name) return Place(child);
-        }
-        return {};
+    if (!isOnTape()) return Place(FindMember(*address(), name));
+    // From the end: of members with the same name the last one counts.
+    for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
+        --child;
+        if (std::string_view(child->name, child->nameSize) == name) return Place(child);
     }
-    const char* const begin = name.empty() ? "" : name.data();  // jsoncpp takes a null pointer for an index
-    return Place(address()->find(begin, begin + name.size()));
+    return {};
 }
 
 void Place::members(const NameIndex& names, Place* found) const {
@@ -254,16 +244,9 @@ void Place::members(const NameIndex& names, Place* found) const {
         }
         return;
     }
-    // jsoncpp keeps members in the order of their names' bytes, so one walk over both finds them all.
-    auto member = address()->begin();
-    const auto end = address()->end();
-    for (std::size_t i = 0; i < names.count && member != end;) {
-        const std::size_t index = names.sorted[i];
-        const int order = NameOf(member).compare(names.names[index]);
-        if (order == 0) found[index] = Place(&*member);
-        if (order >= 0) ++i;
-        if (order <= 0) ++member;
-    }
+    Resolve(
+        *address(), names.count, [&](std::size_t i) { return names.names[names.sorted[i]]; },
+        [&](std::size_t i, const Json::Value& member) { found[names.sorted[i]] = Place(&member); });
 }
 
 }  // namespace jsonparser

@@ -4,12 +4,14 @@
 
 #include <json/value.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "vkprotocolstack/wire/names.h"
+#include "vkprotocolstack/wire/resolve.h"
 #include "vkprotocolstack/wire/text_tape.h"
 
 namespace jsonparser {
@@ -22,6 +24,10 @@ class Place {
     explicit Place(const TextEntry* entry) : bits_(reinterpret_cast<std::uintptr_t>(entry) | kOnTape) {}
 
     bool exists() const { return bits_ != 0; }
+    bool isNull() const {
+        if (isOnTape()) return entry().type == TextType::Null;
+        return bits_ == 0 || address()->type() == Json::nullValue;
+    }
     Json::ValueType type() const {
         if (isOnTape()) return TypeOnTape(entry().type);
         return bits_ == 0 ? Json::nullValue : address()->type();
@@ -30,9 +36,9 @@ class Place {
     bool isInt() const;
     bool isUInt() const;
 
-    int asInt() const;
-    unsigned asUInt() const;
-    double asDouble() const;
+    int asInt() const { return isInteger() ? static_cast<int>(entry().integer) : convertedToInt(); }
+    unsigned asUInt() const { return isInteger() ? static_cast<unsigned>(entry().integer) : convertedToUInt(); }
+    double asDouble() const { return isInteger() ? static_cast<double>(entry().integer) : convertedToDouble(); }
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
@@ -47,6 +53,18 @@ class Place {
     /// Elements of an array, 0 for anything else.
     std::size_t size() const;
     Place element(std::size_t index) const;
+    /// Calls visit with the first count elements, which is at most size(), until it returns false.
+    /// @return whether it never did
+    template <class Visit>
+    bool forElements(std::size_t count, Visit visit) const {
+        if (count == 0) return true;
+        if (!isOnTape()) {
+            return ForElements(*address(), count, [&](const Json::Value& element) { return visit(Place(&element)); });
+        }
+        const TextEntry* const elements = entry().children;
+        return std::all_of(elements, elements + count,
+                           [&](const TextEntry& element) { return visit(Place(&element)); });
+    }
     Place member(std::string_view name) const;
     /// Looks up the names at one go.
     void members(const NameIndex& names, Place* found) const;
@@ -58,6 +76,10 @@ class Place {
     static constexpr std::uintptr_t kOnTape = 1;
 
     bool isOnTape() const { return (bits_ & kOnTape) != 0; }
+    bool isInteger() const { return isOnTape() && entry().type == TextType::Integer; }
+    int convertedToInt() const;
+    unsigned convertedToUInt() const;
+    double convertedToDouble() const;
     const TextEntry& entry() const { return *reinterpret_cast<const TextEntry*>(bits_ - kOnTape); }
     static Json::ValueType TypeOnTape(TextType type) {
         constexpr Json::ValueType kTypes[] = {

@@ -3,9 +3,15 @@
 #define VKPROTOCOLSTACK_WIRE_SCAN_H
 
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <span>
 #include <string_view>
+#include <type_traits>
+
+#include "vkprotocolstack/wire/number_format.h"
 
 namespace jsonparser {
 
@@ -14,18 +20,76 @@ enum class Signs {
     Refused   ///< a number is digits only
 };
 
-/// Scans text, up to its first NUL, by a format of %d, %u, widths, blanks and literal characters, with sscanf's
-/// results: blanks before a number are skipped, a blank in the format takes any number of blanks, a number beyond the
-/// range keeps the low 32 bits of the 64-bit limit.
+/// Scans text, up to its first NUL, with sscanf's results: blanks before a number are skipped, a blank in the format
+/// takes any number of blanks, a number beyond the range keeps the low 32 bits of the 64-bit limit.
+/// @param values one for each step
 /// @return how many numbers were stored in values, in order
-std::size_t Scan(std::string_view text, std::string_view format, std::span<int> values, Signs signs);
+std::size_t Scan(std::string_view text, std::span<const NumberStep> steps, Signs signs, int* values);
 
-/// The same into the words of a record; those that do not convert are left as they were.
+/// One number of ScanPlain and what stands before it.
+[[gnu::always_inline]] inline bool ScanPlainNumber(const char*& at, const char* end, NumberStep step, int& value) {
+    constexpr std::ptrdiff_t kSafe = 9;  // so many digits always fit
+    if (step.before != '\0' && (at == end || *at++ != step.before)) return false;
+    const char* const begin = at;
+    const char* const last = step.width != 0 && end - at > step.width ? at + step.width : end;
+    unsigned number = 0;
+    for (; at != last && *at >= '0' && *at <= '9'; ++at) number = number * 10 + static_cast<unsigned>(*at - '0');
+    value = static_cast<int>(number);
+    return at != begin && at - begin <= kSafe;
+}
+
+/// Three numbers of ScanPlain at once, from the eight bytes of 00:00:00.
+[[gnu::always_inline]] inline bool ScanTime(const char* at, int* values) {
+    static_assert(std::endian::native == std::endian::little);
+    constexpr std::uint64_t kZero = 0x30303A30303A3030;    // 00:00:00
+    constexpr std::uint64_t kAbove9 = 0x7676007676007676;  // takes what is more than 9 to the highest bit
+    constexpr std::uint64_t kNone = 0x8080FF8080FF8080;    // the bits that only something else sets
+    std::uint64_t digits = 0;
+    std::memcpy(&digits, at, sizeof digits);
+    digits ^= kZero;
+    if (((digits | (digits + kAbove9)) & kNone) != 0) return false;
+    const std::uint64_t numbers = digits * 10 + (digits >> 8);
+    values[0] = static_cast<int>(numbers & 0xFF);
+    values[1] = static_cast<int>(numbers >> 24 & 0xFF);
+    values[2] = static_cast<int>(numbers >> 48 & 0xFF);
+    return true;
+}
+
+/// Scans what texts look like as a rule: numbers without signs, those between colons of two digits, no number of very
+/// many, and before each what the format has and no more. The compiler unrolls it for each format.
+/// @return whether the text is such a one; what is in values counts only then
+template <std::size_t I = 0, std::size_t N>
+[[gnu::always_inline]] inline bool ScanPlain(const char* at, const char* end, NumberFormat<N> format,
+                                             std::array<int, N>& values) {
+    if constexpr (I == N) {
+        return true;
+    } else {
+        if constexpr (I + 3 <= N) {
+            if (format.isTime(I)) {
+                const NumberStep first = format.steps()[I];
+                const std::ptrdiff_t length = first.before == '\0' ? 8 : 9;
+                if (end - at < length || (first.before != '\0' && *at != first.before)) return false;
+                const char* const behind = at + length;
+                const bool isWhole =
+                    format.steps()[I + 2].width != 0 || behind == end || *behind < '0' || *behind > '9';
+                return isWhole && ScanTime(behind - 8, &values[I]) && ScanPlain<I + 3>(behind, end, format, values);
+            }
+        }
+        return ScanPlainNumber(at, end, format.steps()[I], values[I]) && ScanPlain<I + 1>(at, end, format, values);
+    }
+}
+
+/// Scan into the words of a record; those that do not convert are left as they were.
 /// @return how many were converted
 template <class... Word>
-std::size_t ScanInto(std::string_view text, std::string_view format, Signs signs, Word&... words) {
-    std::array<int, sizeof...(Word)> values{};
-    const std::size_t converted = Scan(text, format, values, signs);
+[[gnu::always_inline]] inline std::size_t ScanInto(std::string_view text, NumberFormat<sizeof...(Word)> format,
+                                                   Signs signs, Word&... words) {
+    std::array<int, sizeof...(Word)> values;
+    std::size_t converted = sizeof...(Word);
+    if (!ScanPlain(text.data(), text.data() + text.size(), format, values)) {
+        const NumberFormat<sizeof...(Word)> copy = format;
+        converted = Scan(text, copy.steps(), signs, values.data());
+    }
     std::size_t i = 0;
     const auto store = [&](auto& word) {
         if (i < converted) word = static_cast<std::remove_reference_t<decltype(word)>>(values[i]);

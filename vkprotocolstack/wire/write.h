@@ -4,8 +4,13 @@
 
 #include <json/value.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <span>
 #include <string_view>
+
+#include "vkprotocolstack/wire/number_format.h"
 
 namespace jsonparser {
 
@@ -27,8 +32,39 @@ void Put(Json::Value& object, std::string_view name, Json::Value value);
 /// Sets an element, replacing what it held.
 void Put(Json::Value& array, Json::ArrayIndex index, Json::Value value);
 
+/// Up to 48 member names in the order of their bytes, sorted by the compiler.
+class SortedNames {
+  public:
+    static constexpr std::size_t kMost = 48;
+
+    template <class Names>
+    consteval SortedNames(const Names& names) : names_{}, size_(std::size(names)) {
+        if (size_ > kMost) throw "too many names";
+        std::copy(std::begin(names), std::end(names), names_.begin());
+        std::sort(names_.begin(), names_.begin() + size_);
+    }
+
+    std::size_t size() const { return size_; }
+    std::string_view operator[](std::size_t i) const { return names_[i]; }
+
+  private:
+    std::array<std::string_view, kMost> names_;
+    std::size_t size_;
+};
+
 /// Creates the members that are missing as null. A null node becomes an object; any other that is no object stays.
-void InsertNulls(Json::Value& node, std::span<const std::string_view> names);
+void InsertNulls(Json::Value& node, const SortedNames& names);
+
+/// Prints numbers, as their low 32 bits, with snprintf's results.
+Json::Value Printed(std::span<const NumberStep> steps, const unsigned* numbers);
+
+/// The text of numbers by a format, as snprintf prints it.
+template <class... Number>
+Json::Value Printed(const NumberFormat<sizeof...(Number)>& format, Number... numbers) {
+    static_assert(((sizeof(Number) <= sizeof(unsigned)) && ...));
+    const std::array<unsigned, sizeof...(Number)> words{static_cast<unsigned>(numbers)...};
+    return Printed(format.steps(), words.data());
+}
 
 }  // namespace jsonparser
 

@@ -1,0 +1,223 @@
+#include "explain.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "commands.h"
+#include "console.h"
+#include "finding.h"
+#include "record_buffer.h"
+#include "record_name.h"
+#include "strict_reader.h"
+#include "utf8.h"
+
+namespace tool {
+namespace {
+
+using jsonparser::Explanation;
+using jsonparser::IsFinding;
+using jsonparser::Outcome;
+using jsonparser::Reading;
+
+/// What is malformed, and control characters, as \xNN.
+std::string Printable(std::string_view text) {
+    std::string printable;
+    while (!text.empty()) {
+        const std::size_t length = CharacterLength(text);
+        const auto byte = static_cast<unsigned char>(text.front());
+        if (length == 0 || byte < 0x20 || byte == 0x7F) {
+            printable += fmt::format("\\x{:02x}", byte);
+            text.remove_prefix(1);
+            continue;
+        }
+        printable += text.substr(0, length);
+        text.remove_prefix(length);
+    }
+    return printable;
+}
+
+/// Columns that a text takes on a terminal.
+std::size_t Columns(std::string_view text) {
+    const std::size_t more = text.size() + 1;  // no character has more columns than bytes
+    const std::size_t blanks = fmt::format("{:{}}", text, more).size() - text.size();
+    return more - blanks;
+}
+
+/// text in at most that many columns.
+std::string Shortened(std::string text, std::size_t most) {
+    if (Columns(text) <= most) return text;
+    constexpr std::string_view kMore = "...";
+    std::string_view rest = text;
+    std::string kept;
+    for (std::size_t columns = 0; !rest.empty();) {
+        const std::string_view character = rest.substr(0, CharacterLength(rest));
+        columns += Columns(character);
+        if (columns + kMore.size() > most) break;
+        kept += character;
+        rest.remove_prefix(character.size());
+    }
+    return kept.append(kMore);
+}
+
+constexpr std::array<std::string_view, 7> kHeadings = {"path",       "type",   "message",          "test",
+                                                       "conversion", "record", "what became of it"};
+/// Columns that a text from the message may take.
+constexpr std::size_t kWidest = 32;
+
+using Cells = std::array<std::string, kHeadings.size()>;
+
+Cells CellsOf(const Reading& reading) {
+    return {Printable(reading.path.empty() ? "/" : reading.path),
+            reading.type,
+            Shortened(Printable(reading.found), kWidest),
+            reading.test,
+            reading.conversion,
+            Shortened(Printable(reading.value), kWidest),
+            reading.remark};
+}
+
+Style StyleOfOutcome(Outcome outcome) {
+    if (IsFinding(outcome)) return Style::kWarning;
+    return outcome == Outcome::kKept ? Style::kGood : Style::kFaint;
+}
+
+std::string Counted(std::size_t count, std::string_view noun) {
+    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+}
+
+/// Where a finding about a value of the document stands; kNowhere for what is missing there.
+std::size_t OffsetOf(const Document& document, const Reading& reading) {
+    std::vector<Finding> notFound;
+    const Json::Value* value = ValueAt(document.node, reading.path, notFound);
+    // Values that a converter inserted have no place.
+    if (value == nullptr || value->getOffsetLimit() == value->getOffsetStart()) return Finding::kNowhere;
+    const auto offset = static_cast<std::size_t>(value->getOffsetStart());
+    return reading.outcome == Outcome::kUnread ? NameOffset(document.text, offset) : offset;
+}
+
+}  // namespace
+
+Explained DecodeExplained(const CatalogueEntry& entry, Json::Value& node, void* record) {
+    bool whole = false;
+    Explanation explanation = jsonparser::Explain(node, [&] { whole = entry.decode(node, record); });
+    return {std::move(explanation), whole};
+}
+
+void AddFindings(const Document& document, const Explanation& explanation, std::vector<Finding>& findings) {
+    for (const Reading& reading : explanation.readings) {
+        if (!IsFinding(reading.outcome)) continue;
+        std::string text = reading.remark;
+        if (reading.outcome != Outcome::kUnread) {
+            std::vector<Finding> notFound;
+            const Json::Value* value = ValueAt(document.node, reading.path, notFound);
+            text = fmt::format("found {}, expected {} ({})", value == nullptr ? "nothing" : Shown(*value),
+                               Printable(reading.expected), Printable(reading.remark));
+        }
+        findings.push_back({OffsetOf(document, reading), std::string(document.path) + reading.path, Printable(text)});
+    }
+}
+
+bool DecodeWithFindings(const CatalogueEntry& entry, const Document& document, bool strict, void* record,
+                        std::vector<Finding>& findings) {
+    bool whole = false;
+    if (strict) {
+        const Explained explained = DecodeExplained(entry, document.node, record);
+        AddFindings(document, explained.explanation, findings);
+        whole = explained.whole;
+    } else {
+        whole = entry.decode(document.node, record);
+    }
+    if (!whole && findings.empty()) {  // otherwise they say why it is not
+        findings.push_back(
+            Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
+    }
+    return whole;
+}
+
+std::string ExplanationAsText(const CatalogueEntry& entry, const Explained& explained, const Styler& style) {
+    std::vector<Cells> rows;
+    std::array<std::size_t, kHeadings.size()> widths{};
+    for (std::size_t i = 0; i < widths.size(); ++i) widths[i] = kHeadings[i].size();
+    for (const Reading& reading : explained.explanation.readings) {
+        rows.push_back(CellsOf(reading));
+        if (reading.outcome == Outcome::kUnread) continue;
+        for (std::size_t i = 0; i < widths.size(); ++i) widths[i] = std::max(widths[i], Columns(rows.back()[i]));
+    }
+
+    std::string heading;
+    for (std::size_t i = 0; i < widths.size(); ++i) heading += fmt::format("{:{}}  ", kHeadings[i], widths[i]);
+    heading.erase(heading.find_last_not_of(' ') + 1);
+    std::string text = style(Style::kHeading, heading) + '\n';
+    std::size_t looked = 0;
+    for (std::size_t r = 0; r < rows.size(); ++r) {
+        const Cells& cells = rows[r];
+        const Outcome outcome = explained.explanation.readings[r].outcome;
+        if (outcome == Outcome::kUnread) {
+            if (r == looked) text += '\n';
+            text += fmt::format("{}: {}\n", style(Style::kName, cells[0]), style(StyleOfOutcome(outcome), cells[6]));
+            continue;
+        }
+        ++looked;
+        const bool faint = StyleOfOutcome(outcome) == Style::kFaint;
+        for (std::size_t i = 0; i + 1 < cells.size(); ++i) {
+            const Style cellStyle = faint ? Style::kFaint : i == 0 ? Style::kName : Style::kPlain;
+            text += style(cellStyle, fmt::format("{:{}}", cells[i], widths[i])) + "  ";
+        }
+        text += style(StyleOfOutcome(outcome), cells.back()) + '\n';
+    }
+
+    const std::size_t findings = explained.explanation.findings();
+    text += fmt::format("\n{}: {} looked for, {}{}\n", entry.name, Counted(looked, "value"),
+                        style(findings == 0 ? Style::kGood : Style::kWarning, Counted(findings, "finding")),
+                        explained.whole ? "" : style(Style::kError, ", not a whole record"));
+    return text;
+}
+
+std::string ExplanationAsJson(const CatalogueEntry& entry, const Document& document, const Explained& explained) {
+    std::string readings;
+    for (const Reading& reading : explained.explanation.readings) {
+        const auto text = [](std::string_view value) { return QuotedJson(Printable(value)); };
+        readings += fmt::format(
+            "{}\n    {{\"path\": {}, \"type\": {}, \"found\": {}, \"test\": {}, \"conversion\": {}, \"value\": {}, "
+            "\"outcome\": {}, \"finding\": {}, \"remark\": {}",
+            readings.empty() ? "" : ",", text(std::string(document.path) + reading.path), text(reading.type),
+            text(reading.found), text(reading.test), text(reading.conversion), text(reading.value),
+            text(jsonparser::OutcomeName(reading.outcome)), IsFinding(reading.outcome), text(reading.remark));
+        if (IsFinding(reading.outcome)) {
+            readings += fmt::format(", \"expected\": {}", text(reading.expected));
+            if (const std::size_t offset = OffsetOf(document, reading); offset != Finding::kNowhere) {
+                const auto [line, column] = PlaceOf(document.text, offset);
+                readings += fmt::format(", \"line\": {}, \"column\": {}", line, column);
+            }
+        }
+        readings += '}';
+    }
+    return fmt::format("{{\n  \"record\": {},\n  \"whole\": {},\n  \"findings\": {},\n  \"readings\": [{}{}]\n}}\n",
+                       QuotedJson(entry.name), explained.whole, explained.explanation.findings(), readings,
+                       readings.empty() ? "" : "\n  ");
+}
+
+int Explain(const ExplainOptions& options) {
+    const CatalogueEntry* entry = EntryOf(options.record);
+    if (entry == nullptr) return kUsage;
+    if (entry->decode == nullptr) {
+        Complain(fmt::format("{} is only written, there is nothing to explain", entry->name));
+        return kUsage;
+    }
+    bool hasFindings = false;
+    const int code =
+        WithDocument(options.file, options.at, options.reading, [&](const Document& document, std::vector<Finding>&) {
+            RecordBuffer record(*entry->layout);
+            record.lendBuffers();
+            const Explained explained = DecodeExplained(*entry, document.node, record.bytes());
+            hasFindings = !explained.whole || explained.explanation.findings() > 0;
+            Print(options.json ? ExplanationAsJson(*entry, document, explained)
+                               : ExplanationAsText(*entry, explained, StyleOf(stdout)));
+        });
+    return Flushed(code == kGood && hasFindings ? static_cast<int>(kFindings) : code);
+}
+
+}  // namespace tool
