@@ -13,6 +13,7 @@
 
 #include "benchmarks/text_to_record/messages.h"
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -48,6 +49,38 @@ Json::Value Tree(const Message& message) {
     const std::unique_ptr<Json::CharReader> reader(Json::CharReaderBuilder().newCharReader());
     if (!reader->parse(text.data(), text.data() + text.size(), &tree, nullptr)) throw std::runtime_error("no JSON");
     return tree;
+}
+
+template <class Record, class Convert>
+void CountText(const char* name, const Message& message, const char* at, bool skipOthers, Convert convert) {
+    Places<Record> places;
+    jsonparser::MessageTextOptions options;
+    options.skipOthers = skipOthers;
+    Count(name, [&] {
+        jsonparser::MessageText body(message.text(), options);
+        convert(body.at(at), places.next());
+    });
+}
+
+void CountTextToRecord() {
+    using jsonparser::MessagePlace;
+    using Car = tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO;
+    const auto car = [](MessagePlace place, Car& record) { ParseStrtoTrafficCar(place, &record); };
+    CountText<Car>("text to record: traffic", benchmarks::TrafficMessage(), "", false, car);
+    CountText<Car>("text to record: event", benchmarks::EventMessage(), benchmarks::kCarInEvent, false, car);
+    CountText<Car>("text to record: event, skipping", benchmarks::EventMessage(), benchmarks::kCarInEvent, true, car);
+
+    using Object = tagVK_MSG_OBJECT_EX2;
+    CountText<Object>("text to record: object", benchmarks::ObjectMessage(), "", false,
+                      [](MessagePlace place, Object& record) { ParseStrtoObject(place, &record); });
+
+    using Person = tagFACERECOGNITION_PERSON_INFOEX;
+    CountText<Person>("text to record: person", benchmarks::PersonMessage(), "", false,
+                      [](MessagePlace place, Person& record) { ParsePersonInfo(place, record); });
+
+    using Schedule = tagCFG_TIME_SCHEDULE;
+    CountText<Schedule>("text to record: schedule", benchmarks::ScheduleMessage(), "", false,
+                        [](MessagePlace place, Schedule& record) { GetJsonTimeSchedule(place, record); });
 }
 
 void CountValueToRecord() {
@@ -98,6 +131,7 @@ void CountRecordToValue() {
 
 int main() {
     try {
+        CountTextToRecord();
         CountValueToRecord();
         CountRecordToValue();
     } catch (const std::exception& error) {

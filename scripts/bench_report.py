@@ -109,7 +109,7 @@ def print_growth(least):
         if name[0] == "growth":
             series[name[1:3]][int(name[3])] = time
     rows = []
-    for (what, road), times in series.items():
+    for (what, road), times in sorted(series.items()):
         sizes = sorted(times)
         factors = [times[to] / times[size] for size, to in zip(sizes, sizes[1:])]
         verdict = "not quadratic" if max(factors) < QUADRATIC else "QUADRATIC?"

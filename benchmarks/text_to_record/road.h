@@ -54,6 +54,7 @@ using Roads = std::vector<std::unique_ptr<Road>>;
 
 // Each adds its roads.
 void AddJsoncpp(Roads& roads);
+void AddText(Roads& roads);
 void AddNlohmann(Roads& roads);
 void AddRapidJson(Roads& roads);
 void AddBoostJson(Roads& roads);

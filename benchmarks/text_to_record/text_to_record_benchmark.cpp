@@ -17,6 +17,7 @@ namespace {
 Roads AllRoads() {
     Roads roads;
     AddJsoncpp(roads);
+    AddText(roads);
     AddNlohmann(roads);
     AddRapidJson(roads);
 #ifdef BENCHMARKS_BOOST_JSON
