@@ -16,7 +16,7 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
-FENCE = re.compile(r"^```(.*?)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
+FENCE = re.compile(r"^( *)```(.*?)\n(.*?)^\1```$", re.MULTILINE | re.DOTALL)
 WARNINGS = ["-std=c++17", "-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Werror"]
 
 
@@ -73,20 +73,32 @@ class Page:
             return self.fail(line, 'a command begins with "$ "')
         for part in re.split(r"^\$ ", block, flags=re.MULTILINE)[1:]:
             command, _, shown = part.partition("\n")
-            self.compare(line, command, shown, self.run(["bash", "-c", command])[1])
+            self.compare(line, command, shown, self.run(["bash", "-c", command.replace("scripts/run ", "jsonparser ")])[1])
+
+    def sh(self, line, block):
+        status, said = self.run(["bash", "-n"], input=block)
+        if status != 0:
+            self.fail(line, said)
+        for script in re.findall(r"scripts/\w+", block):
+            if not os.access(ROOT / script, os.X_OK):
+                self.fail(line, f"{script} is no script of the project")
+        presets = (ROOT / "CMakePresets.json").read_text()
+        for preset in re.findall(r"--preset (\w+)", block):
+            if f'"name": "{preset}"' not in presets:
+                self.fail(line, f"{preset} is no preset")
 
     def check(self):
         text = self.path.read_text()
         for match in FENCE.finditer(text):
             line = text.count("\n", 0, match.start()) + 1
-            kind, _, file = match[1].partition(" ")
+            kind, _, file = match[2].partition(" ")
             self.checked += 1
             if kind in ("cpp", "cmake") and file:
-                self.quoted(line, file, match[2])
-            elif kind in ("cpp", "text", "console") and not file:
-                getattr(self, kind)(line, match[2])
+                self.quoted(line, file, match[3])
+            elif kind in ("cpp", "text", "console", "sh") and not file:
+                getattr(self, kind)(line, match[3])
             else:
-                self.fail(line, f"blocks of the kind '{match[1]}' are not checked; say which one this is")
+                self.fail(line, f"blocks of the kind '{match[2]}' are not checked; say which one this is")
         if text.count("```") != 2 * self.checked:
             self.fail(1, "a fence is not closed, or not at the beginning of its line")
         if not self.checked:
