@@ -131,3 +131,34 @@ assert json.load(sys.stdin) == {"record": "VK_POINT", "size": 4, "fields": [
         [ "$stderr" = "" ]
     done < <(grep -v '^#' "$MESSAGES/index.txt")
 }
+
+@test "an option before its command is told to stand behind it" {
+    run "$JSONPARSER" --json explain VK_RECT
+    [ "$status" -eq 2 ]
+    [ "$output" = 'jsonparser: found "--json" before explain, expected it behind (see: jsonparser explain --help)' ]
+    run "$JSONPARSER" --at=/a decode VK_RECT
+    [ "$status" -eq 2 ]
+    [ "$output" = 'jsonparser: found "--at=/a" before decode, expected it behind (see: jsonparser decode --help)' ]
+}
+
+@test "the limits of reading are options of explain and encode, too" {
+    run "$JSONPARSER" explain VK_RECT --max-depth 1 <<<'[[1]]'
+    [ "$status" -eq 1 ]
+    [[ "$output" == *"<stdin>:1:2"* ]]
+    run "$JSONPARSER" explain VK_RECT --max-size 3 <<<'[1, 2, 3, 4]'
+    [ "$status" -eq 1 ]
+    run "$JSONPARSER" encode VK_POINT --max-depth 1 <<<'{"nx": [1]}'
+    [ "$status" -eq 1 ]
+    [[ "$output" == *"<stdin>:1:8"* ]]
+    run "$JSONPARSER" encode VK_POINT --lines --jobs 1 <<<'{"nx": 1, "ny": 2}'
+    [ "$status" -eq 0 ]
+    [ "$output" = "[1,2]" ]
+}
+
+@test "-h is --help" {
+    run "$JSONPARSER" -h
+    [ "$status" -eq 0 ]
+    short=$output
+    run "$JSONPARSER" --help
+    [ "$output" = "$short" ]
+}

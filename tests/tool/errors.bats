@@ -150,9 +150,14 @@ END
     run "$JSONPARSER" decode VK_RECT --at /parms/Rect <<<'{"params": {"Rect": [1, 2, 3, 4]}}'
     [ "$status" -eq 1 ]
     [ "${lines[0]}" = 'jsonparser: <stdin>:1:1: /parms: found an object without it, expected a value; did you mean "params"?' ]
-    run "$JSONPARSER" decode VK_RECT --at params/Rect <<<'{"params": {"Rect": [1, 2, 3, 4]}}'
-    [ "$status" -eq 1 ]
-    [ "${lines[0]}" = 'jsonparser: <stdin>:1:1: /: found --at "params/Rect", expected a JSON pointer: / before each step' ]
+    for pointer in params/Rect /a~2b /a~; do
+        for command in decode explain; do
+            run "$JSONPARSER" $command VK_RECT --at $pointer <<<'{"params": {"Rect": [1, 2, 3, 4]}}'
+            [ "$status" -eq 2 ]
+            [[ "${lines[0]}" == *"found \"$pointer\", expected a JSON pointer: / before each step, ~ only as ~0 and ~1"* ]]
+            [ "${#lines[@]}" -eq 1 ]
+        done
+    done
 }
 
 @test "an unknown word is no whole word" {
@@ -261,4 +266,11 @@ END
     command -v script >/dev/null || skip "no script"
     run env TERM=xterm script -qec "echo '[1' | '$JSONPARSER' decode VK_POINT" /dev/null
     [[ "$output" == *$'\e['*"<stdin>:2:1:"* ]]
+}
+
+@test "a document larger than memory is one clear error" {
+    if [ -n "${ASAN_OPTIONS+set}" ]; then skip "a sanitizer needs the memory"; fi
+    run bash -c "ulimit -v 300000; head -c 20000000 /dev/zero | tr '\\0' '1' | sed 's/1/1,/g; s/^/[/; s/$/1]/' | \"\$JSONPARSER\" decode VK_RECT"
+    [ "$status" -eq 3 ]
+    [ "$output" = "jsonparser: found a document larger than the memory there is, expected a smaller one (see: --max-size)" ]
 }

@@ -59,10 +59,19 @@ END
     [ "$strict" = "$output" ]
 }
 
-@test "--json and --hex go with --strict" {
-    run --separate-stderr "$JSONPARSER" decode $CAR --strict --json --hex --at /TrafficCar "$BATS_FILE_TMPDIR/ten.json"
+@test "--json goes with --strict, and prints nothing but JSON" {
+    run --separate-stderr "$JSONPARSER" decode $CAR --strict --json --at /TrafficCar "$BATS_FILE_TMPDIR/ten.json"
     [ "$status" -eq 1 ]
-    [ "${lines[0]}" = "{" ]
+    python3 -m json.tool <<<"$output" >/dev/null
+}
+
+@test "--hex goes with --strict, but not with --json" {
+    run --separate-stderr "$JSONPARSER" decode $CAR --strict --hex --at /TrafficCar "$BATS_FILE_TMPDIR/ten.json"
+    [ "$status" -eq 1 ]
+    grep -Eq '^     0  ([0-9a-f]{2} ){16} szPlateNumber' <<<"$output"
+    run "$JSONPARSER" decode $CAR --json --hex <<<'{}'
+    [ "$status" -eq 2 ]
+    [ "$output" = "jsonparser: --hex excludes --json (see: jsonparser decode --help)" ]
 }
 
 @test "a message without findings is good" {

@@ -173,11 +173,6 @@ bool ParseDocument(std::string& text, const ReadingOptions& options, Json::Value
 }
 
 Json::Value* ValueAt(Json::Value& document, std::string_view pointer, std::vector<Finding>& findings) {
-    if (!pointer.empty() && pointer.front() != '/') {
-        findings.push_back(
-            {0, "", fmt::format("found --at {}, expected a JSON pointer: / before each step", QuotedText(pointer))});
-        return nullptr;
-    }
     Json::Value* value = &document;
     std::string path;
     for (const std::string& step : PointerSteps(pointer)) {

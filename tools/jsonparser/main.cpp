@@ -1,8 +1,10 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <clocale>
 #include <exception>
+#include <new>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -86,8 +88,26 @@ std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
         expected = "a command";
         for (const tool::CommandDescription& below : Describe(app).commands) names.push_back(below.name);
     }
-    return fmt::format("found {}, expected {}{}{}", tool::QuotedText(word), expected,
-                       tool::DidYouMean(word.substr(0, word.find('=')), names), see);
+    const std::string name = word.substr(0, word.find('='));
+    if (!parsed.empty() && std::find(names.begin(), names.end(), name) != names.end()) {
+        return fmt::format("found {} before {}, expected it behind{}", tool::QuotedText(word),
+                           parsed.front()->get_name(), see);
+    }
+    return fmt::format("found {}, expected {}{}{}", tool::QuotedText(word), expected, tool::DidYouMean(name, names),
+                       see);
+}
+
+void AddAtOption(CLI::App& command, std::string& at, const std::string& meaning) {
+    const auto check = [](const std::string& pointer) {
+        bool isPointer = pointer.empty() || pointer.front() == '/';
+        for (std::size_t i = pointer.find('~'); i != pointer.npos; i = pointer.find('~', i + 1)) {
+            isPointer = isPointer && i + 1 < pointer.size() && (pointer[i + 1] == '0' || pointer[i + 1] == '1');
+        }
+        if (isPointer) return std::string();
+        return fmt::format("found {}, expected a JSON pointer: / before each step, ~ only as ~0 and ~1",
+                           tool::QuotedText(pointer));
+    };
+    command.add_option("--at", at, meaning)->check(CLI::Validator(check, ""))->type_name("POINTER");
 }
 
 CLI::Option* AddReadingOptions(CLI::App& command, tool::ReadingOptions& reading) {
@@ -137,9 +157,9 @@ int Run(int argc, char** argv) {
     CLI::App* decodeCommand = app.add_subcommand("decode", "Read a record from each message and print it");
     decodeCommand->add_option("RECORD", decode.record, "Name of the record, or a part of it")->required();
     decodeCommand->add_option("FILE", decode.files, "Messages in JSON; - or none reads standard input");
-    decodeCommand->add_option("--at", decode.at, "JSON pointer to the record in each message")->type_name("POINTER");
-    decodeCommand->add_flag("--json", decode.json, "Print the record as JSON");
-    CLI::Option* hex = decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too");
+    AddAtOption(*decodeCommand, decode.at, "JSON pointer to the record in each message");
+    CLI::Option* asJson = decodeCommand->add_flag("--json", decode.json, "Print the record as JSON");
+    CLI::Option* hex = decodeCommand->add_flag("--hex", decode.hex, "Show the record's bytes too")->excludes(asJson);
     decodeCommand->add_flag("--strict", decode.strict, "What the record has otherwise than the message is a finding");
     AddLinesOptions(*decodeCommand, decode.lines, decode.jobs, decode.reading)->excludes(hex);
 
@@ -148,7 +168,7 @@ int Run(int argc, char** argv) {
         app.add_subcommand("explain", "Show what became of each value of a message, and what nothing reads");
     explainCommand->add_option("RECORD", explain.record, "Name of the record, or a part of it")->required();
     explainCommand->add_option("FILE", explain.file, "Message in JSON; - or none reads standard input");
-    explainCommand->add_option("--at", explain.at, "JSON pointer to the record in the message")->type_name("POINTER");
+    AddAtOption(*explainCommand, explain.at, "JSON pointer to the record in the message");
     explainCommand->add_flag("--json", explain.json, "Print the account as JSON");
     AddReadingOptions(*explainCommand, explain.reading);
 
@@ -226,6 +246,9 @@ int main(int argc, char** argv) {
     std::setlocale(LC_CTYPE, "");
     try {
         return Run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        tool::Complain("found a document larger than the memory there is, expected a smaller one (see: --max-size)");
+        return tool::kCannotReadOrWrite;
     } catch (const std::exception& error) {
         tool::Complain(error.what());
         return tool::kCannotReadOrWrite;
