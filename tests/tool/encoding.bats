@@ -7,7 +7,7 @@ CAR=tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
 decode_car() { "$JSONPARSER" decode $CAR "$@" --at /params/Events/0/TrafficCar "$MESSAGES/traffic_event.json"; }
 
 @test "decode under GBK holds GBK and prints UTF-8" {
-    export LC_ALL=zh_CN.GBK
+    export LOCPATH=$LOCALES LC_ALL=zh_CN.GBK
     run decode_car
     [ "$status" -eq 0 ]
     [ "${lines[1]}" = '  szPlateNumber             "京A·D12345"' ]
@@ -18,7 +18,7 @@ decode_car() { "$JSONPARSER" decode $CAR "$@" --at /params/Events/0/TrafficCar "
 }
 
 @test "decode under ISO-8859-1 has question marks for what it cannot hold" {
-    export LC_ALL=de_DE.ISO-8859-1
+    export LOCPATH=$LOCALES LC_ALL=de_DE.ISO-8859-1
     run decode_car
     [ "$status" -eq 0 ]
     [ "${lines[1]}" = '  szPlateNumber             "?A·D12345"' ]
@@ -28,13 +28,13 @@ decode_car() { "$JSONPARSER" decode $CAR "$@" --at /params/Events/0/TrafficCar "
 }
 
 @test "decode --json prints the same under GBK as under UTF-8" {
-    LC_ALL=zh_CN.GBK decode_car --json >"$BATS_TEST_TMPDIR/gbk.json"
+    LOCPATH=$LOCALES LC_ALL=zh_CN.GBK decode_car --json >"$BATS_TEST_TMPDIR/gbk.json"
     LC_ALL=C.UTF-8 decode_car --json >"$BATS_TEST_TMPDIR/utf8.json"
     diff "$BATS_TEST_TMPDIR/gbk.json" "$BATS_TEST_TMPDIR/utf8.json"
 }
 
 @test "numbers do not follow the locale" {
-    export LC_ALL=de_DE.UTF-8
+    export LOCPATH=$LOCALES LC_ALL=de_DE.UTF-8
     run decode_car
     [[ "$output" == *'fVehicleLength            4.62'* ]]
     [[ "$output" == *'fActualShutter            2.5'* ]]

@@ -49,7 +49,7 @@ explain_car() { run "$JSONPARSER" explain $CAR; }
 }
 
 @test "characters that the local encoding lacks" {
-    LC_ALL=zh_CN.GBK run "$JSONPARSER" explain $CAR <<<'{"PlateNumber": "京A😀"}'
+    LOCPATH=$LOCALES LC_ALL=zh_CN.GBK run "$JSONPARSER" explain $CAR <<<'{"PlateNumber": "京A😀"}'
     [ "$status" -eq 1 ]
     [[ "$(row /PlateNumber)" == *'"京A?" 1 character replaced by "?"' ]]
 }

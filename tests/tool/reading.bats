@@ -213,7 +213,7 @@ refused() {
 }
 
 @test "the same document reads the same under a locale with a decimal comma" {
-    run bash -c 'echo "{\"Max\": 2.5, \"Min\": 1e-3}" | LC_ALL=de_DE.UTF-8 "$JSONPARSER" decode tagRANGE --json'
+    run bash -c 'echo "{\"Max\": 2.5, \"Min\": 1e-3}" | LOCPATH=$LOCALES LC_ALL=de_DE.UTF-8 "$JSONPARSER" decode tagRANGE --json'
     [ "$status" -eq 0 ]
     [[ "$output" == *'"fMax": 2.5'* ]]
     [[ "$output" == *'"fMin": 0.001'* ]]
