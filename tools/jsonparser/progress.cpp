@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 #include "style.h"
@@ -27,7 +28,7 @@ std::string Size(double bytes) {
 }
 
 std::string Duration(double seconds) {
-    const auto whole = static_cast<std::uint64_t>(seconds + 0.5);
+    const auto whole = static_cast<std::uint64_t>(std::llround(seconds));
     if (whole < 3600) return fmt::format("{}:{:02}", whole / 60, whole % 60);
     return fmt::format("{}:{:02}:{:02}", whole / 3600, whole / 60 % 60, whole % 60);
 }

@@ -24,13 +24,13 @@ struct StructureBits {
     std::uint64_t closing;
 };
 
-bool IsBlank(char byte) { return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t'; }
-bool IsDigit(char byte) { return static_cast<unsigned char>(byte - '0') <= 9; }
+inline bool IsBlank(char byte) { return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t'; }
+inline bool IsDigit(char byte) { return static_cast<unsigned char>(byte - '0') <= 9; }
 
-bool IsContainer(char byte) { return byte == '{' || byte == '['; }
+inline bool IsContainer(char byte) { return byte == '{' || byte == '['; }
 
 /// The value of four hexadecimal digits; above 0xFFFF when they are none.
-std::uint32_t Hex4(const char* p) {
+inline std::uint32_t Hex4(const char* p) {
     std::uint32_t value = 0;
     for (int i = 0; i < 4; ++i) {
         const char byte = p[i];

@@ -55,8 +55,8 @@ bool TextTape::grow() {
         if (!isContainer || entry.size == TextEntry::kStillOpen) return;
         entry.children = newEntries + newCapacity - (entries + capacity - entry.children);
     };
-    std::for_each(newEntries, newEntries + open, moveChildren);
-    std::for_each(newEntries + newClosed, newEntries + newCapacity, moveChildren);
+    for (std::size_t i = 0; i < open; ++i) moveChildren(newEntries[i]);
+    for (std::size_t i = newClosed; i < newCapacity; ++i) moveChildren(newEntries[i]);
     std::free(entries);
     entries = newEntries;
     capacity = newCapacity;
