@@ -76,6 +76,7 @@ class VK_API MessageText {
     /// A temporary would not stay.
     template <class Text, std::enable_if_t<std::is_same_v<Text, std::string>, int> = 0>
     explicit MessageText(Text&& text, const MessageTextOptions& options = {}) = delete;
+    /// The text stays the caller's.
     ~MessageText();
     MessageText(const MessageText&) = delete;
     MessageText& operator=(const MessageText&) = delete;
