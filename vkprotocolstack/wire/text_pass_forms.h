@@ -29,6 +29,12 @@ inline bool IsDigit(char byte) { return static_cast<unsigned char>(byte - '0') <
 
 inline bool IsContainer(char byte) { return byte == '{' || byte == '['; }
 
+/// Bit i is set when an odd number of bits from it downward are.
+inline std::uint64_t ShiftedPrefixXor(std::uint64_t bits) {
+    for (unsigned shift = 1; shift < 64; shift *= 2) bits ^= bits << shift;
+    return bits;
+}
+
 /// The value of four hexadecimal digits; above 0xFFFF when they are none.
 inline std::uint32_t Hex4(const char* p) {
     std::uint32_t value = 0;

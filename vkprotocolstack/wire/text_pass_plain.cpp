@@ -57,11 +57,7 @@ struct PlainBlocks {
         }
         return bits;
     }
-    /// Bit i is set when an odd number of bits from it downward are.
-    static std::uint64_t PrefixXor(std::uint64_t bits) {
-        for (unsigned shift = 1; shift < 64; shift *= 2) bits ^= bits << shift;
-        return bits;
-    }
+    static std::uint64_t PrefixXor(std::uint64_t bits) { return ShiftedPrefixXor(bits); }
 };
 
 }  // namespace
