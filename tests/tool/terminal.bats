@@ -4,9 +4,10 @@ bats_require_minimum_version 1.5.0
 RED=$'\e[1;31m'
 PLAIN=$'\e[0m'
 
-# Runs a command with its input, output and errors on a terminal; prints what the terminal receives.
+# Runs a command with its input, output and errors on a terminal; prints what the terminal receives. script gives the
+# command to $SHELL, and the words are quoted for bash.
 on_terminal() {
-    TERM=${TERM_NAME-xterm} script --quiet --return --command "$(printf '%q ' "$@")" /dev/null </dev/null | tr -d '\r'
+    SHELL=$BASH TERM=${TERM_NAME-xterm} script --quiet --return --command "$(printf '%q ' "$@")" /dev/null </dev/null | tr -d '\r'
 }
 
 @test "an error on a terminal is coloured" {
