@@ -84,13 +84,10 @@ class Account : public Observer {
 
     void look(const Look& look) override {
         addAncestors(look.trail.parent());
-        std::size_t row = rowOf(look.trail, look.value);
+        const bool failed = look.kind != Look::kConversion && look.outcome == Outcome::kRefused;
+        Row& row = rowFor(look, failed);
         if (look.kind == Look::kConversion) {
-            if (!rows_[row].reading.conversion.empty()) {
-                rows_.push_back(rows_[row]);
-                row = rows_.size() - 1;
-            }
-            Reading& reading = rows_[row].reading;
+            Reading& reading = row.reading;
             reading.conversion = look.operation;
             reading.value = look.result;
             reading.outcome = look.outcome;
@@ -98,15 +95,13 @@ class Account : public Observer {
             reading.expected = look.expected;
             return;
         }
-        const bool failed = look.outcome == Outcome::kRefused;
         std::string test = (failed ? "not " : "") + std::string(look.operation);
         if (look.kind == Look::kSize) test += ' ' + look.result;
-        Row& tested = rows_[row];
-        if (failed && tested.failed.empty()) tested.failed = look.operation;
-        tested.sized = tested.sized || look.kind == Look::kSize;
-        if (std::find(tested.tests.begin(), tested.tests.end(), test) == tested.tests.end()) {
-            tested.tests.push_back(std::move(test));
-        }
+        if (failed && row.failed.empty()) row.failed = look.operation;
+        row.lastFailed = failed;
+        row.sized = row.sized || look.kind == Look::kSize;
+        if (std::find(row.tests.begin(), row.tests.end(), test) == row.tests.end())
+            row.tests.push_back(std::move(test));
     }
 
     /// Call it once, after the reading.
@@ -133,6 +128,7 @@ class Account : public Observer {
         const Trail* trail;
         std::vector<std::string> tests;
         std::string failed;       ///< the first test that failed
+        bool lastFailed = false;  ///< and it was the last one
         bool sized = false;       ///< asked for its number of elements
         bool onlyPassed = false;  ///< nothing was asked of the value itself
         Reading reading;
@@ -159,16 +155,25 @@ class Account : public Observer {
         return parent->isArray() && index < parent->size() ? &(*parent)[static_cast<Json::ArrayIndex>(index)] : nullptr;
     }
 
-    std::size_t rowOf(const Trail& trail, const Json::Value* value) {
-        const auto [entry, isNew] = rowOfTrail_.try_emplace(&trail, rows_.size());
-        if (isNew) {
-            Row row{&trail, {}, {}, false, false, {}};
-            row.reading.path = trail.path();
-            row.reading.type = TypeOf(value);
-            if (value != nullptr) row.reading.found = Shown(*value);
-            rows_.push_back(std::move(row));
-        }
-        return entry->second;
+    Row& addRow(const Trail& trail, const Json::Value* value) {
+        Row row{&trail, {}, {}, false, false, false, {}};
+        row.reading.path = trail.path();
+        row.reading.type = TypeOf(value);
+        if (value != nullptr) row.reading.found = Shown(*value);
+        rowOfTrail_[&trail] = rows_.size();
+        return rows_.emplace_back(std::move(row));
+    }
+
+    /// The row that a look goes on with. Converters may look at a value more than once: what one test refused, or one
+    /// conversion took, another look has a row of its own for.
+    Row& rowFor(const Look& look, bool failed) {
+        const auto entry = rowOfTrail_.find(&look.trail);
+        if (entry == rowOfTrail_.end()) return addRow(look.trail, look.value);
+        Row& row = rows_[entry->second];
+        const bool isConverted = !row.reading.conversion.empty();
+        if (look.kind != Look::kConversion) return isConverted && failed ? addRow(look.trail, look.value) : row;
+        if (row.lastFailed) return addRow(look.trail, look.value);
+        return isConverted ? rows_.emplace_back(Row(row)) : row;
     }
 
     /// Rows for what converters only passed on their way down, where it is there.
@@ -176,11 +181,12 @@ class Account : public Observer {
         if (trail == nullptr || rowOfTrail_.contains(trail)) return;
         addAncestors(trail->parent());
         const Json::Value* value = valueAt(*trail);
-        if (value != nullptr) rows_[rowOf(*trail, value)].onlyPassed = true;
+        if (value != nullptr) addRow(*trail, value).onlyPassed = true;
     }
 
     void followTrails() {
         for (const Trail& trail : trails()) {
+            if (!trail.used()) continue;
             Seen& seen = seen_[trail.path()];
             seen.exists = seen.exists || IsPresent(valueAt(trail));
             if (trail.parent() == nullptr) continue;
@@ -320,7 +326,7 @@ class Account : public Observer {
 
     const Json::Value& message_;
     std::vector<Row> rows_;
-    std::unordered_map<const Trail*, std::size_t> rowOfTrail_;  ///< the trail's first row
+    std::unordered_map<const Trail*, std::size_t> rowOfTrail_;  ///< the trail's last row
     std::unordered_map<const Trail*, Way> ways_;                ///< how converters went on from there
     std::map<std::string, Seen> seen_;                          ///< by JSON pointer
 };

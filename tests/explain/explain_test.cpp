@@ -199,6 +199,13 @@ TEST(Explain, AWordThatAnotherFieldTakesAsItIsIsNoFinding) {
     EXPECT_EQ(why.findings(), 0U);
 }
 
+TEST(Explain, AccountsForEachLookAtAValue) {
+    EXPECT_EQ(At(OfCar(R"({"UTC": "7", "EleTagInfoUTC": 1})"), "/UTC"),
+              (Lines{"refused: refused by isInt, left as it was | an integer of 32 bits",
+                     "wrong type: wrong type, read as 0 | a number"}));
+    EXPECT_EQ(At(OfCar(R"({"UTC": 7, "EleTagInfoUTC": 1})"), "/UTC"), (Lines{"kept: kept", "kept: kept"}));
+}
+
 TEST(Explain, ListsReadingsInTheOrderOfTheReader) {
     const Explanation why = OfCar(R"({"UTC": 1, "EleTagInfoUTC": 1, "Sped": 2, "CarWindow": {"BoundingBox": [1]}})");
     Lines paths;

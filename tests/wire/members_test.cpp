@@ -104,7 +104,7 @@ TEST(Members, AreFoundInObjectsOfAnySize) {
 
 TEST(Members, OfWhatIsNoObjectAreMissing) {
     for (const Json::Value& value : HostileValues()) ExpectLikeFind(value);
-    const Members<kNames> in{Node(Place(), nullptr)};
+    const Members<kNames> in{Node(Place())};
     EXPECT_FALSE(in["Lane"].isMember());
     EXPECT_FALSE(in[""].isMember());
 }

@@ -45,7 +45,7 @@ TEST(NodeFirstExactUpToNul, WhatIsNoTextMatchesNoRow) {
         EXPECT_EQ(Node(value).firstExactUpToNul(kWords, -1), -1);
     }
     EXPECT_EQ(Node(Json::Value(7)).firstExactUpToNul(kWords, -1), -1);
-    EXPECT_EQ(Node(jsonparser::Place(), nullptr).firstExactUpToNul(kWords, -1), -1);
+    EXPECT_EQ(Node(jsonparser::Place()).firstExactUpToNul(kWords, -1), -1);
 }
 
 TEST(NodeFirstExactUpToNul, ReportsToTheObserver) {

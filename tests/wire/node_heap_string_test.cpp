@@ -36,7 +36,7 @@ TEST(NodeHeapString, OfAnyValueThatIsNoTextIsEmpty) {
         ASSERT_NE(heap, nullptr);
         EXPECT_TRUE(value.isString() || heap[0] == '\0');
     }
-    const Heap missing(Node(jsonparser::Place(), nullptr).heapString());
+    const Heap missing(Node(jsonparser::Place()).heapString());
     EXPECT_STREQ(missing.get(), "");
 }
 

@@ -57,7 +57,7 @@ Json::Value Int(Json::Int64 value) { return value; }
 Json::Value UInt(Json::UInt64 value) { return value; }
 Json::Value Real(double value) { return value; }
 
-const Node kMissing(jsonparser::Place(), nullptr);
+const Node kMissing{jsonparser::Place()};
 
 /// Equal, zeros of the same sign, or both NaN.
 template <class Number>

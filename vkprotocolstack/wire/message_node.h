@@ -26,7 +26,7 @@ class MessageReading {
 inline std::optional<Node> NodeAt(const MessagePlace& place) {
     const std::optional<Place> found = MessageReading::PlaceAt(place, nullptr);
     if (!found) return std::nullopt;
-    return Node(*found, ObserverScope::Current());
+    return Node::Root(*found);
 }
 
 /// The same, for a converter that asks for these names first.
@@ -35,7 +35,7 @@ std::optional<Node> NodeAt(const MessagePlace& place, const NameList<N>& expecte
     const NameIndex index = expected.index();
     const std::optional<Place> found = MessageReading::PlaceAt(place, &index);
     if (!found) return std::nullopt;
-    return Node(*found, ObserverScope::Current());
+    return Node::Root(*found);
 }
 
 }  // namespace jsonparser

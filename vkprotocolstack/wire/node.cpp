@@ -18,7 +18,7 @@ char* HeapText(std::size_t length) { return length >= INT_MAX ? nullptr : new (s
 
 /// @return whether field was written
 bool CopyUtf8(const Place& place, char* field, int limit) {
-    if (place.isNull() || limit < 0) return false;
+    if (!place.isPresent() || limit < 0) return false;
     std::string storage;
     const std::string_view whole = place.text(storage);
     const std::size_t length = std::min(whole.size(), static_cast<std::size_t>(limit));
@@ -38,164 +38,214 @@ bool CopyUtf8(const Place& place, char* field, int limit) {
 
 }  // namespace
 
-Report Node::report() const { return {*trail_, place_.address()}; }
+Place Node::valueOf(Place watched) { return watched.trail().value(); }
 
-void Node::reportTest(std::string_view operation, bool passed) const { report().test(operation, passed); }
+Report Node::report(Place watched) { return Report(watched.trail()); }
+
+void Node::reportTest(Place watched, std::string_view test, bool passed) { report(watched).test(test, passed); }
 
 template <class Number>
-void Node::reportNumber(std::string_view operation, Number result, int added) const {
-    report().number(operation, result, added);
+void Node::reportNumber(Place watched, std::string_view operation, Number number, int added) {
+    report(watched).number(operation, number, added);
 }
-template void Node::reportNumber(std::string_view operation, int result, int added) const;
-template void Node::reportNumber(std::string_view operation, unsigned result, int added) const;
-template void Node::reportNumber(std::string_view operation, double result, int added) const;
-template void Node::reportNumber(std::string_view operation, float result, int added) const;
-template void Node::reportNumber(std::string_view operation, unsigned char result, int added) const;
-template void Node::reportNumber(std::string_view operation, unsigned short result, int added) const;
+template void Node::reportNumber(Place, std::string_view, bool, int);
+template void Node::reportNumber(Place, std::string_view, int, int);
+template void Node::reportNumber(Place, std::string_view, unsigned, int);
+template void Node::reportNumber(Place, std::string_view, double, int);
+template void Node::reportNumber(Place, std::string_view, float, int);
+template void Node::reportNumber(Place, std::string_view, unsigned char, int);
+template void Node::reportNumber(Place, std::string_view, unsigned short, int);
 
-void Node::reportSize(std::size_t size) const { report().size(size); }
-
-Node Node::watchedMember(std::string_view name) const { return {place_.member(name), trail_->member(name)}; }
-
-Node Node::operator[](std::string_view name) const {
-    if (trail_ != nullptr) return watchedMember(name);
-    return {place_.member(name), nullptr};
+std::size_t Node::reportedSize(Place watched) {
+    const std::size_t size = valueOf(watched).size();
+    report(watched).size(size);
+    return size;
 }
 
-bool Node::asBool() const { return reported("bool", place_.asBool()); }
+void Node::reportScan(Place watched, std::string_view format, std::size_t converted, std::size_t wanted) {
+    report(watched).scan(format, converted, wanted);
+}
 
 int Node::intPlusOne() const {
-    return reported("int plus one", static_cast<int>(static_cast<unsigned>(place_.asInt()) + 1U), 1);
+    if (place_.isWatched()) [[unlikely]]
+        return watchedIntPlusOne();
+    return static_cast<int>(static_cast<unsigned>(place_.asInt()) + 1U);
+}
+
+int Node::watchedIntPlusOne() const {
+    const int number = plain().intPlusOne();
+    reportNumber(place_, "int plus one", number, 1);
+    return number;
 }
 
 std::optional<unsigned> Node::asErrorCode() const {
     std::optional<unsigned> code;
-    if (place_.is32Bits()) code = static_cast<unsigned>(place_.asInt());
-    if (trail_ != nullptr) report().errorCode(code);
+    const Place place = plain().place_;
+    if (place.is32Bits()) code = static_cast<unsigned>(place.asInt());
+    if (place_.isWatched()) report(place_).errorCode(code);
     return code;
 }
 
 long long Node::realToInt64() const {
-    return reported("double, cut to 64-bit integer", Truncate<long long>(place_.asDouble()));
+    const auto number = Truncate<long long>(plain().place_.asDouble());
+    if (place_.isWatched()) reportNumber(place_, "double, cut to 64-bit integer", number);
+    return number;
 }
-long Node::utcSeconds() const { return reported("int, UTC seconds", place_.asInt()); }
-long Node::unsignedUtcSeconds() const { return reported("unsigned, UTC seconds", place_.asUInt()); }
+
+long Node::utcSeconds() const { return integer<int, &Place::asInt>("int, UTC seconds"); }
+long Node::unsignedUtcSeconds() const { return integer<unsigned, &Place::asUInt>("unsigned, UTC seconds"); }
 
 void Node::rawTo(char* field, std::size_t count) const {
     std::string storage;
-    const std::string_view whole = place_.text(storage);
-    const std::string_view taken = whole.substr(0, count);
+    const std::string_view taken = place_.text(storage).substr(0, count);
+    if (taken.empty() && place_.isWatched()) [[unlikely]] {
+        plain().rawTo(field, count);
+        return report(place_).rawText(count, field);
+    }
     const std::size_t length = std::min(taken.find('\0'), taken.size());
     taken.copy(field, length);
     field[length] = '\0';
-    if (trail_ != nullptr) report().rawText(count, field);
 }
 
 void Node::utf8To(char* field, int limit) const {
-    const bool written = CopyUtf8(place_, field, limit);
-    if (trail_ != nullptr) report().utf8Text(limit, written ? field : nullptr);
+    if (place_.isWatched()) [[unlikely]]
+        return watchedUtf8To(field, limit);
+    CopyUtf8(place_, field, limit);
 }
 
-bool Node::stringTo(char* field, int size) const {
-    const bool isText = place_.stringTo(field, size);
-    if (trail_ != nullptr) report().string(size, field);
+void Node::watchedUtf8To(char* field, int limit) const {
+    const bool written = CopyUtf8(plain().place_, field, limit);
+    report(place_).utf8Text(limit, written ? field : nullptr);
+}
+
+bool Node::watchedStringTo(char* field, int size) const {
+    const bool isText = plain().stringTo(field, size);
+    report(place_).string(size, field);
     return isText;
 }
 
 int Node::textSize(int limit) const {
     std::string storage;
-    const auto size = static_cast<int>(std::min(place_.text(storage).size() + 1, static_cast<std::size_t>(limit)));
-    if (trail_ != nullptr) report().textSize(limit, size);
-    return size;
+    const std::string_view text = place_.text(storage);
+    if (text.empty() && place_.isWatched()) [[unlikely]] {
+        const int size = plain().textSize(limit);
+        report(place_).textSize(limit, size);
+        return size;
+    }
+    return static_cast<int>(std::min(text.size() + 1, static_cast<std::size_t>(limit)));
 }
 
 void Node::renderTo(char* field, int size) const {
+    if (place_.isWatched()) [[unlikely]]
+        return watchedRenderTo(field, size);
     place_.renderTo(field, size);
-    if (trail_ != nullptr) report().rendered(size, field);
+}
+
+void Node::watchedRenderTo(char* field, int size) const {
+    plain().renderTo(field, size);
+    report(place_).rendered(size, field);
 }
 
 char* Node::heapUtf8() const {
     std::string storage;
     const std::size_t length = place_.text(storage).size();
-    char* buffer = HeapText(length);
-    if (buffer != nullptr) Node(place_, nullptr).utf8To(buffer, static_cast<int>(length));
-    if (trail_ != nullptr) report().heapUtf8(buffer);
+    if (length == 0 && place_.isWatched()) [[unlikely]] {
+        char* const buffer = plain().heapUtf8();
+        report(place_).heapUtf8(buffer);
+        return buffer;
+    }
+    char* const buffer = HeapText(length);
+    if (buffer != nullptr) utf8To(buffer, static_cast<int>(length));
     return buffer;
 }
 
 char* Node::heapString() const {
     std::string storage;
     const std::size_t length = place_.text(storage).size();
-    char* buffer = HeapText(length);
-    if (buffer != nullptr) Node(place_, nullptr).stringTo(buffer, static_cast<int>(length + 1));
-    if (trail_ != nullptr) report().heapString(buffer);
+    if (length == 0 && place_.isWatched()) [[unlikely]] {
+        char* const buffer = plain().heapString();
+        report(place_).heapString(buffer);
+        return buffer;
+    }
+    char* const buffer = HeapText(length);
+    if (buffer != nullptr) stringTo(buffer, static_cast<int>(length + 1));
     return buffer;
 }
 
-inline int Node::lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise,
-                          bool isText) const {
-    const int code = row == nullptr ? otherwise : row->code;
-    if (trail_ != nullptr) report().keyword(operation, isText, table, row, code);
-    return code;
+template <class Find>
+inline int Node::lookedUp(const char* operation, Keywords table, int otherwise, Find find, bool isText) const {
+    const auto code = [otherwise](const Keyword* row) { return row == nullptr ? otherwise : row->code; };
+    if (place_.isWatched()) [[unlikely]] {
+        const Keyword* const row = find(plain().place_);
+        report(place_).keyword(operation, isText, table, row, code(row));
+        return code(row);
+    }
+    return code(find(place_));
 }
 
 int Node::firstExact(Keywords table, int otherwise) const {
-    std::string storage;
-    return lookedUp("keyword, exact", table, FirstExact(table, place_.text(storage)), otherwise);
+    return lookedUp("keyword, exact", table, otherwise, [table](Place place) {
+        std::string storage;
+        return FirstExact(table, place.text(storage));
+    });
 }
 
 int Node::firstExactUpToNul(Keywords table, int otherwise) const {
-    const Keyword* row = nullptr;
-    if (place_.type() == Json::stringValue) {
+    const auto find = [table](Place place) -> const Keyword* {
+        if (place.type() != Json::stringValue) return nullptr;
         std::string storage;
-        const std::string_view whole = place_.text(storage);
-        row = FirstExact(table, whole.substr(0, whole.find('\0')));
-    }
-    return lookedUp("keyword, exact up to the first NUL", table, row, otherwise, true);
+        const std::string_view whole = place.text(storage);
+        return FirstExact(table, whole.substr(0, whole.find('\0')));
+    };
+    return lookedUp("keyword, exact up to the first NUL", table, otherwise, find, true);
 }
 
 int Node::firstIgnoringCase(Keywords table, int otherwise) const {
-    std::string storage;
-    return lookedUp("keyword, ignoring case", table, FirstIgnoringCase(table, place_.text(storage)), otherwise);
+    return lookedUp("keyword, ignoring case", table, otherwise, [table](Place place) {
+        std::string storage;
+        return FirstIgnoringCase(table, place.text(storage));
+    });
 }
 
 int Node::lastIgnoringCase(Keywords table, int otherwise) const {
-    std::string storage;
-    const Keyword* row = LastIgnoringCase(table, place_.text(storage));
-    return lookedUp("keyword, ignoring case, last match", table, row, otherwise);
+    return lookedUp("keyword, ignoring case, last match", table, otherwise, [table](Place place) {
+        std::string storage;
+        return LastIgnoringCase(table, place.text(storage));
+    });
 }
 
 int Node::stringFirstIgnoringCase(Keywords table, int otherwise) const {
-    char word[64] = {};
-    place_.stringTo(word, 64);
-    const Keyword* row = FirstIgnoringCase(table, word);
-    return lookedUp("string, size 64, keyword, ignoring case", table, row, otherwise, true);
+    const auto find = [table](Place place) {
+        char word[64] = {};
+        place.stringTo(word, 64);
+        return FirstIgnoringCase(table, word);
+    };
+    return lookedUp("string, size 64, keyword, ignoring case", table, otherwise, find, true);
 }
 
 int Node::firstContained(Keywords table, int otherwise) const {
-    std::string storage;
-    return lookedUp("keyword, contained", table, FirstContained(table, place_.text(storage)), otherwise);
+    return lookedUp("keyword, contained", table, otherwise, [table](Place place) {
+        std::string storage;
+        return FirstContained(table, place.text(storage));
+    });
 }
 
 int Node::firstExact(std::span<const std::string> texts, int otherwise) const {
+    const Node node = plain();
     std::string storage;
-    const auto row = std::find(texts.begin(), texts.end(), place_.text(storage));
+    const auto row = std::find(texts.begin(), texts.end(), node.place_.text(storage));
     const bool found = row != texts.end();
     const int place = found ? static_cast<int>(row - texts.begin()) : otherwise;
-    if (trail_ != nullptr) report().place("place of the text in a table, exact", texts, place, found);
+    if (place_.isWatched()) report(place_).place("place of the text in a table, exact", texts, place, found);
     return place;
 }
 
 int Node::firstEqual(std::span<const unsigned> numbers, int otherwise) const {
-    const auto row = std::find(numbers.begin(), numbers.end(), place_.asUInt());
+    const auto row = std::find(numbers.begin(), numbers.end(), plain().place_.asUInt());
     const bool found = row != numbers.end();
     const int place = found ? static_cast<int>(row - numbers.begin()) : otherwise;
-    if (trail_ != nullptr) report().place("unsigned, place in a table", numbers, place, found);
+    if (place_.isWatched()) report(place_).place("unsigned, place in a table", numbers, place, found);
     return place;
-}
-
-void Node::reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const {
-    report().scan(format, converted, wanted);
 }
 
 }  // namespace jsonparser

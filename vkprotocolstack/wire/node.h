@@ -28,38 +28,39 @@ namespace jsonparser {
 class Node {
   public:
     /// The node that a converter was called with.
-    explicit Node(const Json::Value& root) : Node(Place(&root), ObserverScope::Current()) {}
-    Node(Place place, const Trail* trail) : place_(place), trail_(trail) {}
+    explicit Node(const Json::Value& root) : Node(Root(Place(&root))) {}
+    explicit Node(Place place) : place_(place) {}
+    /// The same at a place.
+    static Node Root(Place place) {
+        Observer* const observer = ObserverScope::Current();
+        return Node(observer == nullptr ? place : observer->watch(place));
+    }
 
     // ---- tests
     /// Present: neither missing nor null.
-    explicit operator bool() const { return tested("present", !place_.isNull()); }
+    explicit operator bool() const { return passes<&Place::isPresent>("present"); }
     /// Part of its object, as null too.
-    bool isMember() const { return tested("isMember", place_.exists()); }
-    bool isArray() const { return tested("isArray", place_.type() == Json::arrayValue); }
-    bool isString() const { return tested("isString", place_.type() == Json::stringValue); }
-    bool isInt() const { return tested("isInt", place_.isInt()); }
-    bool isUInt() const { return tested("isUInt", place_.isUInt()); }
-    bool isBool() const { return tested("isBool", place_.type() == Json::booleanValue); }
+    bool isMember() const {
+        return place_.exists() && (!place_.isWatched() || reportedTest<&Place::exists>(place_, "isMember"));
+    }
+    bool isArray() const { return passes<&Place::isArray>("isArray"); }
+    bool isString() const { return passes<&Place::isString>("isString"); }
+    bool isBool() const { return passes<&Place::isBool>("isBool"); }
+    bool isInt() const { return passes<&Place::isInt>("isInt"); }
+    bool isUInt() const { return passes<&Place::isUInt>("isUInt"); }
     /// Elements of an array, 0 for anything else.
     std::size_t size() const {
         const std::size_t size = place_.size();
-        if (trail_ != nullptr) [[unlikely]]
-            reportSize(size);
-        return size;
+        return size == 0 && place_.isWatched() ? reportedSize(place_) : size;
     }
 
     // ---- way down
-    Node at(std::size_t index) const {
-        return {place_.element(index), trail_ == nullptr ? nullptr : trail_->element(index)};
-    }
+    Node at(std::size_t index) const { return Node(place_.element(index)); }
     /// at of the first N indexes, faster than one by one.
     template <std::size_t N>
     std::array<Node, N> first() const {
         const std::array<Place, N> places = place_.first<N>();
-        return [&]<std::size_t... I>(std::index_sequence<I...>) {
-            return std::array{Node(places[I], trail_ == nullptr ? nullptr : trail_->element(I))...};
-        }
+        return [&]<std::size_t... I>(std::index_sequence<I...>) { return std::array{Node(places[I])...}; }
         (std::make_index_sequence<N>());
     }
     /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
@@ -67,31 +68,27 @@ class Node {
     /// @return whether it never did
     template <class Visit>
     bool forElements(std::size_t most, Visit visit) const {
+        if (place_.isWatched()) [[unlikely]]
+            return eachElement(place_, most, visit);
         std::size_t index = 0;
-        return place_.forElements(std::min(place_.size(), most), [&](Place element) {
-            const Node node(element, trail_ == nullptr ? nullptr : trail_->element(index));
-            return visit(node, index++);
-        });
+        return place_.forElements(std::min(place_.size(), most),
+                                  [&](Place element) { return visit(Node(element), index++); });
     }
-    Node operator[](std::string_view name) const;
+    Node operator[](std::string_view name) const { return Node(place_.member(name)); }
 
     // ---- numbers
-    int asInt() const { return reported("int", place_.asInt()); }
-    unsigned asUInt() const { return reported("unsigned", place_.asUInt()); }
-    double asDouble() const { return reported("double", place_.asDouble()); }
-    float asFloat() const { return reported("float", static_cast<float>(place_.asDouble())); }
-    bool asBool() const;
+    int asInt() const { return integer<int, &Place::asInt>("int"); }
+    unsigned asUInt() const { return integer<unsigned, &Place::asUInt>("unsigned"); }
+    double asDouble() const { return real<double>("double"); }
+    float asFloat() const { return real<float>("float"); }
+    bool asBool() const {
+        return place_.asBool() || (place_.isWatched() && reportedNumber<bool, &Place::asBool>(place_, "bool"));
+    }
     /// The low bits of asInt or of asUInt: they differ on reals outside the type's range.
-    unsigned char intLow8() const { return reported("int, low 8 bits", static_cast<unsigned char>(place_.asInt())); }
-    unsigned char uintLow8() const {
-        return reported("unsigned, low 8 bits", static_cast<unsigned char>(place_.asUInt()));
-    }
-    unsigned short intLow16() const {
-        return reported("int, low 16 bits", static_cast<unsigned short>(place_.asInt()));
-    }
-    unsigned short uintLow16() const {
-        return reported("unsigned, low 16 bits", static_cast<unsigned short>(place_.asUInt()));
-    }
+    unsigned char intLow8() const { return integer<unsigned char, &Place::asInt>("int, low 8 bits"); }
+    unsigned char uintLow8() const { return integer<unsigned char, &Place::asUInt>("unsigned, low 8 bits"); }
+    unsigned short intLow16() const { return integer<unsigned short, &Place::asInt>("int, low 16 bits"); }
+    unsigned short uintLow16() const { return integer<unsigned short, &Place::asUInt>("unsigned, low 16 bits"); }
     /// asInt plus one; wraps at the limit.
     int intPlusOne() const;
     /// The 32-bit pattern of asInt. Nothing when it is null, a text, an array, an object, or an integer that is neither
@@ -111,7 +108,9 @@ class Node {
     void utf8To(char* field, int limit) const;
     /// Through GetJsonString: at most size bytes, terminator included. What is no text empties the field.
     /// @return whether it is a text
-    bool stringTo(char* field, int size) const;
+    bool stringTo(char* field, int size) const {
+        return place_.stringTo(field, size) || (place_.isWatched() && watchedStringTo(field, size));
+    }
     /// Bytes that the text takes with a terminator, at most limit (0 or more): a size for stringTo.
     int textSize(int limit) const;
     /// Through parseJsonNodeToStr: any value as text, at most size bytes, terminator included.
@@ -126,9 +125,9 @@ class Node {
     /// @return whether all converted
     template <class... Word>
     [[gnu::always_inline]] bool scan(NumberFormat<sizeof...(Word)> format, Signs signs, Word&... words) const {
-        if (trail_ != nullptr) return watchedScan(format, signs, words...);
         std::string storage;
-        return ScanInto(place_.text(storage), format, signs, words...) == sizeof...(Word);
+        if (ScanInto(place_.text(storage), format, signs, words...) == sizeof...(Word)) return true;
+        return place_.isWatched() && reportedScan(place_, format, signs, words...);
     }
     /// The code of the first row with exactly this text, or otherwise.
     int firstExact(Keywords table, int otherwise) const;
@@ -153,38 +152,72 @@ class Node {
     template <const auto& List>
     friend class Members;
 
-    // ---- for an observer: trail_ is not null
-    class Report report() const;
-    [[gnu::cold, gnu::noinline]] Node watchedMember(std::string_view name) const;
-    template <class... Word>
-    [[gnu::cold, gnu::noinline]] bool watchedScan(NumberFormat<sizeof...(Word)> format, Signs signs,
-                                                  Word&... words) const {
-        std::string storage;
-        const std::size_t converted = ScanInto(place_.text(storage), format, signs, words...);
-        reportScan(format.text(), converted, sizeof...(Word));
-        return converted == sizeof...(Word);
+    template <auto Test>
+    bool passes(const char* test) const {
+        return (place_.*Test)() || (place_.isWatched() && reportedTest<Test>(place_, test));
     }
-    [[gnu::cold]] void reportScan(std::string_view format, std::size_t converted, std::size_t wanted) const;
-    bool tested(std::string_view operation, bool passed) const {
-        if (trail_ != nullptr) [[unlikely]]
-            reportTest(operation, passed);
+    template <class Number, auto Read>
+    Number integer(const char* operation) const {
+        if (place_.isInteger()) return static_cast<Number>(place_.integer());
+        if (place_.isWatched()) [[unlikely]]
+            return reportedNumber<Number, Read>(place_, operation);
+        return static_cast<Number>((place_.*Read)());
+    }
+    template <class Number>
+    Number real(const char* operation) const {
+        if (place_.isWatched()) [[unlikely]]
+            return reportedNumber<Number, &Place::asDouble>(place_, operation);
+        return static_cast<Number>(place_.asDouble());
+    }
+
+    // ---- for an observer. A watched place reads as null, so that whoever finds something need not ask whether it is
+    // one. Places are handed over by value: an address of one would keep it out of a register.
+    /// The node of a watched value; of others, this.
+    Node plain() const { return place_.isWatched() ? Node(valueOf(place_)) : *this; }
+    [[gnu::cold]] static Place valueOf(Place watched);
+    [[gnu::cold]] static class Report report(Place watched);
+    template <auto Test>
+    [[gnu::cold, gnu::noinline]] static bool reportedTest(Place watched, const char* test) {
+        const bool passed = (valueOf(watched).*Test)();
+        reportTest(watched, test, passed);
         return passed;
     }
-    [[gnu::cold]] void reportSize(std::size_t size) const;
-    [[gnu::cold]] void reportTest(std::string_view operation, bool passed) const;
-    template <class Number>
-    Number reported(std::string_view operation, Number result, int added = 0) const {
-        if (trail_ != nullptr) [[unlikely]]
-            reportNumber(operation, result, added);
-        return result;
+    template <class Number, auto Read>
+    [[gnu::cold, gnu::noinline]] static Number reportedNumber(Place watched, const char* operation) {
+        const auto number = static_cast<Number>((valueOf(watched).*Read)());
+        reportNumber(watched, operation, number);
+        return number;
     }
+    template <class... Word>
+    [[gnu::cold, gnu::noinline]] static bool reportedScan(Place watched, NumberFormat<sizeof...(Word)> format,
+                                                          Signs signs, Word&... words) {
+        std::string storage;
+        const std::size_t converted = ScanInto(valueOf(watched).text(storage), format, signs, words...);
+        reportScan(watched, format.text(), converted, sizeof...(Word));
+        return converted == sizeof...(Word);
+    }
+    template <class Visit>
+    [[gnu::cold, gnu::noinline]] static bool eachElement(Place watched, std::size_t most, Visit& visit) {
+        const std::size_t size = std::min(valueOf(watched).size(), most);
+        std::size_t index = 0;
+        while (index < size && visit(Node(watched.element(index)), index)) ++index;
+        return index == size;
+    }
+    [[gnu::cold]] static std::size_t reportedSize(Place watched);
+    [[gnu::cold]] static void reportTest(Place watched, std::string_view test, bool passed);
+    [[gnu::cold]] static void reportScan(Place watched, std::string_view format, std::size_t converted,
+                                         std::size_t wanted);
     template <class Number>
-    [[gnu::cold]] void reportNumber(std::string_view operation, Number result, int added) const;
-    int lookedUp(std::string_view operation, Keywords table, const Keyword* row, int otherwise,
-                 bool isText = false) const;
+    [[gnu::cold]] static void reportNumber(Place watched, std::string_view operation, Number number, int added = 0);
+    [[gnu::cold]] void watchedUtf8To(char* field, int limit) const;
+    [[gnu::cold]] bool watchedStringTo(char* field, int size) const;
+    [[gnu::cold]] void watchedRenderTo(char* field, int size) const;
+    [[gnu::cold]] int watchedIntPlusOne() const;
+    /// Looks the text up by find, which gives a row of the table or null.
+    template <class Find>
+    int lookedUp(const char* operation, Keywords table, int otherwise, Find find, bool isText = false) const;
 
     Place place_;
-    [[no_unique_address]] TrailPointer trail_;  ///< null when nobody observes
 };
 
 /// The members of an object that a converter names up front in List, resolved at one go. Asking for a name that is not
@@ -200,20 +233,17 @@ class Members {
         consteval Name(const char (&text)[N]) : index(List.indexOf(std::string_view(text))) {}
     };
 
-    explicit Members(Node object) : trail_(object.trail_) { object.place_.members(List.index(), found_.data()); }
+    explicit Members(Node object) { object.place_.members(List.index(), found_.data()); }
 
     /// Whether the object has the name at this index of List.
-    bool found(std::size_t index) const { return found_[index].exists(); }
+    bool found(std::size_t index) const { return at(index).plain().place_.exists(); }
     /// The member whose name is at this index of List.
-    Node at(std::size_t index) const {
-        return {found_[index], trail_ == nullptr ? nullptr : trail_->member(List.names[index])};
-    }
+    Node at(std::size_t index) const { return Node(found_[index]); }
 
     Node operator[](Name name) const { return at(name.index); }
 
   private:
     std::array<Place, kCount> found_;
-    [[no_unique_address]] TrailPointer trail_;
 };
 
 }  // namespace jsonparser

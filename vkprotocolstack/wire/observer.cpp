@@ -18,21 +18,30 @@ std::string PointerStep(std::string_view name) {
     return step;
 }
 
-const Trail* Trail::member(std::string_view name) const {
-    return &observer_->trails_.emplace_back(*observer_, this, kMember, name);
+Trail::Trail(Observer& observer, const Trail* parent, Step step, std::string_view name, Place value)
+    : observer_(&observer), parent_(parent), step_(step), name_(name), value_(value), entry_{} {
+    entry_.trail = this;
+    entry_.type = TextType::Watched;
 }
 
-const Trail* Trail::element(std::size_t index) const {
-    return &observer_->trails_.emplace_back(*observer_, this, kElement, std::to_string(index));
+Place Trail::next(Step step, std::string_view name, Place value) const {
+    used_ = true;
+    return Place(&observer_->trails_.emplace_back(*observer_, this, step, name, value).entry_);
 }
+
+Place Trail::member(std::string_view name) const { return next(kMember, name, value_.member(name)); }
+
+Place Trail::element(std::size_t index) const { return next(kElement, std::to_string(index), value_.element(index)); }
 
 std::string Trail::path() const { return step_ == kRoot ? "" : parent_->path() + PointerStep(name_); }
 
-constinit thread_local const Trail* ObserverScope::current_ = nullptr;
-
-ObserverScope::ObserverScope(Observer& observer) : previous_(current_) {
-    current_ = &observer.trails_.emplace_back(observer, nullptr, Trail::kRoot, "");
+Place Observer::watch(Place root) {
+    return Place(&trails_.emplace_back(*this, nullptr, Trail::kRoot, "", root).entry_);
 }
+
+constinit thread_local Observer* ObserverScope::current_ = nullptr;
+
+ObserverScope::ObserverScope(Observer& observer) : previous_(current_) { current_ = &observer; }
 
 ObserverScope::~ObserverScope() { current_ = previous_; }
 

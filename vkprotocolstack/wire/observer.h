@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "vkprotocolstack/explain.h"
+#include "vkprotocolstack/wire/place.h"
 
 namespace jsonparser {
 
@@ -39,26 +40,31 @@ class Observer {
     virtual ~Observer();
     virtual void look(const Look& look) = 0;
 
+    /// The place of a value that a converter was called with, watched from here on.
+    [[gnu::cold]] Place watch(Place root);
+
   protected:
-    /// All ways down that converters took, parents before children.
+    /// All ways down that converters could take, parents before children.
     const std::deque<Trail>& trails() const { return trails_; }
 
   private:
-    friend class ObserverScope;
     friend class Trail;
     std::deque<Trail> trails_;
 };
 
-/// Where a node stands, as a chain up to the root. Exists only while somebody observes; the observer keeps it.
+/// Where a watched value stands, as a chain up to the root. Exists only while somebody observes; the observer keeps it.
+/// A place of its entry is the watched value's place, so that reading what nobody watches asks for no trail.
 class Trail {
   public:
     enum Step { kRoot, kMember, kElement };
 
-    Trail(Observer& observer, const Trail* parent, Step step, std::string_view name)
-        : observer_(&observer), parent_(parent), step_(step), name_(name) {}
+    Trail(Observer& observer, const Trail* parent, Step step, std::string_view name, Place value);
+    Trail(const Trail&) = delete;
+    Trail& operator=(const Trail&) = delete;
 
-    [[gnu::cold]] const Trail* member(std::string_view name) const;
-    [[gnu::cold]] const Trail* element(std::size_t index) const;
+    /// The places of what stands in the value, or is missing there: watched too.
+    Place member(std::string_view name) const;
+    Place element(std::size_t index) const;
 
     Observer& observer() const { return *observer_; }
     const Trail* parent() const { return parent_; }
@@ -67,26 +73,27 @@ class Trail {
     const std::string& name() const { return name_; }
     std::string path() const;
 
+    /// The value's place in the tree.
+    Place value() const { return value_; }
+    /// Whether a converter did anything with the value; of those that it could ask for, it leaves some.
+    bool used() const { return used_; }
+    void use() const { used_ = true; }
+
   private:
+    friend class Observer;
+    Place next(Step step, std::string_view name, Place value) const;
+
     Observer* observer_;
     const Trail* parent_;
     Step step_;
+    mutable bool used_ = false;
     std::string name_;
+    Place value_;
+    TextEntry entry_;
 };
 
 /// A member's name or an element's index, in digits, as a step of a JSON pointer.
 std::string PointerStep(std::string_view name);
-
-#ifdef JSONPARSER_WITHOUT_OBSERVER
-/// A pointer to no trail, known at compile time: for measuring what the tests of the other one cost.
-struct TrailPointer {
-    constexpr TrailPointer(const Trail*) {}
-    constexpr operator const Trail*() const { return nullptr; }
-    constexpr const Trail* operator->() const { return nullptr; }
-};
-#else
-using TrailPointer = const Trail*;
-#endif
 
 /// While it lives, the calling thread's converters report to observer. Scopes nest; the inner one wins.
 class ObserverScope {
@@ -96,16 +103,12 @@ class ObserverScope {
     ObserverScope(const ObserverScope&) = delete;
     ObserverScope& operator=(const ObserverScope&) = delete;
 
-    /// Where the calling thread's root nodes stand: null when nobody observes.
-#ifdef JSONPARSER_WITHOUT_OBSERVER
-    static const Trail* Current() { return nullptr; }
-#else
-    static const Trail* Current() { return current_; }
-#endif
+    /// The calling thread's observer: null when nobody observes.
+    static Observer* Current() { return kWithObservers ? current_ : nullptr; }
 
   private:
-    const Trail* previous_;
-    static constinit thread_local const Trail* current_;
+    Observer* previous_;
+    static constinit thread_local Observer* current_;
 };
 
 }  // namespace jsonparser

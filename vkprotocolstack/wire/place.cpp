@@ -8,6 +8,7 @@
 
 #include "vkprotocolstack/support/support.h"
 #include "vkprotocolstack/wire/numbers.h"
+#include "vkprotocolstack/wire/observer.h"
 #include "vkprotocolstack/wire/text_entry.h"
 
 namespace jsonparser {
@@ -117,6 +118,7 @@ std::string_view MadeText(const TextEntry& entry, std::string& storage) {
                 storage.resize(Unescape(entry, storage.data()));
                 return storage;
             case TextType::Null:
+            case TextType::Watched:
             case TextType::Array:
             case TextType::Object:
                 return {};
@@ -234,7 +236,7 @@ void Place::renderTo(char* field, int size) const {
 }
 
 Place Place::member(std::string_view name) const {
-    if (type() != Json::objectValue) return {};
+    if (type() != Json::objectValue) return isWatched() ? trail().member(name) : Place();
     if (!isOnTape()) return Place(FindMember(*address(), name));
     // From the end: of members with the same name the last one counts.
     for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
@@ -244,9 +246,19 @@ Place Place::member(std::string_view name) const {
     return {};
 }
 
+Place Place::watchedElement(std::size_t index) const { return trail().element(index); }
+
+void Place::watchedMembers(const NameIndex& names, Place* found) const {
+    std::transform(names.names, names.names + names.count, found,
+                   [this](std::string_view name) { return trail().member(name); });
+}
+
 void Place::members(const NameIndex& names, Place* found) const {
     std::fill_n(found, names.count, Place());
-    if (type() != Json::objectValue) return;
+    if (type() != Json::objectValue) {
+        if (isWatched()) watchedMembers(names, found);
+        return;
+    }
     if (isOnTape()) {
         const TextEntry* child = entry().children;
         const TextEntry* const end = child + entry().size;

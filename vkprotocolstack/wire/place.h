@@ -17,18 +17,32 @@
 
 namespace jsonparser {
 
-/// A value in jsoncpp's tree or on the tape of a message text, or no value at all. What is missing reads as null.
+#ifdef JSONPARSER_WITHOUT_OBSERVER
+inline constexpr bool kWithObservers = false;  ///< for measuring what the tests for watched places cost
+#else
+inline constexpr bool kWithObservers = true;
+#endif
+
+/// A value in jsoncpp's tree or on the tape of a message text, or no value at all. What is missing reads as null. So
+/// does a watched place, but for its members and elements, which are watched places too.
 class Place {
   public:
     Place() = default;
     explicit Place(const Json::Value* value) : bits_(reinterpret_cast<std::uintptr_t>(value)) {}
     explicit Place(const TextEntry* entry) : bits_(reinterpret_cast<std::uintptr_t>(entry) | kOnTape) {}
 
+    bool isWatched() const { return kWithObservers && isOnTape() && entry().type == TextType::Watched; }
+    const Trail& trail() const { return *entry().trail; }
+
     bool exists() const { return bits_ != 0; }
-    bool isNull() const {
-        if (isOnTape()) return entry().type == TextType::Null;
-        return bits_ == 0 || address()->type() == Json::nullValue;
+    /// Neither missing nor null.
+    bool isPresent() const {
+        if (isOnTape()) return entry().type > TextType::Watched;
+        return bits_ != 0 && address()->type() != Json::nullValue;
     }
+    bool isArray() const { return isOf<Json::arrayValue>(TextType::Array, TextType::Array); }
+    bool isString() const { return isOf<Json::stringValue>(TextType::Text, TextType::EscapedText); }
+    bool isBool() const { return isOf<Json::booleanValue>(TextType::False, TextType::True); }
     Json::ValueType type() const {
         if (isOnTape()) return TypeOnTape(entry().type);
         return bits_ == 0 ? Json::nullValue : address()->type();
@@ -37,9 +51,12 @@ class Place {
     bool isInt() const;
     bool isUInt() const;
 
-    int asInt() const { return isInteger() ? static_cast<int>(entry().integer) : convertedToInt(); }
-    unsigned asUInt() const { return isInteger() ? static_cast<unsigned>(entry().integer) : convertedToUInt(); }
-    double asDouble() const { return isInteger() ? static_cast<double>(entry().integer) : convertedToDouble(); }
+    /// An integer on the tape, which needs no conversion.
+    bool isInteger() const { return isOnTape() && entry().type == TextType::Integer; }
+    std::int64_t integer() const { return entry().integer; }
+    int asInt() const { return isInteger() ? static_cast<int>(integer()) : convertedToInt(); }
+    unsigned asUInt() const { return isInteger() ? static_cast<unsigned>(integer()) : convertedToUInt(); }
+    double asDouble() const { return isInteger() ? static_cast<double>(integer()) : convertedToDouble(); }
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
@@ -68,7 +85,11 @@ class Place {
         return type() == Json::arrayValue ? address()->size() : 0;
     }
     Place element(std::size_t index) const {
-        if (isOnTape()) return index < size() ? Place(entry().children + index) : Place();
+        if (isOnTape()) {
+            if (entry().type == TextType::Array)
+                return index < entry().size ? Place(entry().children + index) : Place();
+            return isWatched() ? watchedElement(index) : Place();
+        }
         return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
     }
     /// The first N elements. Faster than one by one.
@@ -76,8 +97,12 @@ class Place {
     std::array<Place, N> first() const {
         std::array<Place, N> found;
         if (isOnTape()) {
-            for (std::size_t i = 0; i < N; ++i) found[i] = element(i);
-        } else if (type() == Json::arrayValue) {
+            const TextEntry& array = entry();
+            if (array.type != TextType::Array) return isWatched() ? WatchedFirst<N>(*this) : found;
+            for (std::size_t i = 0; i < N; ++i) found[i] = i < array.size ? Place(array.children + i) : Place();
+            return found;
+        }
+        if (type() == Json::arrayValue) {
             std::array<const Json::Value*, N> elements;
             FindFirst(*address(), N, elements.data());
             std::transform(elements.begin(), elements.end(), found.begin(),
@@ -85,7 +110,7 @@ class Place {
         }
         return found;
     }
-    /// Calls visit with the first count elements, which is at most size(), until it returns false.
+    /// Calls visit with the first count elements, which is at most the value's size(), until it returns false.
     /// @return whether it never did
     template <class Visit>
     bool forElements(std::size_t count, Visit visit) const {
@@ -93,31 +118,46 @@ class Place {
         if (!isOnTape()) {
             return ForElements(*address(), count, [&](const Json::Value& element) { return visit(Place(&element)); });
         }
-        const TextEntry* const elements = entry().children;
-        return std::all_of(elements, elements + count,
-                           [&](const TextEntry& element) { return visit(Place(&element)); });
+        // Not std::all_of, which holds the call of visit four times: too often for it to be expanded there.
+        const TextEntry* element = entry().children;
+        for (; count > 0 && visit(Place(element)); --count) ++element;
+        return count == 0;
     }
     Place member(std::string_view name) const;
     /// Looks up the names at one go.
     void members(const NameIndex& names, Place* found) const;
 
-    /// The value in jsoncpp's tree, or null when missing. Not for places on a tape: nobody observes those.
+    /// The value in jsoncpp's tree, or null when missing. Not for places on a tape.
     const Json::Value* address() const { return reinterpret_cast<const Json::Value*>(bits_); }
 
   private:
     static constexpr std::uintptr_t kOnTape = 1;
 
     bool isOnTape() const { return (bits_ & kOnTape) != 0; }
-    bool isInteger() const { return isOnTape() && entry().type == TextType::Integer; }
+    /// Of the type in a tree, or from one type on a tape to another.
+    template <Json::ValueType Type>
+    bool isOf(TextType first, TextType last) const {
+        if (isOnTape()) return entry().type >= first && entry().type <= last;
+        return bits_ != 0 && address()->type() == Type;
+    }
+    [[gnu::cold]] Place watchedElement(std::size_t index) const;
+    template <std::size_t N>
+    [[gnu::cold, gnu::noinline]] static std::array<Place, N> WatchedFirst(Place watched) {
+        std::array<Place, N> found;
+        for (std::size_t i = 0; i < N; ++i) found[i] = watched.watchedElement(i);
+        return found;
+    }
+    [[gnu::cold]] void watchedMembers(const NameIndex& names, Place* found) const;
     int convertedToInt() const;
     unsigned convertedToUInt() const;
     double convertedToDouble() const;
     std::string_view otherText(std::string& storage) const;
     const TextEntry& entry() const { return *reinterpret_cast<const TextEntry*>(bits_ - kOnTape); }
     static Json::ValueType TypeOnTape(TextType type) {
-        static constexpr Json::ValueType kTypes[] = {
-            Json::nullValue, Json::booleanValue, Json::booleanValue, Json::intValue,   Json::uintValue,
-            Json::realValue, Json::stringValue,  Json::stringValue,  Json::arrayValue, Json::objectValue};
+        static constexpr Json::ValueType kTypes[] = {Json::nullValue,    Json::nullValue,   Json::booleanValue,
+                                                     Json::booleanValue, Json::intValue,    Json::uintValue,
+                                                     Json::realValue,    Json::stringValue, Json::stringValue,
+                                                     Json::arrayValue,   Json::objectValue};
         return kTypes[static_cast<std::size_t>(type)];
     }
 

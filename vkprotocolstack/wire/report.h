@@ -25,8 +25,7 @@ struct Became {
 /// One operation on one node.
 class Report {
   public:
-    /// value is null when it is missing.
-    Report(const Trail& trail, const Json::Value* value) : trail_(trail), value_(value) {}
+    explicit Report(const Trail& trail) : trail_(trail), value_(trail.value().address()) { trail.use(); }
 
     [[gnu::cold]] void test(std::string_view operation, bool passed) const;
     [[gnu::cold]] void size(std::size_t size) const;
@@ -66,7 +65,7 @@ class Report {
     std::size_t replacedIn(std::string_view local) const;
 
     const Trail& trail_;
-    const Json::Value* value_;
+    const Json::Value* value_;  ///< null when it is missing
 };
 
 /// The shortest digits that read back as the same number, with a point or an exponent.

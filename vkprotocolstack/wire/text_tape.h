@@ -8,7 +8,21 @@
 
 namespace jsonparser {
 
-enum class TextType : std::uint8_t { Null, False, True, Integer, Unsigned, Real, Text, EscapedText, Array, Object };
+enum class TextType : std::uint8_t {
+    Null,
+    Watched,  ///< no value of a message, but the end of a trail (see observer.h)
+    False,
+    True,
+    Integer,
+    Unsigned,
+    Real,
+    Text,
+    EscapedText,
+    Array,
+    Object
+};
+
+class Trail;
 
 /// A value in a message text, and its name where it is a member.
 struct TextEntry {
@@ -18,6 +32,7 @@ struct TextEntry {
         const char* text;               ///< Real: the number; Text, EscapedText: what is between the quotes
         const TextEntry* children;      ///< Array, Object: its size entries, in the message's order
         std::size_t parent;             ///< a container that is still open: the index of the one around it
+        const Trail* trail;             ///< Watched
     };
     union {
         const char* name;
