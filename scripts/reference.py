@@ -350,20 +350,15 @@ class Fills:
 
     def shortened(self, layout, fills):
         """The same, with one row for a record inside that is filled as its own table says."""
-        def told(rows, prefix):
-            return {(without_indexes(member)[len(prefix):].lstrip("/"), conversion)
-                    for member, _, conversion in rows if conversion not in CONTAINERS.values()}
-
         short = dict(fills)
         for field in layout["fields"]:
             inner, rows = field["type"].partition("[")[0], fills.get(field["name"], [])
             outer, inner_fills = self.of(inner) if inner in self.layouts else (None, None)
             if len(rows) < 3 or outer not in (inner, layout["record"]):
                 continue
-            prefix = os.path.commonprefix([without_indexes(member) for member, _, _ in rows]).rpartition("/")[0]
-            inner_rows = [row for ways in inner_fills.values() for row in ways]
-            if told(rows, prefix) == told(inner_rows, "" if outer == inner else prefix):
-                short[field["name"]] = [(prefix, "", f"as {inner}")]
+            prefix, told = below(rows)
+            if told == below([row for ways in inner_fills.values() for row in ways], outer != inner)[1]:
+                short[field["name"]] = [(prefix, "", f"as its table: {inner}")]
         return short
 
     def place_of(self, record):
@@ -383,6 +378,14 @@ class Fills:
         for step in steps:
             forms = [inner for outer in forms for inner in flat(outer[step])]
         return forms
+
+
+def below(rows, has_prefix=True):
+    """The member above those of all rows, and what is converted there."""
+    members = [without_indexes(member) for member, _, _ in rows]
+    prefix = os.path.commonprefix(members).rpartition("/")[0] if has_prefix else ""
+    return prefix, {(member[len(prefix):].lstrip("/"), conversion) for member, (_, _, conversion) in zip(members, rows)
+                    if conversion not in CONTAINERS.values()}
 
 
 # Fields that no reader fills.
@@ -455,8 +458,8 @@ def sections(text):
                       for number, title, body in zip(parts[1::3], parts[2::3], parts[3::3])]
 
 
-def table(headings, rows, numbers=()):
-    """An HTML table. A row is its class and its cells; a cell that is a pair says how many rows it spans."""
+def table(kind, headings, rows, numbers=()):
+    """An HTML table of that kind, which the style sheet knows. A row is its class and its cells; a cell that is a pair says how many rows it spans."""
     def cells(tag, values):
         text = ""
         for column, value in enumerate(values):
@@ -467,7 +470,7 @@ def table(headings, rows, numbers=()):
         return text
 
     body = "".join(f'<tr class="{kind}">{cells("td", values)}</tr>\n' for kind, values in rows)
-    return f'<table class="rows">\n<tr>{cells("th", headings)}</tr>\n{body}</table>\n'
+    return f'<table class="rows {kind}">\n<tr>{cells("th", headings)}</tr>\n{body}</table>\n'
 
 
 def caller_limit(field, text):
@@ -485,18 +488,27 @@ def layout_table(layout, fills):
         kind = "reserved" if field["type"] == "reserved" else ""
         for i, ways in enumerate(by_member):
             read = [escaped(caller_limit(field, text)) for text in ways] if fills is not None else []
+            read = [re.sub(r"^as its table: (\w+)$", r'@ref layout_\1 "as its table"', text) for text in read]
             if i == 0:
                 place = [escaped(str(field[key])) for key in ("offset", "size", "type", "name")]
                 rows.append((kind, [*((text, span) for text in place), *read, (escaped(field["meaning"]), span)]))
             else:
                 rows.append((kind, read))
     read = ["member", "test", "conversion"] if fills is not None else []
-    return table(["offset", "size", "type", "field", *read, "meaning"], rows, numbers=(0, 1))
+    return table("layout", ["offset", "size", "type", "field", *read, "meaning"], rows, numbers=(0, 1))
 
 
 def keyword_table(vocabulary):
     rows = [("", [row["code"], escaped(row["text"])]) for row in vocabulary["rows"]]
-    return table(["code", "word"], rows, numbers=(0,))
+    return table("words", ["code", "word"], rows, numbers=(0,))
+
+
+def grouped(group, text):
+    """Text of a header as a part of the group, with what is in its namespaces."""
+    begin, end = f"/// @addtogroup {group}\n/// @{{\n", "/// @}\n"
+    text = re.sub(r"^namespace \w+ \{\n", lambda match: match[0] + begin, text, flags=re.MULTILINE)
+    text = re.sub(r"^\}  // namespace", end + r"\g<0>", text, flags=re.MULTILINE)
+    return f"{begin}{text}{end}"
 
 
 def write_sources(folder, tool):
@@ -519,11 +531,8 @@ def write_sources(folder, tool):
         notes = re.match(r"\n?((?://(?!/).*\n)+)", body)
         about = lines_of(notes[1]) if notes else ""
         body = body[notes.end():] if notes else body
-        if name == "ownership":
-            body = re.sub(r"\n#endif\s*$", "\n/// @}\n\n#endif\n", body)
-        else:
-            body += "/// @}\n\n"
-        text += f"/** @defgroup {name} {title}\n{about}\n*/\n/// @addtogroup {name}\n/// @{{\n{body}"
+        body, guard, _ = body.partition("\n#endif")
+        text += f"/** @defgroup {name} {title}\n{about}\n*/\n{grouped(name, body)}\n{guard}\n"
     write("vkprotocolstack/JsonParser.h", text)
 
     for path in [*HEADERS[1:], "include/vkrecords/fields.h"]:
@@ -535,8 +544,7 @@ def write_sources(folder, tool):
         begin += f"/** @defgroup {name} {title}\n{about}\n*/\n" if title else ""
         text = text[first.end():] if first else text
         above = list(re.finditer(r"^#include [^\n]*\n|^#define \w+_H\n", text, re.MULTILINE))[-1].end()
-        text = f"{text[:above]}\n/// @addtogroup {name}\n/// @{{\n{text[above:]}"
-        text = re.sub(r"\n#endif\s*$", "\n/// @}\n\n#endif\n", text)
+        text = text[:above] + "\n" + grouped(name, re.sub(r"\n#endif\s*$", "\n", text[above:])) + "\n#endif\n"
         # The rows of the records' lists are shown as tables.
         text = text.replace("#define VK_RECORD", "/// @cond\n#define VK_RECORD", 1).replace(
             "/// The layout of every record", "/// @endcond\n\n/// The layout of every record", 1)
@@ -548,8 +556,8 @@ def write_sources(folder, tool):
         text = path.read_text()
         first = re.match(r"((?://.*\n)+)", text)[1]
         text = text.replace(first, f"/// @file\n/// {lines_of(first)}\n", 1)
-        text = re.sub(r"^(struct (\w+) \{)", lambda match: f"/// @ingroup {of_record[match[2]]}\n{match[1]}", text,
-                      flags=re.MULTILINE)
+        text = re.sub(r"^(struct (\w+) \{)", lambda match: f"/// @ingroup {of_record[match[2]]}\n/// @see @ref layout_"
+                      f'{match[2]} "layout, and what fills each field"\n{match[1]}', text, flags=re.MULTILINE)
         write(path.relative_to(ROOT / "include"), text)
 
     layouts = {name: tool("fields", name) for name in of_record}
@@ -573,10 +581,11 @@ def write_sources(folder, tool):
                 text += f"\n@section words_{vocabulary['name']} {title}\n\n{keyword_table(vocabulary)}"
         write(f"{name}.dox", f"/** @addtogroup {name}\n{text}\n*/\n")
 
-    rows = [("", [f"@ref {name}", ", ".join(record for record, place in of_record.items() if place == name)])
-            for name in SUBSYSTEMS]
+    links = {name: ", ".join(f'@ref layout_{record} "{record}"' for record, place in of_record.items() if place == name)
+             for name in SUBSYSTEMS}
+    rows = [("", [f"@ref {name}", links[name]]) for name in SUBSYSTEMS]
     main = f"@mainpage JsonParser\n\n{lines_of(first_of_contracts(preface))}\n\n"
-    main += table(["subsystem", "records"], rows)
+    main += table("subsystems", ["subsystem", "records"], rows)
     main += ("\nBesides: @ref message_text, @ref explain, @ref ownership, @ref support, @ref vocabularies, "
              "@ref fields, @ref version.\n")
     write("main.dox", f"/** {main}*/\n")
@@ -642,6 +651,10 @@ def gaps(folder, libraries, layouts):
             yield f"{name}: exported and not documented"
         elif known < count:
             yield f"{name}: {count} overloads exported, {known} documented"
+    for path in sorted((folder / "xml").glob("group__*.xml")):
+        page = xml.etree.ElementTree.parse(path).getroot().find("compounddef")
+        if page.find(".//memberdef") is None and page.find("innerclass") is None:
+            yield f"{page.findtext('title')}: a page with nothing on it"
     for record, layout in layouts.items():
         for field in layout["fields"]:
             if f"{record}::{field['name']}" not in names:
