@@ -1,5 +1,5 @@
-// A client's own definition of one support function: the one of which OWN_<name> is defined. Each leaves a mark that the
-// default would not.
+// A client's own definition of one support function: the one of which OWN_<name> is defined. Each leaves a mark that
+// the default would not.
 #include <json/value.h>
 #include <vkprotocolstack/support/support.h>
 
