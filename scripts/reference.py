@@ -348,6 +348,16 @@ class Fills:
                 found[field]["any message", "", f"always {value}"] = True
         return outer, {field: list(rows) for field, rows in found.items() if rows}
 
+    def idle(self):
+        """Members that a reader converts, and of which no table would say what they fill."""
+        for record, accounts in self.accounts.items():
+            for account in accounts:
+                told = {without_indexes(member) for rows in account.fills(flat).values() for member, _, _ in rows}
+                read = {any_element(path).lstrip("/") or "the node" for path, _, conversion in account.rows
+                        if conversion not in CONTAINERS}
+                for member in sorted(read - told):
+                    yield f"{record}: {member} is read, and no field shows it; scripts/reference.py needs a better message"
+
     def shortened(self, layout, fills):
         """The same, with one row for a record inside that is filled as its own table says."""
         short = dict(fills)
@@ -459,7 +469,8 @@ def sections(text):
 
 
 def table(kind, headings, rows, numbers=()):
-    """An HTML table of that kind, which the style sheet knows. A row is its class and its cells; a cell that is a pair says how many rows it spans."""
+    """An HTML table of that kind, which the style sheet knows. A row is its class and its cells; a cell that is a pair says
+    how many rows it spans."""
     def cells(tag, values):
         text = ""
         for column, value in enumerate(values):
@@ -562,7 +573,7 @@ def write_sources(folder, tool):
 
     layouts = {name: tool("fields", name) for name in of_record}
     fills = Fills(tool, layouts)
-    gaps_of_tables = []
+    gaps_of_tables = [*fills.idle()]
     for name in SUBSYSTEMS:
         text = ""
         for record in [record for record, subsystem in of_record.items() if subsystem == name]:
