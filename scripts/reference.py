@@ -356,7 +356,7 @@ class Fills:
                 read = {any_element(path).lstrip("/") or "the node" for path, _, conversion in account.rows
                         if conversion not in CONTAINERS}
                 for member in sorted(read - told):
-                    yield f"{record}: {member} is read, and no field shows it; scripts/reference.py needs a better message"
+                    yield f"{record}: {member} is read, and no field shows it; give scripts/reference.py a message"
 
     def shortened(self, layout, fills):
         """The same, with one row for a record inside that is filled as its own table says."""
@@ -469,8 +469,8 @@ def sections(text):
 
 
 def table(kind, headings, rows, numbers=()):
-    """An HTML table of that kind, which the style sheet knows. A row is its class and its cells; a cell that is a pair says
-    how many rows it spans."""
+    """An HTML table of that kind, which the style sheet knows. A row is its class and its cells; a cell that is a pair
+    says how many rows it spans."""
     def cells(tag, values):
         text = ""
         for column, value in enumerate(values):
