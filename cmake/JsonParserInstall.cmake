@@ -10,7 +10,11 @@ foreach(kind ${jsonparser_kinds})
     install(EXPORT JsonParser-${kind} NAMESPACE JsonParser:: DESTINATION ${package_dir} COMPONENT dev)
 endforeach()
 configure_package_config_file(cmake/JsonParserConfig.cmake.in JsonParserConfig.cmake INSTALL_DESTINATION ${package_dir})
-write_basic_package_version_file(JsonParserConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+set(compatibility SameMajorVersion)
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+    set(compatibility SameMinorVersion)
+endif()
+write_basic_package_version_file(JsonParserConfigVersion.cmake COMPATIBILITY ${compatibility})
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/JsonParserConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/JsonParserConfigVersion.cmake cmake/JsonParserJsoncpp.cmake
         DESTINATION ${package_dir} COMPONENT dev)

@@ -4,8 +4,13 @@ find_program(GZIP gzip)
 if(NOT UNIX OR NOT GZIP OR NOT CMAKE_INSTALL_PREFIX STREQUAL /usr)
     return()
 endif()
-set(JSONPARSER_MAINTAINER "JsonParser authors <authors@jsonparser.invalid>" CACHE STRING
-    "Name and address of who answers for the packages")
+# Who makes packages for others answers for them, and says so as to Debian's own tools. Without that nobody is named: mail
+# to the domain invalid goes nowhere.
+set(maintainer "JsonParser developers <jsonparser@packages.invalid>")
+if(DEFINED ENV{DEBFULLNAME} AND DEFINED ENV{DEBEMAIL})
+    set(maintainer "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
+endif()
+set(JSONPARSER_MAINTAINER "${maintainer}" CACHE STRING "Name and address of who answers for the packages")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # each package has its own

@@ -3,8 +3,11 @@
 
     cpp PATH, cmake PATH  words of that file of the project, which the build compiles
     cpp                   a source file; one with main() is linked and run, and prints the text block that follows
+    cpp within PATH       lines of a source file of C++20, compiled where that file of the project includes "block.h"
     console               commands behind "$ ", run at the project's root, each with what it prints
+    sh                    commands that would change the machine: scripts, presets and the tool's options are looked up
     text                  what the program above it prints
+    tree                  files and folders of the project, each with what it is
 
 Usage: check_page.py PAGE FOLDER TOOL COMPILER [ARGUMENT...]; the arguments are for compiling and linking.
 """
@@ -62,6 +65,16 @@ class Page:
             if status != 0:
                 self.fail(line, f"ends with {status}\n{self.printed}")
 
+    def within(self, line, file, block):
+        folder = self.folder / f"line{line}"
+        folder.mkdir(exist_ok=True)
+        (folder / "block.h").write_text(block)
+        includes = [word for word in self.compiler[1:] if word.startswith("-I")]
+        status, said = self.run([self.compiler[0], *WARNINGS, "-std=c++20", "-fsyntax-only", str(ROOT / file),
+                                 f"-I{folder}", *includes])
+        if status != 0:
+            self.fail(line, f"does not compile\n{said}")
+
     def text(self, line, block):
         if self.printed is None:
             return self.fail(line, "no program stands above this text")
@@ -86,6 +99,21 @@ class Page:
         for preset in re.findall(r"--preset (\w+)", block):
             if f'"name": "{preset}"' not in presets:
                 self.fail(line, f"{preset} is no preset")
+        for command, words in re.findall(r"jsonparser ([a-z]+)([^|<\n]*)", block):
+            known = self.run(["jsonparser", command, "--help"])[1]
+            if known == self.run(["jsonparser", "--help"])[1]:
+                self.fail(line, f"{command} is no command of the tool")
+            for option in re.findall(r"--[a-z-]+", words):
+                if not re.search(rf"{option}\b", known):
+                    self.fail(line, f"{option} is no option of jsonparser {command}")
+
+    def tree(self, line, block):
+        for path in re.findall(r"^([^ \n]+)", block, re.MULTILINE):
+            before, names, after = re.fullmatch(r"([^{]*)(?:\{(.*)\})?(.*)", path).groups()
+            for name in (names or "").split(","):
+                whole = ROOT / f"{before}{name}{after}"
+                if not (whole.is_dir() if path.endswith("/") else whole.is_file()):
+                    self.fail(line, f"{before}{name}{after} is not in the project")
 
     def check(self):
         text = self.path.read_text()
@@ -93,16 +121,16 @@ class Page:
             line = text.count("\n", 0, match.start()) + 1
             kind, _, file = match[2].partition(" ")
             self.checked += 1
-            if kind in ("cpp", "cmake") and file:
+            if kind == "cpp" and file.startswith("within "):
+                self.within(line, file.partition(" ")[2], match[3])
+            elif kind in ("cpp", "cmake") and file:
                 self.quoted(line, file, match[3])
-            elif kind in ("cpp", "text", "console", "sh") and not file:
+            elif kind in ("cpp", "text", "console", "sh", "tree") and not file:
                 getattr(self, kind)(line, match[3])
             else:
                 self.fail(line, f"blocks of the kind '{match[2]}' are not checked; say which one this is")
         if text.count("```") != 2 * self.checked:
             self.fail(1, "a fence is not closed, or not at the beginning of its line")
-        if not self.checked:
-            self.fail(1, "has no block")
 
 
 def main():
