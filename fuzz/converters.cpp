@@ -348,21 +348,20 @@ std::size_t StatedSize(const RecordLayout& layout, const unsigned char* record, 
     return std::max(record[length->offset], kLeast);
 }
 
-/// Moves what the record points to into texts, and puts nulls in place of its pointers.
-void TakeTexts(const RecordLayout& layout, unsigned char* record, std::string& texts) {
+/// Adds what the record points to, and puts nulls in place of its pointers: it is a copy.
+void TakeTexts(const RecordLayout& layout, char* record, std::string& texts) {
     for (const Field& field : layout) {
-        unsigned char* element = record + field.offset;
+        char* element = record + field.offset;
         for (std::size_t i = 0; i < field.count(); ++i, element += field.elementSize) {
             if (field.kind == FieldKind::Record) TakeTexts(*field.record, element, texts);
             if (!IsPointer(field)) continue;
             char* text = nullptr;
             std::memcpy(&text, element, sizeof text);
-            std::memset(element, 0, sizeof text);
+            std::memset(element, 0, field.elementSize);
             if (field.kind == FieldKind::CallerText) {
-                if (text != nullptr) texts.append(text, StatedSize(layout, record, field));
+                texts.append(text, StatedSize(layout, reinterpret_cast<const unsigned char*>(record), field));
             } else {
                 texts += text == nullptr ? "(none)" : '"' + std::string(text) + '"';
-                delete[] text;
             }
         }
     }
@@ -395,10 +394,11 @@ void Memory::fill(std::string_view bytes) {
     if (target_.layout != nullptr) lend(*target_.layout, get());
 }
 
-std::string Memory::contents() {
+std::string Memory::contents() const {
+    std::string bytes(reinterpret_cast<const char*>(get()), target_.size);
     std::string texts;
-    if (target_.layout != nullptr) TakeTexts(*target_.layout, get(), texts);
-    return std::string(reinterpret_cast<const char*>(get()), target_.size) + texts;
+    if (target_.layout != nullptr) TakeTexts(*target_.layout, bytes.data(), texts);
+    return bytes + texts;
 }
 
 bool Memory::guardsIntact() {

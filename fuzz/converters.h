@@ -62,13 +62,13 @@ class Memory {
     Memory(const Memory&) = delete;
     Memory& operator=(const Memory&) = delete;
 
-    unsigned char* get() { return bytes_.get() + kGuard + placement_; }
+    unsigned char* get() const { return bytes_.get() + kGuard + placement_; }
 
     /// Fills it anew, with bytes over and over; none stand for the pattern.
     void fill(std::string_view bytes);
 
     /// All bytes, with nulls in place of pointers, and the texts that these lead to.
-    std::string contents();
+    std::string contents() const;
 
     /// Whether nothing was written outside.
     bool guardsIntact();
