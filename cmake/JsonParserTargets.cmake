@@ -41,6 +41,9 @@ function(jsonparser_add_library name)
     jsonparser_target_options(${target}_objects)
     set_target_properties(${target}_objects PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
                                                        VISIBILITY_INLINES_HIDDEN ON UNITY_BUILD OFF)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT JSONPARSER_SANITIZE)
+        target_compile_options(${target}_objects PRIVATE -Wstack-usage=2048)  # clients call on threads with small stacks
+    endif()
     target_link_libraries(${target}_objects PUBLIC jsonparser_headers)
 
     foreach(kind ${jsonparser_kinds})

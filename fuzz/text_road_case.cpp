@@ -185,9 +185,9 @@ std::vector<std::string> Words(std::string_view list) {
     return words;
 }
 
-class Writer {
+class MessageMaker {
   public:
-    explicit Writer(Random& random) : random_(random), blanks_(random.below(3)) {}
+    explicit MessageMaker(Random& random) : random_(random), blanks_(random.below(3)) {}
 
     std::string value(const Reader& reader) {
         if (random_.oneIn(24)) return scalar();
@@ -316,6 +316,22 @@ Json::Value At(const Json::Value& tree, std::string pointer) {
     return place;
 }
 
+/// What a reader leaves behind: what it returned, and what is in its memory.
+struct Outcome {
+    long long result;
+    std::string contents;
+
+    bool operator==(const Outcome&) const = default;
+};
+
+/// What read leaves behind in a reader's memory.
+template <class Read>
+Outcome OutcomeOf(const Reader& reader, Read read) {
+    Memory memory(reader.target);
+    const long long result = read(memory.get());
+    return {result, memory.guardsIntact() ? memory.contents() : "written outside"};
+}
+
 std::string Shown(const Case& test) {
     std::string shown = std::string(test.reader->name) + " at \"" + std::string(test.way->pointer) + "\"" +
                         (test.options.skipOthers ? ", skipping" : "") + (test.options.strictOnly ? ", strict" : "") +
@@ -339,8 +355,8 @@ Case MakeCase(std::uint64_t number) {
     Case test;
     test.reader = &random.of(Readers());
     test.way = random.oneIn(2) ? &kWays[0] : &random.of(kWays);
-    Writer writer(random);
-    test.text = std::string(test.way->before) + writer.value(*test.reader) + std::string(test.way->behind);
+    MessageMaker maker(random);
+    test.text = std::string(test.way->before) + maker.value(*test.reader) + std::string(test.way->behind);
     if (random.oneIn(2)) Damage(test.text, random);
     const std::size_t mode = random.below(4);
     test.options.skipOthers = mode == 1;
@@ -366,16 +382,22 @@ std::string DifferenceOf(const Case& test) {
     const auto bytes = std::make_unique<char[]>(test.text.size());
     std::memcpy(bytes.get(), test.text.data(), test.text.size());
     MessageText message({bytes.get(), test.text.size()}, test.options);
-    if (test.readsRootFirst) Readers()[0].text(message.at(""));
-    const Outcome fromText = test.reader->text(message.at(test.way->pointer));
+    const Reader& reader = *test.reader;
+    if (test.readsRootFirst) OutcomeOf(Readers()[0], [&](void* to) { return Readers()[0].text(message.at(""), to); });
+    const Outcome fromText =
+        OutcomeOf(reader, [&](void* to) { return reader.text(message.at(test.way->pointer), to); });
+    const auto fromTree = [&](Json::Value& place) {
+        return OutcomeOf(reader, [&](void* to) { return reader.value(place, to); });
+    };
     const bool accepted = message.accepted();
 
     Json::Value tree;
     const bool treeAccepted = ReadTree(test.text, test.options.maxDepth, tree);
     Json::Value place = treeAccepted ? At(tree, std::string(test.way->pointer)) : Json::Value();
-    if (!accepted && fromText != test.reader->untouched()) return "touched when refused: " + Shown(test);
+    if (fromText.contents == "written outside") return "written outside: " + Shown(test);
+    if (!accepted && fromText != OutcomeOf(reader, reader.refused)) return "touched when refused: " + Shown(test);
     if (!accepted && message.error() == nullptr) return "refused without a reason: " + Shown(test);
-    if (accepted && treeAccepted && fromText != test.reader->value(place)) return "another record: " + Shown(test);
+    if (accepted && treeAccepted && fromText != fromTree(place)) return "another record: " + Shown(test);
     if (accepted && !treeAccepted && !test.options.skipOthers) return "accepted: " + Shown(test);
     if (!accepted && treeAccepted && !test.options.strictOnly) return "refused: " + Shown(test);
     return "";

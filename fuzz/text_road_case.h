@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "fuzz/text_road_readers.h"
+#include "fuzz/converters.h"
 
 namespace fuzz {
 

@@ -19,5 +19,6 @@ build_packages=(g++ cmake ninja-build libjsoncpp-dev libcli11-dev libfmt-dev nlo
 test_packages=("${build_packages[@]}" clang libgtest-dev librapidcheck-dev bats locales make pkg-config python3 tzdata mandoc bsdextrautils zsh fish)
 bench_packages=("${build_packages[@]}" libbenchmark-dev locales rapidjson-dev libsimdjson-dev python3 valgrind)
 reference_packages=("${build_packages[@]}" doxygen python3)
+growth_packages=("${test_packages[@]}" valgrind)
 check_packages=("${test_packages[@]}" clang-format clang-tidy libclang-rt-14-dev)
 package_packages=("${build_packages[@]}" pkg-config dpkg-dev lintian debootstrap file)

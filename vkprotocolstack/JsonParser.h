@@ -122,7 +122,7 @@ class VK_API Json_dimension {
     /// samples the first only, 31 all of them.
     explicit Json_dimension(int shift);
 
-    /// @return the depth, or -1 when shift is negative
+    /// @return the depth, or -1 when shift is negative or there is no memory to keep track of the arrays
     long long operator()(const Json::Value& value) const;
     /// The same of a place in a message text.
     long long operator()(const jsonparser::MessagePlace& place) const;

@@ -380,7 +380,7 @@ TEST(LocalEncoding, OfManyThreadsIsEachOnesOwn) {
         {"zh_HK.BIG5-HKSCS",  "Ê路",         "\x88\x66\xB8\xF4"                },
     };
     std::vector<locale_t> locales;
-    for (const auto& row : rows) locales.push_back(newlocale(LC_ALL_MASK, row.locale, nullptr));
+    for (const auto& row : rows) locales.push_back(testing_tools::MakeLocale(row.locale));
     std::vector<std::thread> threads;
     std::vector<int> wrong(8);
     for (std::size_t thread = 0; thread < wrong.size(); ++thread) {

@@ -2,10 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <mutex>
+#include <string>
+
 namespace testing_tools {
 
-ThreadLocale::ThreadLocale(const char* name)
-    : locale_(newlocale(LC_ALL_MASK, name, nullptr)), previous_(uselocale(locale_)) {
+/// By way of the process's locale, which comes back at once: newlocale loses the search path that it makes of LOCPATH.
+locale_t MakeLocale(const char* name) {
+    static std::mutex one;
+    const std::lock_guard lock(one);
+    const std::string previous = std::setlocale(LC_ALL, nullptr);
+    if (std::setlocale(LC_ALL, name) == nullptr) return nullptr;
+    locale_t made = duplocale(LC_GLOBAL_LOCALE);
+    std::setlocale(LC_ALL, previous.c_str());
+    return made;
+}
+
+ThreadLocale::ThreadLocale(const char* name) : locale_(MakeLocale(name)), previous_(uselocale(locale_)) {
     EXPECT_NE(locale_, nullptr) << "no locale " << name;
 }
 

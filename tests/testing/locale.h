@@ -6,6 +6,9 @@
 
 namespace testing_tools {
 
+/// The locale, one of those in tests/locales or "C", for uselocale and freelocale; null when it does not exist.
+locale_t MakeLocale(const char* name);
+
 /// While it lives, this thread has this locale, one of those in tests/locales or "C". One that does not exist fails the
 /// test.
 class ThreadLocale {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <new>
 #include <vector>
 
 #include "vkprotocolstack/JsonParser.h"
@@ -20,7 +21,8 @@ struct Level {
     long long depth;  ///< of the shallowest element so far; 0 is final
 };
 
-long long Measure(Node root, int shift) {
+/// -1 where there is no memory for the arrays that are being measured.
+long long Measure(Node root, int shift) try {
     if (!root.isArray()) return 0;
     const auto levelOf = [shift](Node array) {
         const auto size = static_cast<long long>(array.size());
@@ -49,6 +51,8 @@ long long Measure(Node root, int shift) {
             if (levels.empty()) return depth;
         }
     }
+} catch (const std::bad_alloc&) {
+    return -1;
 }
 
 }  // namespace

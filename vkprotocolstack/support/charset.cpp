@@ -121,6 +121,9 @@ std::string_view FormOf(Conversion& conversion, std::string_view character, char
 
 thread_local Conversion theConversion;
 
+/// Stands for one that there is no memory for: every text becomes empty.
+constinit Conversion noMemory{};
+
 void Close() {
     if (theConversion.codeset[0] == '\0') return;
     iconv_close(theConversion.toLocal);
@@ -149,33 +152,36 @@ bool AsciiIsSame() {
 bool IsOpen(iconv_t converter) { return reinterpret_cast<std::intptr_t>(converter) != -1; }
 
 /// Opens both ways, or neither.
-void Open(const char* codeset) {
+/// @return 0, or why not, as in errno
+int Open(const char* codeset) {
     const std::size_t size = std::strlen(codeset) + 1;
-    if (size > sizeof theConversion.codeset) return;
+    if (size > sizeof theConversion.codeset) return EINVAL;
     theConversion.toLocal = iconv_open(codeset, "UTF-8");
-    if (!IsOpen(theConversion.toLocal)) return;
+    if (!IsOpen(theConversion.toLocal)) return errno;
     theConversion.toUtf8 = iconv_open("UTF-8", codeset);
     if (!IsOpen(theConversion.toUtf8)) {
+        const int error = errno;
         iconv_close(theConversion.toLocal);
-        return;
+        return error;
     }
     std::memcpy(theConversion.codeset, codeset, size);
     theConversion.asciiIsSame = AsciiIsSame();
     std::fill(std::begin(theConversion.forms), std::end(theConversion.forms), LocalForm{});
+    return 0;
 }
 
-/// The conversion for an encoding, null where iconv does not know it.
+/// The conversion for an encoding, null where iconv does not know it, noMemory where there is none for it.
 [[gnu::noinline]] Conversion* ConversionFor(const char* codeset) {
     if (std::strcmp(codeset, theConversion.codeset) != 0) {
         static thread_local const CloseAtThreadEnd closer;
         Close();
-        Open(codeset);
+        if (Open(codeset) == ENOMEM) return &noMemory;
     }
     return theConversion.codeset[0] == '\0' ? nullptr : &theConversion;
 }
 
-/// The conversion for the calling thread's locale as it is now, null where bytes are copied. Good until the next call
-/// on this thread.
+/// The conversion for the calling thread's locale as it is now, null where bytes are copied, or noMemory. Good until
+/// the next call on this thread.
 Conversion* LocalConversion() {
     const char* codeset = nl_langinfo(CODESET);
     if (codeset[0] == 'U' && std::strcmp(codeset, "UTF-8") == 0) return nullptr;
@@ -225,7 +231,11 @@ std::size_t CopyCut(std::string_view text, char* buffer, std::size_t size) {
 }
 
 LocalText::LocalText(char* buffer, std::size_t size)
-    : conversion_(LocalConversion()), buffer_(buffer), limit_(conversion_ == nullptr ? size : size - 1), size_(size) {}
+    : conversion_(LocalConversion()),
+      buffer_(buffer),
+      limit_(conversion_ == nullptr ? size : size - 1),
+      size_(size),
+      full_(conversion_ == &noMemory) {}
 
 void LocalText::put(std::string_view text) {
     if (full_) return;
@@ -285,6 +295,7 @@ void ToLocal(std::string_view utf8, char* buffer, std::size_t size) {
 
 std::size_t ToUtf8(std::string_view local, char* buffer, std::size_t size) {
     const Conversion* conversion = LocalConversion();
+    if (conversion == &noMemory) return CopyCut("", buffer, size);
     return IsCopied(conversion, local) ? CopyCut(local, buffer, size)
                                        : Convert(conversion->toUtf8, local, buffer, size);
 }

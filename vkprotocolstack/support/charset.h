@@ -2,7 +2,7 @@
 //
 // The local encoding is that of the calling thread's locale, asked for at every call. Where it is UTF-8, ASCII or one
 // that iconv does not know, converting copies the bytes; a text of ASCII characters is copied wherever these are the
-// same bytes locally.
+// same bytes locally. A text that there is no memory to convert becomes empty.
 #ifndef VKPROTOCOLSTACK_SUPPORT_CHARSET_H
 #define VKPROTOCOLSTACK_SUPPORT_CHARSET_H
 
@@ -50,7 +50,7 @@ class LocalText {
     std::size_t limit_;
     std::size_t size_;
     std::size_t length_ = 0;
-    bool full_ = false;
+    bool full_;        // from the beginning, where there is no memory to convert
     char pending_[4];  // the beginning of a character
     std::size_t pendingLength_ = 0;
 };
@@ -63,7 +63,7 @@ void ToLocal(std::string_view utf8, char* buffer, std::size_t size);
 /// @return the length of what was written, without the terminator
 std::size_t ToUtf8(std::string_view local, char* buffer, std::size_t size);
 
-/// Local text as a text node in UTF-8; the empty text when there is no memory for the conversion.
+/// Local text as a text node in UTF-8.
 Json::Value Utf8Node(std::string_view local);
 
 }  // namespace jsonparser::support

@@ -5,7 +5,8 @@
 // Where that is UTF-8, ASCII (the "C" locale) or unknown to iconv, converting copies the bytes, whatever they are, and
 // cuts as in UTF-8. Any other is converted by iconv: a character that the local encoding does not have, or has only in
 // a form longer than in UTF-8, becomes one "?", as does each byte that is part of no character; half of a character at
-// the end of the source is dropped. The functions may run on any number of threads at once, also in different locales.
+// the end of the source is dropped. A text that there is no memory to convert becomes empty. The functions may run on
+// any number of threads at once, also in different locales.
 #ifndef VKPROTOCOLSTACK_SUPPORT_SUPPORT_H
 #define VKPROTOCOLSTACK_SUPPORT_SUPPORT_H
 
@@ -22,7 +23,7 @@
 VK_API bool GetJsonString(const Json::Value& value, char* buffer, int size, bool convert);
 
 /// Stores the NUL-terminated text into value as a text in UTF-8, converted from the local encoding when convert is
-/// true. A null text stores the empty text, as does a text that there is no memory to convert.
+/// true. A null text stores the empty text.
 VK_API void SetJsonString(Json::Value& value, const char* text, bool convert);
 
 /// Renders any node into buffer, at most size bytes, terminator included: a text as it is, a number or a bool as
@@ -32,7 +33,7 @@ VK_API void SetJsonString(Json::Value& value, const char* text, bool convert);
 VK_API void parseJsonNodeToStr(const Json::Value& node, char* buffer, int size);
 
 /// Stores text into node as a text in UTF-8, converted from the local encoding. Reads at most size bytes and stops at a
-/// NUL; a size of 0 or less, or a null text, stores the empty text, as does a text that there is no memory to convert.
+/// NUL; a size of 0 or less, or a null text, stores the empty text.
 VK_API void packetStrToJsonNode(Json::Value& node, const char* text, int size);
 
 /// Converts the NUL-terminated UTF-8 source into the local encoding, NUL-terminated. destination takes no more bytes

@@ -1,0 +1,172 @@
+// Instructions of every converter while its input doubles, for scripts/growth: dumped by callgrind under
+// "<length> <converter>, <what grows>", each length followed by its double.
+
+#include <valgrind/callgrind.h>
+
+#include <cstdlib>
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "fuzz/converters.h"
+#include "places.h"
+#include "testing/json.h"
+#include "vkprotocolstack/JsonParser.h"
+
+namespace reliability {
+namespace {
+
+using fuzz::Memory;
+using fuzz::Reader;
+
+/// Lengths within what records hold, as a rule, and beyond. From some length between on, the C library moves memory by
+/// an instruction that counts once for each byte: no pair of lengths stands on both sides of that.
+constexpr Json::ArrayIndex kFew = 8;
+constexpr Json::ArrayIndex kMany = 1024;
+constexpr Json::ArrayIndex kShortText = 16;
+constexpr Json::ArrayIndex kLongText = 4096;
+
+/// Counts one call of convert, behind one that is not counted. prepare goes before each.
+void Count(const std::string& name, std::size_t length, const std::function<void()>& prepare,
+           const std::function<void()>& convert) {
+    prepare();
+    convert();
+    prepare();
+    CALLGRIND_TOGGLE_COLLECT;
+    convert();
+    CALLGRIND_TOGGLE_COLLECT;
+    const std::string trigger = std::to_string(length) + ' ' + name;
+    CALLGRIND_DUMP_STATS_AT(trigger.c_str());
+}
+
+/// Counts what the reader takes for messages of a length and its double, by both roads.
+void CountReader(const Reader& reader, const std::string& what, Json::ArrayIndex length,
+                 const std::function<Json::Value(Json::ArrayIndex)>& messageOf) {
+    Memory memory(reader.target);
+    const std::string name = std::string(reader.name) + ", " + what;
+    const auto clear = [&memory] { memory.fill(""); };
+    for (const Json::ArrayIndex n : {length, 2 * length}) {
+        Json::Value node = messageOf(n);
+        Count(name + ", value", n, clear, [&] { reader.value(node, memory.get()); });
+    }
+    for (const Json::ArrayIndex n : {length, 2 * length}) {
+        const std::string text = testing_tools::Text(messageOf(n));
+        Count(name + ", text", n, clear, [&] {
+            jsonparser::MessageText source(text);
+            reader.text(source.at(""), memory.get());
+        });
+    }
+}
+
+/// The arrays that a reader looks into.
+std::set<Path> ArraysOf(const Places& places) {
+    std::set<Path> arrays;
+    for (const auto& [path, filling] : places) {
+        if (!path.empty() && std::holds_alternative<Json::ArrayIndex>(path.back())) {
+            arrays.emplace(path.begin(), path.end() - 1);
+        }
+    }
+    return arrays;
+}
+
+void CountReader(const Reader& reader) {
+    const Places& places = PlacesOf(reader);
+    const Filling segments{"1 08:00:00-17:30:00", 4, true};
+    for (const Json::ArrayIndex length : {kShortText, kLongText}) {
+        CountReader(reader, "texts", length, [&](Json::ArrayIndex n) {
+            return Message(places, {std::string(n, 'x'), 4, true});
+        });
+        CountReader(reader, "texts of two-byte characters", length, [&](Json::ArrayIndex n) {
+            std::string text;
+            for (Json::ArrayIndex i = 0; i < n; i += 2) text += "é";
+            return Message(places, {text, 4, true});
+        });
+    }
+    for (const Json::ArrayIndex length : {kFew, kMany}) {
+        CountReader(reader, "arrays in place of scalars", length, [&](Json::ArrayIndex n) {
+            Json::Value array(Json::arrayValue);
+            for (Json::ArrayIndex i = 0; i < n; ++i) array.append(i);
+            return Message(places, {array, 4, true});
+        });
+        CountReader(reader, "unknown members", length, [&](Json::ArrayIndex n) {
+            Json::Value message = Message(places, {"x", 4, false});
+            if (!message.isObject()) message = Json::Value(Json::objectValue);
+            for (Json::ArrayIndex i = 0; i < n; ++i) message["Unknown" + std::to_string(i)] = 1;
+            return message;
+        });
+        for (const Path& path : ArraysOf(places)) {
+            CountReader(reader, "array " + Pointer(path), length, [&](Json::ArrayIndex n) {
+                Json::Value message = Message(places, segments);
+                Json::Value& array = At(message, path);
+                const Json::Value element = array[3];
+                array.resize(3);
+                while (array.size() < n) array.append(element);
+                return message;
+            });
+        }
+    }
+}
+
+/// Writers whose input has a length.
+void CountWriters() {
+    const auto count = [](const std::string& name, std::size_t length,
+                          const std::function<void(Json::Value&, int)>& write) {
+        for (const std::size_t n : {length, 2 * length}) {
+            Json::Value node;
+            Count(
+                name, n, [&node] { node = Json::Value(); }, [&] { write(node, static_cast<int>(n)); });
+        }
+    };
+    std::string text(2 * kLongText, 'x');
+    const std::vector<tagVK_TSECT> sections(2 * kMany);
+    const std::vector<tagCFG_TIME_SECTION> maskedSections(2 * kMany);
+    const std::vector<tagNET_TIME_SECTION> group(2 * kMany);
+    for (const std::size_t length : {kShortText, kLongText}) {
+        count("packetAssicToUtf8Jason", length,
+              [&text](Json::Value& node, int n) { packetAssicToUtf8Jason(node, text.data(), n); });
+    }
+    for (const std::size_t length : {kFew, kMany}) {
+        count("SetJsonTimeSchedule, rows", length,
+              [&](Json::Value& node, int n) { SetJsonTimeSchedule(node, sections.data(), n, 1); });
+        count("SetJsonTimeSchedule, segments", length,
+              [&](Json::Value& node, int n) { SetJsonTimeSchedule(node, maskedSections.data(), 1, n); });
+        count("SetJsonTimeGroup/1", length,
+              [&](Json::Value& node, int n) { SetJsonTimeGroup(node, maskedSections.data(), n); });
+        count("SetJsonTimeGroup/2", length, [&](Json::Value& node, int n) { SetJsonTimeGroup(node, group.data(), n); });
+    }
+    jsonparser::Owned<tagFACERECOGNITION_PERSON_INFO> person;
+    count("PacketPersonInfo/1, pictures", 24, [&person](Json::Value& node, int n) {
+        person->wFacePicNum = static_cast<unsigned short>(n);
+        PacketPersonInfo(node, *person);
+    });
+    jsonparser::Owned<tagFACERECOGNITION_PERSON_INFOEX> personEx;
+    count("PacketPersonInfo/2, pictures", 24, [&personEx](Json::Value& node, int n) {
+        personEx->wFacePicNum = static_cast<unsigned short>(n);
+        PacketPersonInfo(node, *personEx);
+    });
+}
+
+void CountTextReaders() {
+    for (const fuzz::TextReader& reader : fuzz::TextReaders()) {
+        for (const std::size_t length : {kShortText, kLongText}) {
+            for (const std::size_t n : {length, 2 * length}) {
+                const std::string text(n, 'x');
+                Count(
+                    std::string(reader.name), n, [] {}, [&] { reader.read(text); });
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace reliability
+
+int main() {
+    for (const fuzz::Reader& reader : fuzz::Readers()) reliability::PlacesOf(reader);
+    CALLGRIND_START_INSTRUMENTATION;
+    for (const fuzz::Reader& reader : fuzz::Readers()) reliability::CountReader(reader);
+    reliability::CountWriters();
+    reliability::CountTextReaders();
+    return 0;
+}
