@@ -33,6 +33,8 @@ function(jsonparser_add_aliases target name)
     add_library(JsonParser::${name} ALIAS ${target}_${jsonparser_kind})
 endfunction()
 
+set(jsonparser_exports ${PROJECT_SOURCE_DIR}/vkprotocolstack/exports.map)
+
 # Adds a library, static, shared or both, from objects, so that tests can link the same objects another way. The objects
 # are position-independent: a static library, too, can become part of a client's own shared one.
 function(jsonparser_add_library name)
@@ -49,6 +51,10 @@ function(jsonparser_add_library name)
         target_link_libraries(${target}_${kind} PUBLIC jsonparser_headers)
         set_target_properties(${target}_${kind} PROPERTIES EXPORT_NAME ${name} OUTPUT_NAME jsonparser-${name}
                               LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${jsonparser_soversion})
+        if(kind STREQUAL shared)
+            target_link_options(${target}_${kind} PRIVATE LINKER:--version-script=${jsonparser_exports})
+            set_target_properties(${target}_${kind} PROPERTIES LINK_DEPENDS ${jsonparser_exports})
+        endif()
     endforeach()
     jsonparser_add_aliases(${target} ${name})
 endfunction()

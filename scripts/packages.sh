@@ -18,5 +18,6 @@ install_packages() {
 build_packages=(g++ cmake ninja-build libjsoncpp-dev libcli11-dev libfmt-dev nlohmann-json3-dev libtbb-dev)
 test_packages=("${build_packages[@]}" libgtest-dev librapidcheck-dev bats locales make pkg-config python3 tzdata mandoc bsdextrautils zsh fish)
 bench_packages=("${build_packages[@]}" libbenchmark-dev locales rapidjson-dev libsimdjson-dev python3 valgrind)
-check_packages=("${test_packages[@]}" clang clang-format clang-tidy libclang-rt-14-dev pkg-config)
+check_packages=("${test_packages[@]}" abigail-tools xz-utils clang clang-format clang-tidy libclang-rt-14-dev pkg-config)
+abi_packages=("${build_packages[@]}" abigail-tools xz-utils)
 package_packages=("${build_packages[@]}" pkg-config lintian debootstrap file)
