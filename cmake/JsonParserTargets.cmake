@@ -11,6 +11,25 @@ function(jsonparser_target_options target)
                                              $<$<BOOL:${JSONPARSER_WARNINGS_AS_ERRORS}>:-Werror>)
 endfunction()
 
+# Hardening of what is shipped, beside what the distribution builds with by default. tests/hardening looks whether it is
+# there. Not for sanitizers and Debug, which are to see the code as it is written.
+include(CheckPIESupported)
+check_pie_supported()
+option(JSONPARSER_HARDENING "Build libraries and tool with the usual hardening flags" ON)
+function(jsonparser_harden target)
+    if(NOT JSONPARSER_HARDENING OR JSONPARSER_SANITIZE)
+        return()
+    endif()
+    set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+    set(flags -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3 -fstack-protector-strong -fstack-clash-protection)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64)$")
+        list(APPEND flags -fcf-protection)
+    endif()
+    target_compile_options(${target} PRIVATE "$<${optimised}:${flags}>")
+    set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now,-z,noexecstack)
+endfunction()
+
 # BUILD_SHARED_LIBS says which kind of libraries is built. Where nobody has set it, the project by itself builds both.
 set(jsonparser_kind static)
 if(BUILD_SHARED_LIBS)
@@ -33,6 +52,8 @@ function(jsonparser_add_aliases target name)
     add_library(JsonParser::${name} ALIAS ${target}_${jsonparser_kind})
 endfunction()
 
+set(jsonparser_exports ${PROJECT_SOURCE_DIR}/vkprotocolstack/exports.map)
+
 # Adds a library, static, shared or both, from objects, so that tests can link the same objects another way. The objects
 # are position-independent: a static library, too, can become part of a client's own shared one.
 function(jsonparser_add_library name)
@@ -45,6 +66,7 @@ function(jsonparser_add_library name)
         target_compile_options(${target}_objects PRIVATE -Wstack-usage=2048)  # clients call on threads with small stacks
     endif()
     target_link_libraries(${target}_objects PUBLIC jsonparser_headers)
+    jsonparser_harden(${target}_objects)
 
     foreach(kind ${jsonparser_kinds})
         string(TOUPPER ${kind} type)
@@ -52,6 +74,11 @@ function(jsonparser_add_library name)
         target_link_libraries(${target}_${kind} PUBLIC jsonparser_headers)
         set_target_properties(${target}_${kind} PROPERTIES EXPORT_NAME ${name} OUTPUT_NAME jsonparser-${name}
                               LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${jsonparser_soversion})
+        if(kind STREQUAL shared)
+            jsonparser_harden(${target}_${kind})
+            target_link_options(${target}_${kind} PRIVATE LINKER:--version-script=${jsonparser_exports})
+            set_target_properties(${target}_${kind} PROPERTIES LINK_DEPENDS ${jsonparser_exports})
+        endif()
     endforeach()
     jsonparser_add_aliases(${target} ${name})
 endfunction()

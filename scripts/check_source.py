@@ -172,15 +172,48 @@ def check_catalogue(report):
         report(header, 1, f"has no {row}, which scripts/check_source.py says is not in the catalogue; take it off")
 
 
+def check_layouts(report):
+    """Every struct of the public headers is a record of the field lists, which account for its bytes."""
+    fields = without_comments((ROOT / "include" / "vkrecords" / "fields.h").read_text())
+    layouts = re.findall(r"\w+", re.search(r"using AllLayouts = LayoutList<(.*?)>;", fields, re.DOTALL)[1])
+    for path in sorted((ROOT / "include" / "vkrecords").glob("*.h")):
+        if path.name == "fields.h":
+            continue
+        for number, match in lines_with(r"^(?:typedef )?(?:struct|union) (\w+).*\{", path.read_text()):
+            if match[1] not in layouts:
+                report(path, number, f"{match[1]} is not in AllLayouts of include/vkrecords/fields.h; list its fields")
+
+
+def check_promises(report):
+    """Every promise of SECURITY.md names tests, and they exist."""
+    path = ROOT / "SECURITY.md"
+    tests = set()
+    for source in (ROOT / "tests").rglob("*_test.cpp"):
+        tests |= {f"{suite}.{name}" for suite, name in re.findall(r"\bTEST(?:_[FP])?\((\w+),\s*(\w+)\)", source.read_text())}
+    for source in (ROOT / "tests").rglob("*.bats"):
+        tests |= set(re.findall(r'^@test "(.*)" \{', source.read_text(), re.MULTILINE))
+    for number, line in enumerate(path.read_text().split("\n"), 1):
+        cells = line.split(" | ")
+        if not line.startswith("| ") or len(cells) != 2 or cells[0] == "| promise":
+            continue
+        names = re.findall(r"`([^`]+)`", cells[1])
+        if not names:
+            report(path, number, "names no test; a promise is one that a test shows")
+        for name in names:
+            if name not in tests:
+                report(path, number, f"there is no test {name}; name the one that shows it")
+
+
 def main():
     breaches = []
 
     def report(path, number, what):
         breaches.append(f"{path.relative_to(ROOT)}:{number}: {what}")
 
-    for check in (check_layers, check_reading, check_names, check_capacities, check_catalogue):
+    for check in (check_layers, check_reading, check_names, check_capacities, check_catalogue, check_layouts,
+                  check_promises):
         check(report)
-    print("\n".join(breaches) or "sources: layers, reading, names, capacities and catalogue are in order")
+    print("\n".join(breaches) or "sources: layers, reading, names, capacities, catalogue, layouts and promises are in order")
     return 1 if breaches else 0
 
 

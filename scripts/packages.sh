@@ -21,4 +21,5 @@ bench_packages=("${build_packages[@]}" libbenchmark-dev locales rapidjson-dev li
 reference_packages=("${build_packages[@]}" doxygen python3)
 growth_packages=("${test_packages[@]}" valgrind)
 check_packages=("${test_packages[@]}" clang-format clang-tidy libclang-rt-14-dev)
+abi_packages=("${build_packages[@]}" abigail-tools xz-utils)
 package_packages=("${build_packages[@]}" pkg-config dpkg-dev lintian debootstrap file)

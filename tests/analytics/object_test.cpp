@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "testing/record.h"
 
 namespace {
@@ -16,6 +17,7 @@ namespace {
 using testing_tools::Fields;
 using testing_tools::HostileValues;
 using testing_tools::Json;
+using testing_tools::Utf8Texts;
 
 template <class Record>
 constexpr bool kIsFirst = std::is_same_v<Record, VK_MSG_OBJECT>;
@@ -433,6 +435,7 @@ TYPED_TEST(AnyParseStrtoObject, AnImageKeepsTheLowBitsOfItsNumbers) {
 }
 
 TYPED_TEST(AnyParseStrtoObject, AFilePathIsNeverCut) {
+    const Utf8Texts utf8;
     using Record = TypeParam;
     const auto picture = [](Record& e) { e.bPicEnable = 1; };
     for (const std::size_t length : {0U, 1U, 127U, 128U, 260U, 100000U}) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "testing/record.h"
 
 namespace {
@@ -14,6 +15,7 @@ using testing_tools::HostileValues;
 using testing_tools::Json;
 using testing_tools::Placed;
 using testing_tools::Text;
+using testing_tools::Utf8Texts;
 
 constexpr const char* kCandidate = R"({
     "Similarity": 91, "Channel": 92, "Range": 93, "Time": "2024-01-05 09:30:07", "Address": "人民广场东门",
@@ -29,6 +31,7 @@ using Candidates = testing::Types<tagCANDIDATE_INFO, tagCANDIDATE_INFOEX>;
 TYPED_TEST_SUITE(ParseCandidateOfBoth, Candidates);
 
 TYPED_TEST(ParseCandidateOfBoth, ReadsEveryMember) {
+    const Utf8Texts utf8;
     const jsonparser::Owned<TypeParam> zero;
     Placed<TypeParam> info;
     *info = *zero;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "testing/record.h"
 
 namespace {
@@ -11,6 +12,7 @@ namespace {
 using testing_tools::HostileValues;
 using testing_tools::Json;
 using testing_tools::Placed;
+using testing_tools::Utf8Texts;
 
 TEST(ParseExtensionInfo, CutsTheIdentifierTo52Bytes) {
     for (const std::size_t length : {0U, 1U, 50U, 51U, 52U, 60U}) {
@@ -23,6 +25,7 @@ TEST(ParseExtensionInfo, CutsTheIdentifierTo52Bytes) {
 }
 
 TEST(ParseExtensionInfo, CutKeepsWholeCharacters) {
+    const Utf8Texts utf8;
     Placed<tagNET_EXTENSION_INFO> info;
     Json::Value event;
     event["EventLongID"] = std::string(49, 'e') + "路路";

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "testing/record.h"
 
 namespace {
@@ -20,6 +21,7 @@ using testing_tools::Json;
 using testing_tools::kPattern;
 using testing_tools::Placed;
 using testing_tools::Text;
+using testing_tools::Utf8Texts;
 
 using First = tagFACERECOGNITION_PERSON_INFO;
 using Second = tagFACERECOGNITION_PERSON_INFOEX;
@@ -90,6 +92,7 @@ constexpr const char* kPerson = R"({
     "Attractive": 24, "FeatureState": 25, "CustomPersonInfo": ["one", "two"]})";
 
 TYPED_TEST(BothPersons, ReadEverySharedMember) {
+    const Utf8Texts utf8;
     Owned<TypeParam> info;
     ParsePersonInfo(Json(kPerson), *info);
     EXPECT_STREQ(NameOf(*info), "王小明");
@@ -119,6 +122,7 @@ TYPED_TEST(BothPersons, ReadEverySharedMember) {
 }
 
 TEST(ParsePersonInfo, ReadsTheOtherMembersOfTheSecondGeneration) {
+    const Utf8Texts utf8;
     Owned<Second> info;
     ParsePersonInfo(Json(kPerson), *info);
     EXPECT_STREQ(info->szComment, "comment");
@@ -541,6 +545,7 @@ TEST(ParsePersonInfo, CallersBufferIsLeftByWhatIsNoText) {
 }
 
 TEST(ParsePersonInfo, CallersBufferIsZeroedBehindAnEmbeddedNulAndACutCharacter) {
+    const Utf8Texts utf8;
     const std::string text("ab\0cd", 5);
     EXPECT_EQ(BufferAfter(kCallerTexts[0], WithText("Comment", text), 255), Filled(std::string("ab\0\0\0\0", 6)));
     EXPECT_EQ(BufferAfter(kCallerTexts[0], WithText("Comment", text), 4), Filled(std::string("ab\0\0", 4)));
@@ -549,6 +554,7 @@ TEST(ParsePersonInfo, CallersBufferIsZeroedBehindAnEmbeddedNulAndACutCharacter) 
 }
 
 TEST(ParsePersonInfo, EachBufferGetsItsOwnText) {
+    const Utf8Texts utf8;
     char comment[16];
     char groupId[16];
     char groupName[16];
@@ -795,6 +801,7 @@ void FillShared(Person& info) {
 }
 
 TEST(PacketPersonInfo, WritesEveryFieldOfTheFirstGeneration) {
+    const Utf8Texts utf8;
     Placed<First> info;
     info.clear();
     FillShared(*info);
@@ -821,6 +828,7 @@ TEST(PacketPersonInfo, WritesEveryFieldOfTheFirstGeneration) {
 }
 
 TEST(PacketPersonInfo, WritesEveryFieldOfTheSecondGeneration) {
+    const Utf8Texts utf8;
     Placed<Second> info;
     info.clear();
     FillShared(*info);
@@ -1194,6 +1202,7 @@ TYPED_TEST(BothPersons, WriteAsManyPicturesAsTheCountSaysAlsoBehindTheArray) {
 }
 
 TEST(PacketPersonInfo, AsMuchCustomInformationAsTheCountSaysAlsoBehindTheArray) {
+    const Utf8Texts utf8;
     for (const int count : {4, 5, 10, 20}) {
         Embedded<Second> buffer;
         buffer.record().nCustomPersonInfoNum = count;

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "vkprotocolstack/JsonParser.h"
 
 namespace {
@@ -31,6 +32,7 @@ namespace {
 using testing_tools::HostileValues;
 using testing_tools::Json;
 using testing_tools::Text;
+using testing_tools::Utf8Texts;
 
 /// What a destination of size bytes, filled with '#', holds after the reader. Nothing is written beyond it.
 std::string Read(const Json::Value& value, int limit, std::size_t size) {
@@ -66,6 +68,7 @@ TEST(ParseUtf8JasonToAssic, WritesTextAndTerminatorAndNoByteMore) {
 }
 
 TEST(ParseUtf8JasonToAssic, TheLimitCountsBytesOfUtf8) {
+    const Utf8Texts utf8;
     EXPECT_EQ(Read("京A路", 6, 8), std::string("京A\xE8\xB7\0#", 8));
     EXPECT_EQ(Read("京A路", 7, 8), std::string("京A路\0", 8));
 }
@@ -117,6 +120,7 @@ TEST(ParseUtf8JasonToAssic, OtherValuesAreTakenByTheirText) {
 }
 
 TEST(ParseUtf8JasonToAssic, NoValueWritesMoreThanLimitBytesAndATerminator) {
+    const Utf8Texts utf8;
     for (const Json::Value& value : HostileValues()) {
         for (const int limit : {0, 1, 31, 32, 64, 256}) {
             const auto size = static_cast<std::size_t>(limit) + 1;
@@ -144,6 +148,7 @@ TEST(PacketAssicToUtf8Jason, StoresAnEmptyTextForLength0) {
 }
 
 TEST(PacketAssicToUtf8Jason, StoresLengthBytes) {
+    const Utf8Texts utf8;
     EXPECT_EQ(Written("text", 1), R"("t")");
     EXPECT_EQ(Written("text", 3), R"("tex")");
     EXPECT_EQ(Written("text", 4), R"("text")");

@@ -6,15 +6,18 @@
 #include <vector>
 
 #include "testing/buffer.h"
+#include "testing/locale.h"
 #include "vkprotocolstack/support/support.h"
 
 namespace {
 
 using testing_tools::Buffer;
 using testing_tools::Unterminated;
+using testing_tools::Utf8Texts;
 using namespace std::string_view_literals;
 
 TEST(Change_Assic_UTF8, ConvertsSoManyBytesOrThoseBeforeANul) {
+    const Utf8Texts utf8;
     const struct {
         std::string_view source;
         int length;
@@ -44,6 +47,7 @@ TEST(Change_Assic_UTF8, ANullSourceOfNoLengthGivesTheEmptyText) {
 }
 
 TEST(Change_Assic_UTF8, CutsBehindAWholeCharacterAtEverySize) {
+    const Utf8Texts utf8;
     const std::string source = "aé路😀z";
     const std::vector<std::string> expected = {"",     "a",    "a",    "aé",    "aé",     "aé",    "aé路",
                                                "aé路", "aé路", "aé路", "aé路😀", "aé路😀z", "aé路😀z"};

@@ -3,14 +3,17 @@
 #include <string>
 
 #include "testing/buffer.h"
+#include "testing/locale.h"
 #include "vkprotocolstack/support/support.h"
 
 namespace {
 
 using testing_tools::Buffer;
 using testing_tools::Holding;
+using testing_tools::Utf8Texts;
 
 TEST(Change_Utf8_Assic, CopiesTheSourceAndItsTerminatorAndNothingBehind) {
+    const Utf8Texts utf8;
     for (std::string source : {"", "a", "abc", "沪A·12345", "😀", "\xFF\xFE\x80", "路\xE8\xB7"}) {
         Buffer destination(source.size() + 4);
         Change_Utf8_Assic(reinterpret_cast<unsigned char*>(source.data()), destination.get());
@@ -26,6 +29,7 @@ TEST(Change_Utf8_Assic, StopsAtTheFirstNul) {
 }
 
 TEST(Change_Utf8_Assic, WritesNoMoreThanTheSourceHas) {
+    const Utf8Texts utf8;
     unsigned char source[] = "沪A";
     Buffer destination(sizeof source);
     Change_Utf8_Assic(source, destination.get());

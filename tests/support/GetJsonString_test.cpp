@@ -7,6 +7,7 @@
 
 #include "testing/buffer.h"
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "vkprotocolstack/support/support.h"
 
 namespace {
@@ -14,8 +15,10 @@ namespace {
 using testing_tools::Buffer;
 using testing_tools::Json;
 using testing_tools::Unterminated;
+using testing_tools::Utf8Texts;
 
 TEST(GetJsonString, CopiesATextWhateverTheFlagSays) {
+    const Utf8Texts utf8;
     for (const bool convert : {true, false}) {
         Buffer buffer(33);
         EXPECT_TRUE(GetJsonString("沪A·12345", buffer.get(), 33, convert));
@@ -55,6 +58,7 @@ TEST(GetJsonString, ASizeOfOneGivesTheEmptyText) {
 }
 
 TEST(GetJsonString, CutsBehindAWholeCharacterAtEverySize) {
+    const Utf8Texts utf8;
     const Json::Value value = "aé路😀z";  // characters of 1, 2, 3, 4 and 1 bytes
     const std::vector<std::string> expected = {"",     "a",    "a",    "aé",    "aé",     "aé",    "aé路",
                                                "aé路", "aé路", "aé路", "aé路😀", "aé路😀z", "aé路😀z"};
@@ -66,6 +70,7 @@ TEST(GetJsonString, CutsBehindAWholeCharacterAtEverySize) {
 }
 
 TEST(GetJsonString, CutsCharactersOfEveryLengthAtEveryPlace) {
+    const Utf8Texts utf8;
     for (const std::string character : {"x", "é", "\u07FF", "\u0800", "路", "\uFFFD", "\U00010000", "😀"}) {
         for (const std::string prefix : {"", "a", "ab", "abc"}) {
             std::string text = prefix;
@@ -90,6 +95,7 @@ TEST(GetJsonString, TakesATextUpToItsFirstNul) {
 }
 
 TEST(GetJsonString, BytesThatAreNoUtf8AreCopiedAndCutWithoutLookingBeyondThem) {
+    const Utf8Texts utf8;
     Buffer buffer(16);
     EXPECT_TRUE(GetJsonString("\xFF\xFE\x80", buffer.get(), 16, true));
     EXPECT_EQ(buffer.text(), "\xFF\xFE\x80");
@@ -102,6 +108,7 @@ TEST(GetJsonString, BytesThatAreNoUtf8AreCopiedAndCutWithoutLookingBeyondThem) {
 }
 
 TEST(GetJsonString, ReadsNoFurtherThanTheText) {
+    const Utf8Texts utf8;
     Unterminated bytes("abc路");
     const Json::Value value(Json::StaticString("abc"));
     Buffer buffer(64);

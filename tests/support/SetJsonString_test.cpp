@@ -4,14 +4,17 @@
 #include <string>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "vkprotocolstack/support/support.h"
 
 namespace {
 
 using testing_tools::HostileValues;
 using testing_tools::Text;
+using testing_tools::Utf8Texts;
 
 TEST(SetJsonString, StoresTheTextWhateverTheFlagSays) {
+    const Utf8Texts utf8;
     for (const bool convert : {true, false}) {
         Json::Value value;
         SetJsonString(value, "沪A·12345", convert);

@@ -6,15 +6,18 @@
 
 #include "testing/buffer.h"
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "vkprotocolstack/support/support.h"
 
 namespace {
 
 using testing_tools::HostileValues;
 using testing_tools::Unterminated;
+using testing_tools::Utf8Texts;
 using namespace std::string_view_literals;
 
 TEST(packetStrToJsonNode, ReadsAtMostSizeBytesAndStopsAtANul) {
+    const Utf8Texts utf8;
     const struct {
         std::string_view text;
         int size;

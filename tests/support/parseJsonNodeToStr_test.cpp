@@ -13,6 +13,7 @@
 
 #include "testing/buffer.h"
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "vkprotocolstack/support/support.h"
 
 namespace {
@@ -21,6 +22,7 @@ using testing_tools::Buffer;
 using testing_tools::HostileValues;
 using testing_tools::Json;
 using testing_tools::Text;
+using testing_tools::Utf8Texts;
 
 std::string Rendered(const Json::Value& node, std::size_t size) {
     Buffer buffer(size);
@@ -42,6 +44,7 @@ void ExpectAtEverySize(const Json::Value& node, const std::string& whole) {
 }
 
 TEST(parseJsonNodeToStr, RendersEveryType) {
+    const Utf8Texts utf8;
     const struct {
         Json::Value node;
         const char* expected;
@@ -88,6 +91,7 @@ TEST(parseJsonNodeToStr, ATextEndsAtItsFirstNulAndATextInATreeDoesNot) {
 }
 
 TEST(parseJsonNodeToStr, CutsCharactersOfEveryLengthBetweenThem) {
+    const Utf8Texts utf8;
     for (const char* text : {"aé路😀z", "éééé", "路路路", "😀😀😀", "a路路", "ab😀😀"}) {
         ExpectAtEverySize(text, text);
         Json::Value tree;
@@ -97,6 +101,7 @@ TEST(parseJsonNodeToStr, CutsCharactersOfEveryLengthBetweenThem) {
 }
 
 TEST(parseJsonNodeToStr, LeavesNothingOfACharacterThatDoesNotFit) {
+    const Utf8Texts utf8;
     for (const char* text : {"aé路😀z", "éééé", "路路路", "😀😀😀"}) {
         const std::string whole = text;
         for (std::size_t size = 1; size <= whole.size(); ++size) {
@@ -136,6 +141,7 @@ TEST(parseJsonNodeToStr, AHugeSparseArrayIsRenderedOnlyAsFarAsItFits) {
 }
 
 TEST(parseJsonNodeToStr, ContainersAreByteForByteWhatTheStreamWriterWrites) {
+    const Utf8Texts utf8;
     for (const Json::Value& value : HostileValues()) {
         Json::Value tree;
         tree["value"] = value;
@@ -202,6 +208,7 @@ class RandomTrees {
 };
 
 TEST(parseJsonNodeToStr, RandomTreesAreByteForByteWhatTheStreamWriterWrites) {
+    const Utf8Texts utf8;
     Json::StreamWriterBuilder builder;
     builder["indentation"] = "";
     builder["emitUTF8"] = true;

@@ -23,6 +23,20 @@ class ThreadLocale {
     locale_t previous_;
 };
 
+/// For tests with texts that are not ASCII: while it lives, this thread's texts in records are those of messages, byte
+/// for byte, whatever the locale. Numbers and letters stay as the locale has them.
+class Utf8Texts {
+  public:
+    Utf8Texts();
+    ~Utf8Texts();
+    Utf8Texts(const Utf8Texts&) = delete;
+    Utf8Texts& operator=(const Utf8Texts&) = delete;
+
+  private:
+    locale_t locale_ = nullptr;  // null where nothing had to change
+    locale_t previous_ = nullptr;
+};
+
 }  // namespace testing_tools
 
 #endif

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "testing/record.h"
 
 namespace {
@@ -16,6 +17,7 @@ using testing_tools::HostileValues;
 using testing_tools::Json;
 using testing_tools::kPattern;
 using testing_tools::Placed;
+using testing_tools::Utf8Texts;
 
 // Both generations begin with the same fields, so these tests hold for both.
 
@@ -88,6 +90,7 @@ constexpr const char* kEveryMember = R"({
     "SmallVehicles": 9, "MotoVehicles": 10, "LongVehicles": 11, "BackOfQueue": 120.25, "Rank": "Branch", "State": 12})";
 
 TYPED_TEST(FlowStatistics, ReadsEveryMember) {
+    const Utf8Texts utf8;
     Placed<TypeParam> info;
     EXPECT_EQ(Parse(Json(kEveryMember), info.get()), 0);
     EXPECT_STREQ(info->szMachineAddress, "高架路 1");
@@ -542,6 +545,7 @@ TYPED_TEST(FlowStatistics, TextsThatAllFillTheirFieldsKeepOneTerminator) {
 }
 
 TYPED_TEST(FlowStatistics, TextsAreCutBetweenBytesNotCharacters) {
+    const Utf8Texts utf8;
     Placed<TypeParam> info;
     std::string road;
     for (int i = 0; i < 100; ++i) road += "路";

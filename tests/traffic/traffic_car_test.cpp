@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "testing/record.h"
 
 namespace {
@@ -12,6 +13,7 @@ namespace {
 using testing_tools::HostileValues;
 using testing_tools::Json;
 using testing_tools::Text;
+using testing_tools::Utf8Texts;
 
 using Info = tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO;
 
@@ -386,6 +388,7 @@ TEST(ParseStrtoTrafficCar, ANullAddressIsMissingButAnEmptyTextWhereIsMemberIsAsk
 }
 
 TEST(ParseStrtoTrafficCar, AddressesOfAnyLengthAreKeptWhole) {
+    const Utf8Texts utf8;
     Json::Value node;
     node["DeviceAddress"] = std::string(5000, 'd') + "路";
     node["DetailedAddress"] = 12.5;
@@ -414,6 +417,7 @@ TEST(ParseStrtoTrafficCar, DirectionMissingIs8AndZeroIsZero) {
 }
 
 TEST(ParseStrtoTrafficCar, DefendCodeIsTheTextFormOfAnyValue) {
+    const Utf8Texts utf8;
     EXPECT_STREQ(Car(R"({"DefendCode": 17})")->szDefendCode, "17");
     EXPECT_STREQ(Car(R"({"DefendCode": true})")->szDefendCode, "true");
     EXPECT_STREQ(Car(R"({"DefendCode": [1, {"a": "路"}]})")->szDefendCode, R"([1,{"a":"路"}])");
@@ -613,6 +617,7 @@ TEST(ParseStrtoTrafficCar, RawTextsAreCutByteForByteOneBelowTheirField) {
 }
 
 TEST(ParseStrtoTrafficCar, BoundedTextsAreCutAtWholeCharactersWithinTheirField) {
+    const Utf8Texts utf8;
     const TextField rows[] = {
         {"CustomParkNo", 2008, 33},
         {"VehicleSign",  1712, 32},
