@@ -26,6 +26,38 @@ print(json.dumps(json.load(sys.stdin), ensure_ascii=False, separators=(",", ":")
     done < <(grep -v '^#' "$MESSAGES/index.txt")
 }
 
+@test "findings of --lines are those of decode, sound and broken messages alike" {
+    while read -r record line; do
+        printf '%b' "$line" >"$BATS_TEST_TMPDIR/line"
+        for option in "" --strict --lenient; do
+            plain=0 lines=0
+            "$JSONPARSER" decode "$record" --json $option "$BATS_TEST_TMPDIR/line" >/dev/null \
+                2>"$BATS_TEST_TMPDIR/plain" || plain=$?
+            "$JSONPARSER" decode "$record" --lines $option "$BATS_TEST_TMPDIR/line" >/dev/null \
+                2>"$BATS_TEST_TMPDIR/lines" || lines=$?
+            [ "$plain" -eq "$lines" ]
+            cmp "$BATS_TEST_TMPDIR/plain" <(grep -v '^jsonparser: 1 of 1 lines are bad$' "$BATS_TEST_TMPDIR/lines")
+        done
+    done <<'END'
+VK_POINT [1, 2]
+VK_POINT [1, 70000]
+VK_POINT [1, 2, 3]
+VK_POINT [1, 2
+VK_POINT [1, 2] 3
+VK_POINT [1, 2,] // end
+VK_POINT [1, 02]
+VK_POINT [1, 1e999]
+VK_POINT \xEF\xBB\xBF[1, 2]
+VK_POINT \xEF\xBB\xBF[1, x]
+trafficcar {"PlateNumber": "\xFF", "Speed": 87}
+trafficcar {"PlateNumbr": "A", "Speed": "87", "Speed": 1.5}
+trafficcar {"PlateNumber": "A", "Speed": 87
+PlateColor "Bleu"
+SeatBelt/exact "WithSafeBelt"
+SeatBelt/exact 5
+END
+}
+
 @test "blank lines are passed over, and counted as lines of the file" {
     run --separate-stderr decode_points '\n[1, 2]\n  \t\n\r\n[3, 4, x]\n\n'
     [ "$status" -eq 1 ]

@@ -13,11 +13,12 @@
 #include "record_form.h"
 #include "record_input.h"
 #include "style.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace tool {
 namespace {
 
-/// Reads the document on a line; it goes to use, which adds its findings.
+/// Reads the document on a line into a tree; it goes to use, which adds its findings.
 LineFunction WithLine(const std::string& at, const ReadingOptions& reading,
                       const std::function<void(const Document&, std::string&, std::vector<Finding>&)>& use) {
     return [at, reading, use, style = StyleOf(stderr)](LinePlace place, std::string_view line, std::string& output,
@@ -35,18 +36,41 @@ LineFunction WithLine(const std::string& at, const ReadingOptions& reading,
     };
 }
 
+/// Appends the record to output, straight from the line's text. What is strictly valid there is so for both of the
+/// tool's readers, and means the same.
+/// @return false when there is no such record, or it is not whole, or only a tree can tell
+bool AppendRecordFromText(const CatalogueEntry& entry, const std::string& at, const ReadingOptions& reading,
+                          std::string_view line, std::string& output) {
+    if (entry.decodeText == nullptr) return false;
+    jsonparser::MessageTextOptions options;
+    options.strictOnly = true;
+    options.maxDepth = reading.maximumDepth;
+    jsonparser::MessageText message(line, options);
+    const jsonparser::MessagePlace place = message.at(at);
+    RecordBuffer record(*entry.layout);
+    record.lendBuffers();
+    if (!entry.decodeText(place, record.bytes()) || !place.exists()) return false;
+    AppendRecordLine(output, *entry.layout, record.bytes());
+    return true;
+}
+
 }  // namespace
 
 LineFunction DecodeLine(const CatalogueEntry& entry, const std::string& at, bool strict,
                         const ReadingOptions& reading) {
-    return WithLine(at, reading,
-                    [&entry, strict](const Document& document, std::string& output, std::vector<Finding>& findings) {
-                        RecordBuffer record(*entry.layout);
-                        record.lendBuffers();
-                        if (DecodeWithFindings(entry, document, strict, record.bytes(), findings)) {
-                            AppendRecordLine(output, *entry.layout, record.bytes());
-                        }
-                    });
+    const LineFunction decode = WithLine(
+        at, reading, [&entry, strict](const Document& document, std::string& output, std::vector<Finding>& findings) {
+            RecordBuffer record(*entry.layout);
+            record.lendBuffers();
+            if (DecodeWithFindings(entry, document, strict, record.bytes(), findings)) {
+                AppendRecordLine(output, *entry.layout, record.bytes());
+            }
+        });
+    if (strict) return decode;  // what watches the converter wants a tree
+    return [&entry, at, reading, decode](LinePlace place, std::string_view line, std::string& output,
+                                         std::string& findings) {
+        return AppendRecordFromText(entry, at, reading, line, output) || decode(place, line, output, findings);
+    };
 }
 
 LineFunction EncodeLine(const CatalogueEntry& entry, const ReadingOptions& reading) {
