@@ -127,8 +127,8 @@ END
         head -c 9000000 /dev/zero | tr "\0" x; } | "$JSONPARSER" decode VK_POINT --lines'
     [ "$status" -eq 1 ]
     [ "$output" = $'{"nx":1,"ny":2}\n{"nx":3,"ny":4}' ]
-    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:2: found a line of more than 1048576 bytes, expected at most that many (see --max-size)" ]
-    [ "${stderr_lines[1]}" = "jsonparser: <stdin>:4: found a line of more than 1048576 bytes, expected at most that many (see --max-size)" ]
+    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:2: found a line of more than 262144 bytes, expected at most that many (see --max-size)" ]
+    [ "${stderr_lines[1]}" = "jsonparser: <stdin>:4: found a line of more than 262144 bytes, expected at most that many (see --max-size)" ]
     [ "${stderr_lines[2]}" = "jsonparser: 2 of 4 lines are bad" ]
 }
 
@@ -211,6 +211,59 @@ tool.stdin.close()
 assert tool.wait() == 0
 peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss
 assert peak < 32 * 1024, f"{peak} KiB"
+END
+}
+
+@test "memory stays below 64 MiB whatever the lines are" {
+    python3 - <<'END'
+import itertools, os, resource, string, subprocess
+LIMIT = 256 * 1024  # of a line
+sanitizer = any(name in open(os.environ["JSONPARSER"], "rb").read() for name in (b"__asan_init", b"__tsan_init"))
+
+def filled(begin, unit, end=""):
+    return begin + unit * ((LIMIT - len(begin) - len(end)) // len(unit)) + end
+
+def members(value, size):
+    names = ("".join(name) for n in (1, 2, 3, 4) for name in itertools.product(string.ascii_letters, repeat=n))
+    text = "{"
+    while len(text) < size:
+        text += ",".join('"%s":%s' % (name, value) for name in itertools.islice(names, 1000)) + ","
+    return text[:text.rindex(",", 0, size - 7)] + ',"-":1}'
+
+shapes = {
+    "open arrays": filled("", "["),
+    "nested objects": filled("", '{"":'),
+    "empty arrays": filled("[", "[],", "[]]"),
+    "empty objects": filled("[", "{},", "{}]"),
+    "numbers": filled("[", "1,", "1]"),
+    "texts": filled("[", '"",', '""]'),
+    "one text": filled('"', "x", '"'),
+    "deep arrays": filled("[", "[" * 60 + "]" * 60 + ",", "1]"),
+    "short arrays": filled("[", "[[[]]],", "1]")[:16000].rsplit("[[[", 1)[0] + "1]",
+    "small members": members("1", LIMIT),
+    "members with arrays": members("[]", LIMIT),
+    "members of short lines": members("1", 4000),
+    "400,000 members": members("1", 4000000),
+}
+commands = (("decode", "VK_POINT"), ("decode", "trafficcar"), ("decode", "trafficcar", "--strict"),
+            ("decode", "VK_POINT", "--lenient"), ("encode", "VK_POINT"))
+for name, shape in shapes.items():
+    line = shape.encode() + b"\n"
+    for command in commands:
+        # Findings of members take their time, each.
+        size = 500000 if "members" in name else 2000000
+        pid = os.fork()
+        if pid == 0:
+            tool = subprocess.Popen([os.environ["JSONPARSER"], *command, "--lines"], stdin=subprocess.PIPE,
+                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            for _ in range(size // len(line) + 1):
+                tool.stdin.write(line)
+            tool.stdin.close()
+            code = tool.wait()
+            peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss
+            print(f"{name}, {command}: {peak} KiB, {code}", flush=True)
+            os._exit(0 if code in (0, 1) and (sanitizer or peak < 64 * 1024) else 1)
+        assert os.waitpid(pid, 0)[1] == 0, (name, command)
 END
 }
 
