@@ -289,3 +289,19 @@ schedule.json tagCFG_TIME_SECTION /params/config/Recording/0/TimeSection/1 unrea
 schedule.json tagNET_TIME_SECTION /params/config/Recording/0/TimeSection/1 unread=1
 END
 }
+
+@test "twice the members that nothing reads take twice the time, with places too" {
+    python3 - <<'END'
+import os, resource, subprocess
+def seconds(count, *command):
+    message = "{" + ",".join('"m%d":%d' % (i, i) for i in range(count)) + "}"
+    begin = resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime
+    tool = subprocess.run([os.environ["JSONPARSER"], *command], input=message.encode(), stdout=subprocess.DEVNULL,
+                          stderr=subprocess.DEVNULL)
+    assert tool.returncode == 1, command
+    return resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime - begin
+for command in (("explain", "trafficcar", "--json"), ("explain", "trafficcar"), ("decode", "trafficcar", "--strict")):
+    once, twice = seconds(20000, *command), seconds(40000, *command)
+    assert twice < 3 * once, (command, once, twice)
+END
+}

@@ -15,7 +15,6 @@ using namespace std::string_literals;
 using testing_tools::HostileValues;
 using tool::Described;
 using tool::Finding;
-using tool::PlaceOf;
 using tool::PointerStep;
 using tool::PointerSteps;
 using tool::Shown;
@@ -117,10 +116,24 @@ TEST(Described, TakesOneWalkForManyFindings) {
     EXPECT_NE(all.find("f:1:9999001: "), std::string::npos);
 }
 
-TEST(PlaceOf, CountsLinesAndCharacters) {
+TEST(PlacesOf, TakesOneWalkForManyOffsetsInAnyOrder) {
+    const std::string text = "\n" + std::string(1'000'000, 'a');
+    std::vector<std::size_t> offsets;
+    for (std::size_t i = text.size(); i > 0; --i) offsets.push_back(i);
+    const std::vector<tool::Place> places = tool::PlacesOf(text, offsets);
+    ASSERT_EQ(places.size(), offsets.size());
+    for (std::size_t i = 0; i < offsets.size(); i += 1000) {
+        ASSERT_EQ(places[i].line, 2U);
+        ASSERT_EQ(places[i].column, offsets[i]);
+    }
+}
+
+TEST(PlacesOf, CountsLinesAndCharacters) {
     const auto expectPlace = [](std::string_view text, std::size_t offset, std::size_t line, std::size_t column) {
-        EXPECT_EQ(PlaceOf(text, offset).line, line) << text << ' ' << offset;
-        EXPECT_EQ(PlaceOf(text, offset).column, column) << text << ' ' << offset;
+        const std::vector<tool::Place> places = tool::PlacesOf(text, {offset});
+        ASSERT_EQ(places.size(), 1U);
+        EXPECT_EQ(places[0].line, line) << text << ' ' << offset;
+        EXPECT_EQ(places[0].column, column) << text << ' ' << offset;
     };
     expectPlace("", 0, 1, 1);
     expectPlace("ab", 2, 1, 3);

@@ -26,6 +26,38 @@ print(json.dumps(json.load(sys.stdin), ensure_ascii=False, separators=(",", ":")
     done < <(grep -v '^#' "$MESSAGES/index.txt")
 }
 
+@test "findings of --lines are those of decode, sound and broken messages alike" {
+    while read -r record line; do
+        printf '%b' "$line" >"$BATS_TEST_TMPDIR/line"
+        for option in "" --strict --lenient; do
+            plain=0 lines=0
+            "$JSONPARSER" decode "$record" --json $option "$BATS_TEST_TMPDIR/line" >/dev/null \
+                2>"$BATS_TEST_TMPDIR/plain" || plain=$?
+            "$JSONPARSER" decode "$record" --lines $option "$BATS_TEST_TMPDIR/line" >/dev/null \
+                2>"$BATS_TEST_TMPDIR/lines" || lines=$?
+            [ "$plain" -eq "$lines" ]
+            cmp "$BATS_TEST_TMPDIR/plain" <(grep -v '^jsonparser: 1 of 1 lines are bad$' "$BATS_TEST_TMPDIR/lines")
+        done
+    done <<'END'
+VK_POINT [1, 2]
+VK_POINT [1, 70000]
+VK_POINT [1, 2, 3]
+VK_POINT [1, 2
+VK_POINT [1, 2] 3
+VK_POINT [1, 2,] // end
+VK_POINT [1, 02]
+VK_POINT [1, 1e999]
+VK_POINT \xEF\xBB\xBF[1, 2]
+VK_POINT \xEF\xBB\xBF[1, x]
+trafficcar {"PlateNumber": "\xFF", "Speed": 87}
+trafficcar {"PlateNumbr": "A", "Speed": "87", "Speed": 1.5}
+trafficcar {"PlateNumber": "A", "Speed": 87
+PlateColor "Bleu"
+SeatBelt/exact "WithSafeBelt"
+SeatBelt/exact 5
+END
+}
+
 @test "blank lines are passed over, and counted as lines of the file" {
     run --separate-stderr decode_points '\n[1, 2]\n  \t\n\r\n[3, 4, x]\n\n'
     [ "$status" -eq 1 ]
@@ -95,8 +127,8 @@ print(json.dumps(json.load(sys.stdin), ensure_ascii=False, separators=(",", ":")
         head -c 9000000 /dev/zero | tr "\0" x; } | "$JSONPARSER" decode VK_POINT --lines'
     [ "$status" -eq 1 ]
     [ "$output" = $'{"nx":1,"ny":2}\n{"nx":3,"ny":4}' ]
-    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:2: found a line of more than 1048576 bytes, expected at most that many (see --max-size)" ]
-    [ "${stderr_lines[1]}" = "jsonparser: <stdin>:4: found a line of more than 1048576 bytes, expected at most that many (see --max-size)" ]
+    [ "${stderr_lines[0]}" = "jsonparser: <stdin>:2: found a line of more than 262144 bytes, expected at most that many (see --max-size)" ]
+    [ "${stderr_lines[1]}" = "jsonparser: <stdin>:4: found a line of more than 262144 bytes, expected at most that many (see --max-size)" ]
     [ "${stderr_lines[2]}" = "jsonparser: 2 of 4 lines are bad" ]
 }
 
@@ -179,6 +211,59 @@ tool.stdin.close()
 assert tool.wait() == 0
 peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss
 assert peak < 32 * 1024, f"{peak} KiB"
+END
+}
+
+@test "memory stays below 64 MiB whatever the lines are" {
+    python3 - <<'END'
+import itertools, os, resource, string, subprocess
+LIMIT = 256 * 1024  # of a line
+sanitizer = any(name in open(os.environ["JSONPARSER"], "rb").read() for name in (b"__asan_init", b"__tsan_init"))
+
+def filled(begin, unit, end=""):
+    return begin + unit * ((LIMIT - len(begin) - len(end)) // len(unit)) + end
+
+def members(value, size):
+    names = ("".join(name) for n in (1, 2, 3, 4) for name in itertools.product(string.ascii_letters, repeat=n))
+    text = "{"
+    while len(text) < size:
+        text += ",".join('"%s":%s' % (name, value) for name in itertools.islice(names, 1000)) + ","
+    return text[:text.rindex(",", 0, size - 7)] + ',"-":1}'
+
+shapes = {
+    "open arrays": filled("", "["),
+    "nested objects": filled("", '{"":'),
+    "empty arrays": filled("[", "[],", "[]]"),
+    "empty objects": filled("[", "{},", "{}]"),
+    "numbers": filled("[", "1,", "1]"),
+    "texts": filled("[", '"",', '""]'),
+    "one text": filled('"', "x", '"'),
+    "deep arrays": filled("[", "[" * 60 + "]" * 60 + ",", "1]"),
+    "short arrays": filled("[", "[[[]]],", "1]")[:16000].rsplit("[[[", 1)[0] + "1]",
+    "small members": members("1", LIMIT),
+    "members with arrays": members("[]", LIMIT),
+    "members of short lines": members("1", 4000),
+    "400,000 members": members("1", 4000000),
+}
+commands = (("decode", "VK_POINT"), ("decode", "trafficcar"), ("decode", "trafficcar", "--strict"),
+            ("decode", "VK_POINT", "--lenient"), ("encode", "VK_POINT"))
+for name, shape in shapes.items():
+    line = shape.encode() + b"\n"
+    for command in commands:
+        # Findings of members take their time, each.
+        size = 500000 if "members" in name else 2000000
+        pid = os.fork()
+        if pid == 0:
+            tool = subprocess.Popen([os.environ["JSONPARSER"], *command, "--lines"], stdin=subprocess.PIPE,
+                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            for _ in range(size // len(line) + 1):
+                tool.stdin.write(line)
+            tool.stdin.close()
+            code = tool.wait()
+            peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss
+            print(f"{name}, {command}: {peak} KiB, {code}", flush=True)
+            os._exit(0 if code in (0, 1) and (sanitizer or peak < 64 * 1024) else 1)
+        assert os.waitpid(pid, 0)[1] == 0, (name, command)
 END
 }
 

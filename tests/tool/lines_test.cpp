@@ -72,10 +72,11 @@ std::vector<std::unique_ptr<Batch>> Batches(const std::vector<std::string>& file
 /// Every line that a batch gives to its function, as number:text.
 std::vector<std::string> Lines(Batch& batch) {
     std::vector<std::string> lines;
-    tool::Convert(batch, [&lines](tool::LinePlace place, std::string_view line, auto&, auto&) {
+    const auto keep = [&lines](tool::LinePlace place, std::string_view line, auto&, auto&) {
         lines.push_back(std::to_string(place.number) + ':' + std::string(line));
         return true;
-    });
+    };
+    tool::Convert(batch, {nullptr, keep});
     return lines;
 }
 
@@ -111,13 +112,29 @@ TEST(LineReader, EndsABatchAtItsNumberOfLines) {
 }
 
 TEST(LineReader, EndsABatchOfLongLinesBeforeItIsLarge) {
-    const std::string line(200000, 'x');
-    const TemporaryFile file(line + '\n' + line + '\n' + line + '\n');
+    const std::string line(tool::kLongLine - 1, 'x');
+    std::string text;
+    for (int i = 0; i < 5; ++i) text += line + '\n';
+    const TemporaryFile file(text);
     const auto batches = Batches({file.name()}, 1000000);
     ASSERT_EQ(batches.size(), 2U);
-    EXPECT_EQ(batches[0]->text.size(), 400002U);
-    EXPECT_EQ(batches[1]->firstLine, 3U);
+    EXPECT_EQ(batches[0]->text.size(), 4 * tool::kLongLine);
+    EXPECT_FALSE(batches[0]->isLong);
+    EXPECT_EQ(batches[1]->firstLine, 5U);
     EXPECT_EQ(batches[1]->text, line + '\n');
+    EXPECT_FALSE(batches[1]->isLong);
+}
+
+TEST(LineReader, GivesLongLinesAlone) {
+    const std::string longest(tool::kLongLine, 'x');
+    const TemporaryFile file("one\n" + longest + "y\r\n" + longest + "z\n" + longest + "\ntwo\n" + longest + 'y');
+    const auto batches = Batches({file.name()}, 1000000);
+    ASSERT_EQ(batches.size(), 5U);
+    const std::vector<bool> isLong = {false, true, true, false, true};
+    for (std::size_t i = 0; i < batches.size(); ++i) EXPECT_EQ(batches[i]->isLong, isLong[i]) << i;
+    EXPECT_EQ(batches[1]->text, longest + "y\r\n");
+    EXPECT_EQ(batches[3]->text, longest + "\ntwo\n");
+    EXPECT_EQ(batches[4]->firstLine, 6U);
 }
 
 TEST(LineReader, EndsABatchWhereNoMoreInputIsReady) {
@@ -181,16 +198,55 @@ TEST(LineReader, GoesOnBehindFilesThatCannotBeRead) {
 TEST(Convert, CountsBadLinesOnceEach) {
     Batch batch;
     batch.text = "good\nbad\n\nworse\n";
-    tool::Convert(batch, [](tool::LinePlace, std::string_view line, std::string& output, std::string& findings) {
+    const auto convert = [](tool::LinePlace, std::string_view line, std::string& output, std::string& findings) {
         if (line == "good") output += "fine\n";
         if (line != "good") findings += std::string(line) + '\n';
         if (line == "worse") findings += "worst\n";
         return line == "good";
-    });
+    };
+    tool::Convert(batch, {nullptr, convert});
     EXPECT_EQ(batch.output, "fine\n");
     EXPECT_EQ(batch.findings, "bad\nworse\nworst\n");
     EXPECT_EQ(batch.lines, 3U);
     EXPECT_EQ(batch.bad, 2U);
+}
+
+TEST(Convert, AttemptsLinesFirst) {
+    Batch batch;
+    batch.text = "good\nbad\n";
+    const auto attempt = [](std::string_view line, std::string& output) {
+        if (line == "good") output += "attempted\n";
+        return line == "good";
+    };
+    const auto convert = [](tool::LinePlace, std::string_view line, std::string& output, auto&) {
+        output += "converted " + std::string(line) + '\n';
+        return true;
+    };
+    tool::Convert(batch, {attempt, convert});
+    EXPECT_EQ(batch.output, "attempted\nconverted bad\n");
+    EXPECT_EQ(batch.bad, 0U);
+}
+
+TEST(Convert, LeavesALongLineThatCannotBeAttempted) {
+    const auto attempt = [](std::string_view line, std::string&) { return line == "good"; };
+    const auto convert = [](tool::LinePlace place, std::string_view line, auto&, std::string& findings) {
+        findings += std::to_string(place.number) + ':' + std::string(line);
+        return false;
+    };
+    for (const char* text : {"good\r\n", "bad\r\n", "bad", " \r\n"}) {
+        Batch batch;
+        batch.text = text;
+        batch.isLong = true;
+        batch.firstLine = 3;
+        const bool isLeft = std::string_view(text).starts_with("bad");
+        tool::Convert(batch, {attempt, convert});
+        EXPECT_EQ(batch.isLeft, isLeft);
+        EXPECT_EQ(batch.findings, "");
+        for (int i = 0; i < 2; ++i) tool::ConvertLeft(batch, {attempt, convert});
+        EXPECT_EQ(batch.findings, isLeft ? "3:bad" : "");
+        EXPECT_EQ(batch.bad, isLeft ? 1U : 0U);
+        EXPECT_EQ(batch.lines, text[0] == ' ' ? 0U : 1U);
+    }
 }
 
 /// All that a function makes of the lines of a file, on some threads.

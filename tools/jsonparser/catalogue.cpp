@@ -112,15 +112,16 @@ using vkrecords::kLayout;
 /// A record that is only read. read(node, record) says whether it succeeded.
 template <class Record, class Read>
 constexpr CatalogueEntry Reads(std::string_view name, std::string_view meaning, Read) {
-    return {name, meaning, &kLayout<Record>,
-            [](Json::Value& node, void* record) -> bool { return Read{}(node, *static_cast<Record*>(record)); },
-            nullptr};
+    constexpr auto readAt = [](auto& node, void* record) -> bool {
+        return Read{}(node, *static_cast<Record*>(record));
+    };
+    return {name, meaning, &kLayout<Record>, readAt, readAt, nullptr};
 }
 
 /// A record that is only written.
 template <class Record, class Write>
 constexpr CatalogueEntry Writes(std::string_view name, std::string_view meaning, Write) {
-    return {name, meaning, &kLayout<Record>, nullptr, [](const void* record, Json::Value& node) -> bool {
+    return {name, meaning, &kLayout<Record>, nullptr, nullptr, [](const void* record, Json::Value& node) -> bool {
                 return Write{}(node, *static_cast<const Record*>(record));
             }};
 }
@@ -149,13 +150,17 @@ constexpr CatalogueEntry ReadsWord(std::string_view name, std::string_view meani
 /// The code of a word whose function takes no node.
 template <class Read>
 constexpr CatalogueEntry ReadsText(std::string_view name, std::string_view meaning, Read) {
-    return Reads<Code>(name, meaning, [](auto& node, auto& code) {
+    constexpr auto read = [](Json::Value& node, void* code) {
         if (!node.isString()) return false;
         std::string word = node.asString();
-        code.nCode = Read{}(word);
+        static_cast<Code*>(code)->nCode = Read{}(word);
         return true;
-    });
+    };
+    return {name, meaning, &kLayout<Code>, read, nullptr, nullptr};
 }
+
+std::size_t ElementsOf(const Json::Value& node) { return node.isArray() ? node.size() : 0; }
+std::size_t ElementsOf(const jsonparser::MessagePlace& place) { return place.size(); }
 
 constexpr CatalogueEntry kCatalogue[] = {
     // ---- foundation
@@ -356,7 +361,7 @@ constexpr CatalogueEntry kCatalogue[] = {
     Reads<Codes>("LogType", "kinds of logs",
                  [](auto& node, auto& codes) {
                      GetJsonLogType(node, codes.nCodes, static_cast<int>(std::size(codes.nCodes)), codes.nCount);
-                     return !node.isArray() || node.size() <= std::size(codes.nCodes);
+                     return ElementsOf(node) <= std::size(codes.nCodes);
                  }),
 
     // ---- configuration

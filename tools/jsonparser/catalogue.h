@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "vkprotocolstack/message_text.h"
 #include "vkrecords/fields.h"
 
 namespace tool {
@@ -19,6 +20,9 @@ struct CatalogueEntry {
     const vkrecords::RecordLayout* layout;
     /// Fills a cleared record; null where the record is only written. @return what the converter says of its success
     bool (*decode)(Json::Value& node, void* record);
+    /// The same from a place in a message's text, of which no tree is built; null where decode is, and where the
+    /// converter takes a word and no node.
+    bool (*decodeText)(const jsonparser::MessagePlace& place, void* record);
     /// Writes a record; null where the record is only read. @return what the converter says of its success
     bool (*encode)(const void* record, Json::Value& node);
 };

@@ -177,7 +177,13 @@ std::string ExplanationAsText(const CatalogueEntry& entry, const Explained& expl
 }
 
 std::string ExplanationAsJson(const CatalogueEntry& entry, const Document& document, const Explained& explained) {
+    std::vector<std::size_t> offsets;  // of the findings
+    for (const Reading& reading : explained.explanation.readings) {
+        if (IsFinding(reading.outcome)) offsets.push_back(OffsetOf(document, reading));
+    }
+    const std::vector<Place> places = PlacesOf(document.text, offsets);
     std::string readings;
+    std::size_t finding = 0;
     for (const Reading& reading : explained.explanation.readings) {
         const auto text = [](std::string_view value) { return QuotedJson(Printable(value)); };
         readings += fmt::format(
@@ -188,10 +194,11 @@ std::string ExplanationAsJson(const CatalogueEntry& entry, const Document& docum
             text(jsonparser::OutcomeName(reading.outcome)), IsFinding(reading.outcome), text(reading.remark));
         if (IsFinding(reading.outcome)) {
             readings += fmt::format(", \"expected\": {}", text(reading.expected));
-            if (const std::size_t offset = OffsetOf(document, reading); offset != Finding::kNowhere) {
-                const auto [line, column] = PlaceOf(document.text, offset);
+            if (offsets[finding] != Finding::kNowhere) {
+                const auto [line, column] = places[finding];
                 readings += fmt::format(", \"line\": {}, \"column\": {}", line, column);
             }
+            ++finding;
         }
         readings += '}';
     }

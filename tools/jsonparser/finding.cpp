@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 
 #include "utf8.h"
 
@@ -207,7 +208,15 @@ std::vector<std::string> PointerSteps(std::string_view pointer) {
 
 std::string FileName(const std::string& file) { return file == "-" ? "<stdin>" : Harmless(file); }
 
-Place PlaceOf(std::string_view text, std::size_t offset) { return PlaceFinder(text).find(offset); }
+std::vector<Place> PlacesOf(std::string_view text, const std::vector<std::size_t>& offsets) {
+    std::vector<std::size_t> rising(offsets.size());
+    std::iota(rising.begin(), rising.end(), std::size_t{0});
+    std::sort(rising.begin(), rising.end(), [&](std::size_t a, std::size_t b) { return offsets[a] < offsets[b]; });
+    PlaceFinder finder(text);
+    std::vector<Place> places(offsets.size());
+    for (const std::size_t i : rising) places[i] = finder.find(offsets[i]);
+    return places;
+}
 
 std::string Described(const std::string& file, std::string_view text, std::vector<Finding> findings,
                       std::size_t firstLine, const Styler& style) {

@@ -43,9 +43,9 @@ struct Place {
     std::size_t column;
 };
 
-/// The place of a byte of text. A text that ends in a line end has a last, empty line; what is no well-formed UTF-8
-/// counts a character a byte.
-Place PlaceOf(std::string_view text, std::size_t offset);
+/// The places of bytes of text, each offset's at its index, in one walk over the text. A text that ends in a line end
+/// has a last, empty line; what is no well-formed UTF-8 counts a character a byte.
+std::vector<Place> PlacesOf(std::string_view text, const std::vector<std::size_t>& offsets);
 
 /// The findings about a document in the order of their places, each as file:line:column: path: found, expected, and
 /// below it the line of the document around the place with a caret. Lines end with a line end; none is longer than some

@@ -17,7 +17,7 @@ inline constexpr int kMaximumDepth = 64;
 /// Both readers' trees are released recursively.
 inline constexpr int kDeepestAllowed = 1000;
 inline constexpr std::size_t kMaximumSize = std::size_t{64} << 20U;
-inline constexpr std::size_t kMaximumLine = std::size_t{1} << 20U;  ///< of a document that is one line among many
+inline constexpr std::size_t kMaximumLine = std::size_t{256} << 10U;  ///< of a document that is one line among many
 inline constexpr std::size_t kLargestAllowed = std::size_t{1} << 40U;
 
 /// How documents are read.

@@ -4,6 +4,7 @@
 #include <json/writer.h>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "document.h"
@@ -13,44 +14,77 @@
 #include "record_form.h"
 #include "record_input.h"
 #include "style.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace tool {
 namespace {
 
-/// Reads the document on a line; it goes to use, which adds its findings.
-LineFunction WithLine(const std::string& at, const ReadingOptions& reading,
+/// Reads the document on a line into a tree; it goes to use, which adds its findings.
+LineFunction WithTree(const std::string& at, const ReadingOptions& reading,
                       const std::function<void(const Document&, std::string&, std::vector<Finding>&)>& use) {
-    return [at, reading, use, style = StyleOf(stderr)](LinePlace place, std::string_view line, std::string& output,
-                                                       std::string& described) {
+    const auto convert = [at, reading, use, style = StyleOf(stderr)](LinePlace place, std::string_view line,
+                                                                     std::string& output, std::string& described) {
         std::string text(line);
         std::vector<Finding> findings;
-        Json::Value root;
-        Json::Value* node = ParseDocument(text, reading, root, findings) ? ValueAt(root, at, findings) : nullptr;
-        if (node != nullptr) use({text, *node, at}, output, findings);
+        {
+            Json::Value root;  // goes before its findings are described: it may be large
+            Json::Value* node = ParseDocument(text, reading, root, findings) ? ValueAt(root, at, findings) : nullptr;
+            if (node != nullptr) use({text, *node, at}, output, findings);
+        }
         if (findings.empty()) return true;
         // The line is the place of what is said of the document as a whole.
         for (Finding& finding : findings) finding.offset = finding.offset == Finding::kNowhere ? 0 : finding.offset;
-        described += Described(place.file, text, findings, place.number, style);
+        std::string lines = Described(place.file, text, std::move(findings), place.number, style);
+        if (described.empty()) {
+            described = std::move(lines);
+        } else {
+            described += lines;
+        }
         return false;
     };
+    return {nullptr, convert};
+}
+
+/// Appends the record to output, straight from the line's text. What is strictly valid there is so for both of the
+/// tool's readers, and means the same.
+/// @return false when there is no such record, or it is not whole, or only a tree can tell
+bool AppendRecordFromText(const CatalogueEntry& entry, const std::string& at, const ReadingOptions& reading,
+                          std::string_view line, std::string& output) {
+    jsonparser::MessageTextOptions options;
+    options.strictOnly = true;
+    options.maxDepth = reading.maximumDepth;
+    jsonparser::MessageText message(line, options);
+    const jsonparser::MessagePlace place = message.at(at);
+    RecordBuffer record(*entry.layout);
+    record.lendBuffers();
+    if (!entry.decodeText(place, record.bytes()) || !place.exists()) return false;
+    AppendRecordLine(output, *entry.layout, record.bytes());
+    return true;
 }
 
 }  // namespace
 
 LineFunction DecodeLine(const CatalogueEntry& entry, const std::string& at, bool strict,
                         const ReadingOptions& reading) {
-    return WithLine(at, reading,
-                    [&entry, strict](const Document& document, std::string& output, std::vector<Finding>& findings) {
-                        RecordBuffer record(*entry.layout);
-                        record.lendBuffers();
-                        if (DecodeWithFindings(entry, document, strict, record.bytes(), findings)) {
-                            AppendRecordLine(output, *entry.layout, record.bytes());
-                        }
-                    });
+    LineFunction decode = WithTree(
+        at, reading, [&entry, strict](const Document& document, std::string& output, std::vector<Finding>& findings) {
+            RecordBuffer record(*entry.layout);
+            record.lendBuffers();
+            if (DecodeWithFindings(entry, document, strict, record.bytes(), findings)) {
+                AppendRecordLine(output, *entry.layout, record.bytes());
+            }
+        });
+    // What watches the converter wants a tree.
+    if (!strict && entry.decodeText != nullptr) {
+        decode.attempt = [&entry, at, reading](std::string_view line, std::string& output) {
+            return AppendRecordFromText(entry, at, reading, line, output);
+        };
+    }
+    return decode;
 }
 
 LineFunction EncodeLine(const CatalogueEntry& entry, const ReadingOptions& reading) {
-    return WithLine(
+    return WithTree(
         "", reading, [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
             RecordBuffer record(*entry.layout);
             if (!ReadRecordToWrite(document.node, document.text, record, findings)) return;

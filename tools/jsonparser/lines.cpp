@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <malloc.h>
 #include <poll.h>
 #include <tbb/global_control.h>
 #include <tbb/info.h>
@@ -22,7 +23,14 @@ namespace tool {
 namespace {
 
 constexpr std::size_t kReadBytes = 65536;
-constexpr std::size_t kBatchBytes = 262144;
+constexpr std::size_t kBatchBytes = 65536;
+
+std::string_view WithoutReturn(std::string_view line) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    return line;
+}
+
+bool IsBlank(std::string_view line) { return line.find_first_not_of(" \t\r") == line.npos; }
 
 }  // namespace
 
@@ -37,6 +45,7 @@ std::unique_ptr<Batch> LineReader::next() {
         std::size_t count = 0;     // lines of the batch
         std::size_t bytes = 0;     // of these lines
         std::size_t searched = 0;  // bytes without a line end, behind these lines
+        bool isLong = false;
         while (true) {
             const std::string_view rest = pending().substr(bytes);
             const std::size_t end = rest.find('\n', searched);
@@ -48,16 +57,22 @@ std::unique_ptr<Batch> LineReader::next() {
                 return withoutLine();
             }
             if (isWhole || (hasEnded_ && !rest.empty())) {
+                if (searched > kLongLine && count > 0) break;
+                isLong = searched > kLongLine;
                 ++count;
                 bytes += isWhole ? end + 1 : rest.size();
                 searched = 0;
-                if (count == kBatchLines || bytes >= kBatchBytes) break;
+                if (count == kBatchLines || bytes >= kBatchBytes || isLong) break;
                 continue;
             }
             if (hasEnded_ || (count > 0 && !inputIsReady())) break;
             fill();
         }
-        if (count > 0) return lines(count, bytes);
+        if (count > 0) {
+            std::unique_ptr<Batch> batch = lines(count, bytes);
+            batch->isLong = isLong;
+            return batch;
+        }
         if (error_ != 0) return unreadable();
     }
     return nullptr;
@@ -150,13 +165,22 @@ void Convert(Batch& batch, const LineFunction& function) {
     std::string_view rest = batch.text;
     for (LinePlace place = {batch.file, batch.firstLine}; !rest.empty(); ++place.number) {
         const std::size_t end = std::min(rest.find('\n'), rest.size());
-        std::string_view line = rest.substr(0, end);
+        const std::string_view line = WithoutReturn(rest.substr(0, end));
         rest.remove_prefix(std::min(end + 1, rest.size()));
-        if (line.ends_with('\r')) line.remove_suffix(1);
-        if (line.find_first_not_of(" \t\r") == line.npos) continue;
+        if (IsBlank(line)) continue;
         ++batch.lines;
-        if (!function(place, line, batch.output, batch.findings)) ++batch.bad;
+        if (function.attempt && function.attempt(line, batch.output)) continue;
+        batch.isLeft = batch.isLong;
+        if (!batch.isLeft && !function.convert(place, line, batch.output, batch.findings)) ++batch.bad;
     }
+}
+
+void ConvertLeft(Batch& batch, const LineFunction& function) {
+    if (!std::exchange(batch.isLeft, false)) return;
+    std::string_view line = batch.text;
+    if (line.ends_with('\n')) line.remove_suffix(1);
+    const LinePlace place = {batch.file, batch.firstLine};
+    if (!function.convert(place, WithoutReturn(line), batch.output, batch.findings)) ++batch.bad;
 }
 
 int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine, unsigned jobs,
@@ -179,6 +203,8 @@ int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine,
     };
     const auto print = [&](const std::shared_ptr<Batch>& batch) {
         if (!isWritable) return;
+        const bool isLarge = batch->isLeft;
+        ConvertLeft(*batch, function);
         Print(batch->output);
         isWritable = Flush();
         PrintError(batch->findings);
@@ -186,6 +212,8 @@ int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine,
         bad += batch->bad;
         if (batch->isUnreadable) code = kCannotReadOrWrite;
         progress.advance(batch->bytes, batch->lines);
+        // Else each thread would keep what the largest tree that it ever had took.
+        if (isLarge) malloc_trim(0);
     };
     const std::size_t threads = jobs > 0 ? jobs : static_cast<unsigned>(tbb::info::default_concurrency());
     const tbb::global_control control(tbb::global_control::max_allowed_parallelism, threads);

@@ -13,6 +13,8 @@ namespace tool {
 
 /// Lines that one thread converts at one go, at most.
 inline constexpr std::size_t kBatchLines = 64;
+/// A line of more bytes is a batch of its own, and only one at a time is converted at any cost.
+inline constexpr std::size_t kLongLine = std::size_t{16} << 10U;
 
 /// Where a line is.
 struct LinePlace {
@@ -20,11 +22,17 @@ struct LinePlace {
     std::size_t number;  ///< from 1
 };
 
-/// Converts one line, which has no line end and is not blank: appends a line to output, or lines that say why not to
-/// findings. Called on many threads at once.
-/// @return whether there was nothing to find
-using LineFunction =
-    std::function<bool(LinePlace place, std::string_view line, std::string& output, std::string& findings)>;
+/// Converts one line, which has no line end and is not blank. Called on many threads at once.
+struct LineFunction {
+    /// The way of sound lines, which takes memory of a few times the line at most: appends a line to output. False,
+    /// with nothing appended, when the line is for convert. May be null.
+    std::function<bool(std::string_view line, std::string& output)> attempt;
+
+    /// The way of all lines, which may take a hundred times the line: appends a line to output, or lines that say why
+    /// not to findings.
+    /// @return whether there was nothing to find
+    std::function<bool(LinePlace place, std::string_view line, std::string& output, std::string& findings)> convert;
+};
 
 /// Consecutive lines of a file, and what became of them.
 struct Batch {
@@ -32,11 +40,13 @@ struct Batch {
     std::size_t firstLine = 0;
     std::string text;       ///< whole lines with their ends, which the last line of a file may lack
     std::size_t bytes = 0;  ///< of input that this batch accounts for
+    bool isLong = false;    ///< one line of more than kLongLine bytes
 
     std::string output;         ///< for standard output
     std::string findings;       ///< for standard error
     std::size_t lines = 0;      ///< that are not blank
     std::size_t bad = 0;        ///< of these
+    bool isLeft = false;        ///< long, and still to be converted
     bool isUnreadable = false;  ///< the file cannot be read, or not on from here; findings has the reason
 };
 
@@ -74,8 +84,12 @@ class LineReader {
     std::size_t line_ = 1;   ///< number of the line that begins there
 };
 
-/// Converts the lines of a batch, on the calling thread.
+/// Converts the lines of a batch, on the calling thread. A long one that cannot be attempted is left.
 void Convert(Batch& batch, const LineFunction& function);
+
+/// Converts the line that Convert left. Where this is called one batch at a time, long lines take no more memory on
+/// many threads than on one.
+void ConvertLeft(Batch& batch, const LineFunction& function);
 
 /// Converts all lines of the files ("-" is standard input), prints what they become to standard output, and complains
 /// about the bad ones, in their order.

@@ -116,7 +116,7 @@ CLI::Option* AddReadingOptions(CLI::App& command, tool::ReadingOptions& reading)
         ->check(CLI::Range(1, tool::kDeepestAllowed).description(""))
         ->type_name("N")
         ->capture_default_str();
-    return command.add_option("--max-size", reading.maximumSize, "Bytes of a document: 64MiB, 1MiB of one on a line")
+    return command.add_option("--max-size", reading.maximumSize, "Bytes of a document: 64MiB, 256KiB of one on a line")
         ->transform(CLI::AsSizeValue(false).description(""))
         ->check(CLI::Range(std::size_t{1}, tool::kLargestAllowed).description(""))  // - makes a number beyond it
         ->type_name("SIZE");

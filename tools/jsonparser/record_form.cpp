@@ -61,121 +61,142 @@ std::optional<std::string_view> PointedText(const RecordLayout& layout, const un
     return std::string_view(text, strnlen(text, record[LengthField(layout, field).offset]));
 }
 
-std::string JsonText(std::string_view local) {
-    const std::string text = ToUtf8(local);
-    if (IsUtf8(text) && ToLocal(text) == local) return QuotedJson(text);
-    std::string hex;
-    for (const char byte : local) {
-        fmt::format_to(std::back_inserter(hex), "{:02x}", static_cast<unsigned char>(byte));
+void AppendJsonText(std::string& out, std::string_view local) {
+    if (local.empty()) {
+        out += R"("")";
+        return;
     }
-    return fmt::format(R"({{"hex": "{}"}})", hex);
+    const std::string text = ToUtf8(local);
+    if (IsUtf8(text) && ToLocal(text) == local) {
+        out += QuotedJson(text);
+        return;
+    }
+    out += R"({"hex": ")";
+    for (const char byte : local) {
+        fmt::format_to(std::back_inserter(out), "{:02x}", static_cast<unsigned char>(byte));
+    }
+    out += R"("})";
 }
 
-std::string ScalarAsText(const RecordLayout& layout, const unsigned char* record, const Field& field,
-                         const unsigned char* bytes) {
+template <class Integer>
+void AppendInteger(std::string& out, Integer value) {
+    const fmt::format_int digits(value);
+    out.append(digits.data(), digits.size());
+}
+
+void AppendScalarAsText(std::string& out, const RecordLayout& layout, const unsigned char* record, const Field& field,
+                        const unsigned char* bytes) {
     switch (field.kind) {
         case FieldKind::Bool:
-            return Load<unsigned char>(bytes) == 0 ? "false" : "true";
+            out += Load<unsigned char>(bytes) == 0 ? "false" : "true";
+            return;
         case FieldKind::Int16:
-            return fmt::format("{}", Load<short>(bytes));
+            return AppendInteger(out, Load<short>(bytes));
         case FieldKind::Int32:
-            return fmt::format("{}", Load<int>(bytes));
+            return AppendInteger(out, Load<int>(bytes));
         case FieldKind::Int64:
-            return fmt::format("{}", Load<long long>(bytes));
+            return AppendInteger(out, Load<long long>(bytes));
         case FieldKind::UInt8:
-            return fmt::format("{}", Load<unsigned char>(bytes));
+            return AppendInteger(out, unsigned{*bytes});
         case FieldKind::UInt16:
-            return fmt::format("{}", Load<unsigned short>(bytes));
+            return AppendInteger(out, unsigned{Load<unsigned short>(bytes)});
         case FieldKind::UInt32:
-            return fmt::format("{}", Load<unsigned>(bytes));
+            return AppendInteger(out, Load<unsigned>(bytes));
         case FieldKind::Bits:
-            return fmt::format("{}", LoadBits(field, bytes));
+            return AppendInteger(out, LoadBits(field, bytes));
         case FieldKind::Float:
-            return Digits(Load<float>(bytes));
+            out += Digits(Load<float>(bytes));
+            return;
         case FieldKind::Double:
-            return Digits(Load<double>(bytes));
+            out += Digits(Load<double>(bytes));
+            return;
         case FieldKind::Text:
-            return QuotedText(ToUtf8(TextIn(field, bytes)));
+            out += QuotedText(ToUtf8(TextIn(field, bytes)));
+            return;
         case FieldKind::HeapText:
         case FieldKind::CallerText: {
             const auto text = PointedText(layout, record, field, bytes);
-            return text ? QuotedText(ToUtf8(*text)) : "null";
+            out += text ? QuotedText(ToUtf8(*text)) : "null";
+            return;
         }
         case FieldKind::Record:
         case FieldKind::Reserved:
-            break;
+            return;
     }
-    return {};
 }
 
-std::string ScalarAsJson(const RecordLayout& layout, const unsigned char* record, const Field& field,
-                         const unsigned char* bytes) {
+void AppendScalarAsJson(std::string& out, const RecordLayout& layout, const unsigned char* record, const Field& field,
+                        const unsigned char* bytes) {
     switch (field.kind) {
         case FieldKind::Float:
-            return JsonDigits(Load<float>(bytes));
+            out += JsonDigits(Load<float>(bytes));
+            return;
         case FieldKind::Double:
-            return JsonDigits(Load<double>(bytes));
+            out += JsonDigits(Load<double>(bytes));
+            return;
         case FieldKind::Text:
-            return JsonText(TextIn(field, bytes));
+            return AppendJsonText(out, TextIn(field, bytes));
         case FieldKind::HeapText:
-        case FieldKind::CallerText: {
-            const auto text = PointedText(layout, record, field, bytes);
-            return text ? JsonText(*text) : "null";
-        }
+        case FieldKind::CallerText:
+            if (const auto text = PointedText(layout, record, field, bytes)) return AppendJsonText(out, *text);
+            out += "null";
+            return;
         default:
-            return ScalarAsText(layout, record, field, bytes);
+            return AppendScalarAsText(out, layout, record, field, bytes);
     }
 }
 
-/// Elements of a field, each made into text by element, in brackets as the field's dimensions have it.
-template <class Element>
-std::string Elements(const Field& field, const unsigned char* bytes, std::string_view separator, Element element) {
-    if (field.rank == 0) return element(bytes);
-    std::string all = "[";
+/// Elements of a field, each appended by append, in brackets as the field's dimensions have it.
+template <class Append>
+void AppendElements(std::string& out, const Field& field, const unsigned char* bytes, std::string_view separator,
+                    Append append) {
+    if (field.rank == 0) return append(bytes);
+    out += '[';
     for (std::size_t i = 0; i < field.extents[0]; ++i) {
-        if (i > 0) all += separator;
-        if (field.rank == 2) all += '[';
+        if (i > 0) out += separator;
+        if (field.rank == 2) out += '[';
         for (std::size_t j = 0; j < field.extents[1]; ++j) {
-            if (j > 0) all += separator;
-            all += element(bytes + (i * field.extents[1] + j) * field.elementSize);
+            if (j > 0) out += separator;
+            append(bytes + (i * field.extents[1] + j) * field.elementSize);
         }
-        if (field.rank == 2) all += ']';
+        if (field.rank == 2) out += ']';
     }
-    return all + ']';
+    out += ']';
 }
 
 /// A nested record on one line.
-std::string InlineText(const RecordLayout& layout, const unsigned char* record) {
-    std::string line;
+void AppendInlineText(std::string& out, const RecordLayout& layout, const unsigned char* record) {
+    out += '{';
+    const char* comma = "";
     for (const Field& field : layout) {
         if (field.kind == FieldKind::Reserved) continue;
-        if (!line.empty()) line += ", ";
-        line += fmt::format("{} {}", field.name, Elements(field, record + field.offset, ", ", [&](const auto* bytes) {
-                                return field.kind == FieldKind::Record ? InlineText(*field.record, bytes)
-                                                                       : ScalarAsText(layout, record, field, bytes);
-                            }));
+        ((out += comma) += field.name) += ' ';
+        comma = ", ";
+        AppendElements(out, field, record + field.offset, ", ", [&](const unsigned char* bytes) {
+            if (field.kind == FieldKind::Record) return AppendInlineText(out, *field.record, bytes);
+            AppendScalarAsText(out, layout, record, field, bytes);
+        });
     }
-    return '{' + line + '}';
+    out += '}';
 }
 
 /// The record as JSON: a field a line, behind indent blanks; without indent all on one line, and no blanks.
 void AppendJson(std::string& out, const RecordLayout& layout, const unsigned char* record,
                 std::optional<std::size_t> indent) {
-    const std::string lead = indent ? fmt::format("\n{:{}}", "", *indent + 2) : "";
+    const std::string lead = indent ? '\n' + std::string(*indent + 2, ' ') : "";
     out += '{';
     const char* comma = "";
     for (const Field& field : layout) {
         if (field.kind == FieldKind::Reserved) continue;
-        fmt::format_to(std::back_inserter(out), "{}{}\"{}\":{}", comma, lead, field.name, indent ? " " : "");
+        (((out += comma) += lead) += '"') += field.name;
+        out += indent ? "\": " : "\":";
         comma = ",";
-        out += Elements(field, record + field.offset, indent ? ", " : ",", [&](const unsigned char* bytes) {
-            if (field.kind != FieldKind::Record) return ScalarAsJson(layout, record, field, bytes);
-            std::string nested;
-            AppendJson(nested, *field.record, bytes, indent ? std::optional(*indent + 2) : std::nullopt);
-            return nested;
+        AppendElements(out, field, record + field.offset, indent ? ", " : ",", [&](const unsigned char* bytes) {
+            if (field.kind != FieldKind::Record) return AppendScalarAsJson(out, layout, record, field, bytes);
+            AppendJson(out, *field.record, bytes, indent ? std::optional(*indent + 2) : std::nullopt);
         });
     }
-    if (indent) fmt::format_to(std::back_inserter(out), "\n{:{}}", "", *indent);
+    if (indent) out.append(1, '\n').append(*indent, ' ');
     out += '}';
 }
 
@@ -248,13 +269,13 @@ std::string RecordAsText(const RecordLayout& layout, const void* record) {
     for (const Field& field : layout) {
         if (field.kind == FieldKind::Reserved) continue;
         const auto* bytes = start + field.offset;
-        const auto element = [&](const unsigned char* at) {
-            return field.kind == FieldKind::Record ? InlineText(*field.record, at)
-                                                   : ScalarAsText(layout, start, field, at);
-        };
         const std::string separator = field.kind == FieldKind::Record ? fmt::format("\n  {:{}}   ", "", width) : ", ";
-        fmt::format_to(std::back_inserter(out), "  {:{}}  {}\n", field.name, width,
-                       Elements(field, bytes, separator, element));
+        fmt::format_to(std::back_inserter(out), "  {:{}}  ", field.name, width);
+        AppendElements(out, field, bytes, separator, [&](const unsigned char* at) {
+            if (field.kind == FieldKind::Record) return AppendInlineText(out, *field.record, at);
+            AppendScalarAsText(out, layout, start, field, at);
+        });
+        out += '\n';
     }
     return out;
 }
