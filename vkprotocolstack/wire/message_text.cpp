@@ -35,12 +35,12 @@ Place OnTape(const TextEntry* entry, std::string_view pointer) {
         const TextStep step = TakeStep(pointer);
         const TextEntry* found = nullptr;
         if (entry->type == TextType::Object) {
-            for (std::size_t i = 0; i < entry->size; ++i) {
-                const TextEntry& child = entry->children[i];
-                if (IsStepTo(step, child.name, child.nameSize)) found = &child;
+            const TextEntry* child = entry->first();
+            for (std::size_t left = entry->size; left > 0; --left, child = child->next()) {
+                if (IsStepTo(step, child->name, child->nameSize)) found = child;
             }
         } else if (entry->type == TextType::Array && step.index < entry->size) {
-            found = &entry->children[step.index];
+            found = entry->element(step.index);
         }
         entry = found;
     }

@@ -238,12 +238,12 @@ void Place::renderTo(char* field, int size) const {
 Place Place::member(std::string_view name) const {
     if (type() != Json::objectValue) return isWatched() ? trail().member(name) : Place();
     if (!isOnTape()) return Place(FindMember(*address(), name));
-    // From the end: of members with the same name the last one counts.
-    for (const TextEntry* child = entry().children + entry().size; child != entry().children;) {
-        --child;
-        if (child->nameSize == name.size() && SameBytes(child->name, name.data(), name.size())) return Place(child);
+    Place found;  // of members with the same name the last one counts
+    const TextEntry* child = entry().first();
+    for (std::size_t left = entry().size; left > 0; --left, child = child->next()) {
+        if (child->nameSize == name.size() && SameBytes(child->name, name.data(), name.size())) found = Place(child);
     }
-    return {};
+    return found;
 }
 
 Place Place::watchedElement(std::size_t index) const { return trail().element(index); }
@@ -260,15 +260,15 @@ void Place::members(const NameIndex& names, Place* found) const {
         return;
     }
     if (isOnTape()) {
-        const TextEntry* child = entry().children;
-        const TextEntry* const end = child + entry().size;
+        const TextEntry* child = entry().first();
+        const TextEntry* const end = &entry() + entry().span;
         if (entry().matched == names.names) {
-            for (; child != end; ++child) {
+            for (; child != end; child = child->next()) {
                 if (child->slot != 0) found[child->slot - 1] = Place(child);
             }
             return;
         }
-        for (std::size_t next = 0; child != end; ++child) {
+        for (std::size_t next = 0; child != end; child = child->next()) {
             const bool isNext = next < names.count && names.names[next].size() == child->nameSize &&
                                 SameBytes(names.names[next].data(), child->name, child->nameSize);
             const std::size_t slot = isNext ? next + 1 : names.find(child->name, child->nameSize);

@@ -86,8 +86,7 @@ class Place {
     }
     Place element(std::size_t index) const {
         if (isOnTape()) {
-            if (entry().type == TextType::Array)
-                return index < entry().size ? Place(entry().children + index) : Place();
+            if (entry().type == TextType::Array) return index < entry().size ? Place(entry().element(index)) : Place();
             return isWatched() ? watchedElement(index) : Place();
         }
         return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
@@ -99,7 +98,8 @@ class Place {
         if (isOnTape()) {
             const TextEntry& array = entry();
             if (array.type != TextType::Array) return isWatched() ? WatchedFirst<N>(*this) : found;
-            for (std::size_t i = 0; i < N; ++i) found[i] = i < array.size ? Place(array.children + i) : Place();
+            const TextEntry* element = array.first();
+            for (std::size_t i = 0; i < N && i < array.size; ++i, element = element->next()) found[i] = Place(element);
             return found;
         }
         if (type() == Json::arrayValue) {
@@ -119,9 +119,11 @@ class Place {
             return ForElements(*address(), count, [&](const Json::Value& element) { return visit(Place(&element)); });
         }
         // Not std::all_of, which holds the call of visit four times: too often for it to be expanded there.
-        const TextEntry* element = entry().children;
-        for (; count > 0 && visit(Place(element)); --count) ++element;
-        return count == 0;
+        const TextEntry* element = entry().first();
+        for (; visit(Place(element)); element = element->next()) {
+            if (--count == 0) return true;
+        }
+        return false;
     }
     Place member(std::string_view name) const;
     /// Looks up the names at one go.

@@ -111,7 +111,7 @@ Json::Value ScalarOf(const TextEntry& entry) {
 Json::Value TreeOf(const TextEntry& entry) {
     struct Level {
         const TextEntry* next;
-        const TextEntry* end;
+        std::size_t left;
         Json::Value* container;
     };
     std::vector<Level> levels;
@@ -124,7 +124,7 @@ Json::Value TreeOf(const TextEntry& entry) {
             case TextType::Array:
             case TextType::Object:
                 to = Json::Value(from.type == TextType::Array ? Json::arrayValue : Json::objectValue);
-                levels.push_back({from.children, from.children + from.size, &to});
+                levels.push_back({from.first(), from.size, &to});
                 break;
             default:
                 to = ScalarOf(from);
@@ -134,11 +134,13 @@ Json::Value TreeOf(const TextEntry& entry) {
     valueOf(entry, root);
     while (!levels.empty()) {
         Level& level = levels.back();
-        if (level.next == level.end) {
+        if (level.left == 0) {
             levels.pop_back();
             continue;
         }
-        const TextEntry& child = *level.next++;
+        const TextEntry& child = *level.next;
+        level.next = child.next();
+        --level.left;
         Json::Value& container = *level.container;
         if (container.isArray()) {
             valueOf(child, container[container.size()]);

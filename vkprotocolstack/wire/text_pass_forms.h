@@ -25,7 +25,9 @@ struct StructureBits {
 };
 
 inline bool IsBlank(char byte) { return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t'; }
-inline bool IsDigit(char byte) { return static_cast<unsigned char>(byte - '0') <= 9; }
+/// Above 9 when it is none.
+inline unsigned DigitOf(char byte) { return static_cast<unsigned char>(byte) - unsigned{'0'}; }
+inline bool IsDigit(char byte) { return DigitOf(byte) <= 9; }
 
 inline bool IsContainer(char byte) { return byte == '{' || byte == '['; }
 
@@ -53,13 +55,14 @@ inline std::uint32_t Hex4(const char* p) {
 template <class Blocks>
 class Pass {
   public:
-    explicit Pass(TextPass& job) : job_(job), tape_(*job.tape), end_(job.end), block_(job.begin) {}
+    explicit Pass(TextPass& job)
+        : job_(job), tape_(*job.tape), limit_(tape_.entries + tape_.capacity), end_(job.end), block_(job.begin) {}
 
     bool run() {
         while (end_ != job_.begin && IsBlank(end_[-1])) --end_;
         const char* p = job_.begin;
         while (p != end_ && IsBlank(*p)) ++p;
-        job_.part = nullptr;
+        forgetPart();
         endings_ = endingsAt(block_);
         endingsAhead_ = endingsAt(block_ + kBlock);
         if (end_ - p < 2) return declined(p) != nullptr;
@@ -181,6 +184,7 @@ class Pass {
 
     /// Reads the scalar at p into entry.
     ALWAYS_INLINE const char* scalar(const char* p, TextEntry& entry) {
+        if (IsDigit(*p)) return number(p, p, entry);
         switch (*p) {
             case '"': {
                 bool escaped = false;
@@ -200,8 +204,10 @@ class Pass {
             case 'n':
                 entry.type = TextType::Null;
                 return word(p, "null", 4);
+            case '-':
+                return number(p, p + 1, entry);
             default:
-                return number(p, entry);
+                return declined(p);
         }
     }
 
@@ -210,17 +216,16 @@ class Pass {
         return p + size;
     }
 
-    ALWAYS_INLINE const char* number(const char* p, TextEntry& entry) {
-        const char* const begin = p;
-        const bool negative = *p == '-';
-        if (negative) ++p;
+    /// The number that begins at begin, with its digits from p on.
+    ALWAYS_INLINE const char* number(const char* begin, const char* p, TextEntry& entry) {
         const char* const digits = p;
-        std::uint64_t value = 0;
-        while (IsDigit(*p)) value = value * 10 + static_cast<std::uint64_t>(*p++ - '0');
-        const auto count = static_cast<std::size_t>(p - digits);
-        if (count == 0 || (*digits == '0' && count > 1)) return declined(begin);
-        if (count > 18 || *p == '.' || *p == 'e' || *p == 'E') return longNumber(begin, p, value, entry);
-        entry.integer = negative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value);
+        std::uint64_t value = DigitOf(*p);
+        if (value > 9) return declined(begin);
+        unsigned digit = DigitOf(*++p);
+        if (value == 0 && digit <= 9) return declined(begin);
+        for (; digit <= 9; digit = DigitOf(*++p)) value = value * 10 + digit;
+        if (p - digits > 18 || *p == '.' || (*p | 0x20) == 'e') return longNumber(begin, p, value, entry);
+        entry.integer = static_cast<std::int64_t>(digits == begin ? value : 0 - value);
         entry.type = TextType::Integer;
         return p;
     }
@@ -373,24 +378,38 @@ class Pass {
         return declined(p);
     }
 
-    ALWAYS_INLINE TextEntry* push() {
-        if (tape_.open == tape_.closed && !tape_.grow()) {
+    /// A new entry behind the last one; null when there is no memory, which is the message's end.
+    ALWAYS_INLINE TextEntry* push(TextEntry*& next) {
+        if (next == limit_) [[unlikely]] {
+            next = grown(next);
+            if (next == nullptr) return nullptr;
+        }
+        return next++;
+    }
+
+    [[gnu::noinline]] TextEntry* grown(const TextEntry* next) {
+        const auto used = static_cast<std::size_t>(next - tape_.entries);
+        if (!tape_.grow(used)) {
             job_.noMemory = true;
             return nullptr;
         }
-        return &tape_.entries[tape_.open++];
+        limit_ = tape_.entries + tape_.capacity;
+        return tape_.entries + used;
     }
 
-    /// Takes down the container at p, whose entry has this index, and what is in it.
-    [[gnu::noinline]] const char* tapeContainer(const char* p, std::size_t container, std::size_t depth) {
+    /// Takes down the container at p, whose entry is the tape's last, and what is in it.
+    [[gnu::noinline]] const char* tapeContainer(const char* p, std::size_t depth) {
+        TextEntry* next = next_;
+        std::size_t container = static_cast<std::size_t>(next - tape_.entries) - 1;
         const std::size_t outermost = container;
+        std::uint32_t children = 0;  // of the container so far; of those around it their entries keep it
         bool isObject = false;
         TextEntry* entry = nullptr;
     open:
         isObject = *p == '{';
         ++depth;
         tape_.entries[container].type = isObject ? TextType::Object : TextType::Array;
-        tape_.entries[container].size = TextEntry::kStillOpen;
+        children = 0;
         p = skipBlanks(p + 1);
         if (*p == (isObject ? '}' : ']')) goto close;
         if (depth >= job_.maxDepth) return declined(p);
@@ -402,7 +421,7 @@ class Pass {
         p = endOfText(name, escaped);
         if (p == nullptr) return nullptr;
         if (escaped || p - name > 0xFFFF) return declined(name);
-        entry = push();
+        entry = push(next);
         if (entry == nullptr) return declined(name);
         entry->name = name;
         entry->nameSize = static_cast<std::uint16_t>(p - name);
@@ -412,13 +431,15 @@ class Pass {
         goto value;
     }
     element:
-        entry = push();
+        entry = push(next);
         if (entry == nullptr) return declined(p);
-        entry->name = nullptr;
+        entry->name = nullptr;  // which also says that no list's slots are in its members
     value:
+        ++children;
         if (IsContainer(*p)) {
+            tape_.entries[container].size = children;
             entry->parent = container;
-            container = tape_.open - 1;
+            container = static_cast<std::size_t>(entry - tape_.entries);
             goto open;
         }
         p = scalar(p, *entry);
@@ -434,11 +455,17 @@ class Pass {
     close : {
         ++p;
         --depth;
-        const std::size_t parent = tape_.entries[container].parent;
-        tape_.close(container);
-        if (container == outermost) return p;
+        TextEntry& closed = tape_.entries[container];
+        const std::size_t parent = closed.parent;
+        closed.size = children;
+        closed.span = static_cast<std::size_t>(next - &closed);
+        if (container == outermost) {
+            next_ = next;
+            return p;
+        }
         if (p == end_) return declined(p);
         container = parent;
+        children = tape_.entries[container].size;
         isObject = tape_.entries[container].type == TextType::Object;
         goto behind;
     }
@@ -448,42 +475,44 @@ class Pass {
     /// the one behind the last match is tried before any search, and needs no look for the name's end.
     [[gnu::noinline]] const char* tapeExpected(const char* p, std::size_t depth) {
         const NameIndex& expected = *job_.expected;
-        std::size_t next = 0;
-        tape_.entries[0].type = TextType::Object;
-        tape_.entries[0].size = TextEntry::kStillOpen;
-        tape_.entries[0].matched = expected.names;
+        std::size_t slot = 0;
+        std::uint32_t members = 0;
+        TextEntry* next = next_;
         ++depth;
         p = skipBlanks(p + 1);
-        if (*p == '}') {
-            tape_.close(0);
-            return p + 1;
-        }
+        if (*p == '}') return closeExpected(p, members);
         if (depth >= job_.maxDepth) return declined(p);
         for (;;) {
             if (*p != '"') return declined(p);
             const char* const name = p + 1;
-            std::size_t slot = 0;
-            if (next < expected.count &&
-                Blocks::Starts(name, end_, expected.quoted[next], expected.names[next].size())) {
-                p = name + expected.names[next].size();
-                slot = ++next;
+            TextEntry* const entry = push(next);
+            if (entry == nullptr) return declined(name);
+            ++members;
+            if (slot < expected.count &&
+                Blocks::Starts(name, end_, expected.quoted[slot], expected.names[slot].size())) {
+                p = name + expected.names[slot].size();
+                entry->slot = static_cast<std::uint8_t>(++slot);
             } else {
                 bool escaped = false;
                 p = endOfText(name, escaped);
                 if (p == nullptr) return nullptr;
                 if (escaped || p - name > 0xFFFF) return declined(name);
-                slot = expected.find(name, static_cast<std::size_t>(p - name));
-                if (slot != 0) next = slot;
+                const std::size_t found = expected.find(name, static_cast<std::size_t>(p - name));
+                if (found != 0) slot = found;
+                entry->slot = static_cast<std::uint8_t>(found);
             }
-            TextEntry* const entry = push();
-            if (entry == nullptr) return declined(name);
             entry->name = name;
             entry->nameSize = static_cast<std::uint16_t>(p - name);
-            entry->slot = static_cast<std::uint8_t>(slot);
             p = skipBlanks(p + 1);
             if (*p != ':') return declined(p);
             p = skipBlanks(p + 1);
-            p = IsContainer(*p) ? tapeContainer(p, tape_.open - 1, depth) : scalar(p, *entry);
+            if (IsContainer(*p)) {
+                next_ = next;
+                p = tapeContainer(p, depth);
+                next = next_;
+            } else {
+                p = scalar(p, *entry);
+            }
             if (p == nullptr) return nullptr;
             if (p == end_) return declined(p);
             p = skipBlanks(p);
@@ -491,20 +520,29 @@ class Pass {
             p = skipBlanks(p + 1);
         }
         if (*p != '}') return declined(p);
-        tape_.close(0);
+        next_ = next;
+        return closeExpected(p, members);
+    }
+
+    const char* closeExpected(const char* p, std::uint32_t members) {
+        TextEntry& object = tape_.entries[0];
+        object.type = TextType::Object;
+        object.size = members;
+        object.span = static_cast<std::size_t>(next_ - tape_.entries);
+        object.matched = job_.expected->names;
         return p + 1;
     }
 
     /// Takes down the value at p, the part.
     const char* tapePart(const char* p, std::size_t depth) {
-        TextEntry* const entry = push();
+        TextEntry* const entry = push(next_);
         if (entry == nullptr) return declined(p);
         entry->matched = nullptr;
         entry->nameSize = 0;
         if (job_.expected != nullptr && *p == '{') {
             p = tapeExpected(p, depth);
         } else {
-            p = IsContainer(*p) ? tapeContainer(p, 0, depth) : scalar(p, *entry);
+            p = IsContainer(*p) ? tapeContainer(p, depth) : scalar(p, *entry);
         }
         job_.part = tape_.entries;
         return p;
@@ -512,7 +550,7 @@ class Pass {
 
     void forgetPart() {
         job_.part = nullptr;
-        tape_.clear();
+        next_ = tape_.entries;
     }
 
     /// Follows the steps from the value at p, the message, to the part, and checks what lies around.
@@ -580,6 +618,8 @@ class Pass {
 
     TextPass& job_;
     TextTape& tape_;
+    TextEntry* next_ = nullptr;       ///< behind the tape's last entry
+    TextEntry* limit_;                ///< behind its memory
     const char* end_;                 ///< behind the last byte that is not blank
     const char* block_;               ///< kBlock bytes of the text, or fewer at its end
     std::uint64_t endings_ = 0;       ///< bits of its bytes that are no ordinary characters of a text

@@ -18,19 +18,20 @@ enum class TextType : std::uint8_t {
     Real,
     Text,
     EscapedText,
-    Array,
+    Array,  ///< this and what follows are containers
     Object
 };
 
 class Trail;
 
-/// A value in a message text, and its name where it is a member.
+/// A value in a message text, and its name where it is a member. What stands in an array or an object follows it, in
+/// the message's order.
 struct TextEntry {
     union {
         std::int64_t integer;           ///< Integer
         std::uint64_t unsignedInteger;  ///< Unsigned: above the range of Integer
         const char* text;               ///< Real: the number; Text, EscapedText: what is between the quotes
-        const TextEntry* children;      ///< Array, Object: its size entries, in the message's order
+        std::size_t span;               ///< Array, Object: entries that it takes, this one included
         std::size_t parent;             ///< a container that is still open: the index of the one around it
         const Trail* trail;             ///< Watched
     };
@@ -38,39 +39,38 @@ struct TextEntry {
         const char* name;
         const std::string_view* matched;  ///< the part itself: the list of names whose slots its members have, or null
     };
-    std::uint32_t size;  ///< bytes of text, or children; kStillOpen while they are not known
+    std::uint32_t size;  ///< bytes of text, or elements or members
     std::uint16_t nameSize;
     std::uint8_t slot;  ///< the name's index plus one in the list that the object was matched against, or 0
     TextType type;
 
-    static constexpr std::uint32_t kStillOpen = 0xFFFFFFFF;
+    bool isContainer() const { return type >= TextType::Array; }
+    /// Of an array or an object that is not empty.
+    const TextEntry* first() const { return this + 1; }
+    /// The element or member behind this one, where there is one more.
+    const TextEntry* next() const { return this + (isContainer() ? span : 1); }
+    /// The element at an index below size of an array.
+    const TextEntry* element(std::size_t index) const {
+        if (span == std::size_t{size} + 1) return this + 1 + index;
+        const TextEntry* element = first();
+        for (; index > 0; --index) element = element->next();
+        return element;
+    }
 };
 
-/// Memory for entries, filled from both ends: at the front those whose container is still open, at the back those of
-/// closed ones, each container's side by side. A tape takes the thread's last block and leaves it its own.
+/// Memory for entries. A tape takes the thread's last block and leaves it its own.
 class TextTape {
   public:
-    TextTape(TextEntry* memory, std::size_t size) : entries(memory), capacity(size), closed(size) {}
+    TextTape(TextEntry* memory, std::size_t size) : entries(memory), capacity(size) {}
     ~TextTape();
     TextTape(const TextTape&) = delete;
     TextTape& operator=(const TextTape&) = delete;
 
-    /// Forgets all entries.
-    void clear() {
-        open = 0;
-        closed = capacity;
-    }
-
-    /// Makes room for one entry at least; children stay children, but entries move. False when there is no memory.
-    bool grow();
-
-    /// Moves the entries behind that of the open container to the back, as its children.
-    void close(std::size_t container);
+    /// Makes room for more than the first used entries, which it keeps; they may move. False when there is no memory.
+    bool grow(std::size_t used);
 
     TextEntry* entries;
     std::size_t capacity;
-    std::size_t open = 0;  ///< entries at the front
-    std::size_t closed;    ///< index of the first at the back
 };
 
 }  // namespace jsonparser
