@@ -19,5 +19,7 @@ build_packages=(g++ cmake ninja-build libjsoncpp-dev libcli11-dev libfmt-dev nlo
 test_packages=("${build_packages[@]}" libgtest-dev librapidcheck-dev bats locales make pkg-config python3 tzdata mandoc bsdextrautils zsh fish)
 bench_packages=("${build_packages[@]}" libbenchmark-dev locales rapidjson-dev libsimdjson-dev python3 valgrind)
 check_packages=("${test_packages[@]}" abigail-tools xz-utils clang clang-format clang-tidy libclang-rt-14-dev pkg-config)
+coverage_packages=("${test_packages[@]}" clang llvm)
 abi_packages=("${build_packages[@]}" abigail-tools xz-utils)
+soak_packages=("${test_packages[@]}" clang llvm libclang-rt-14-dev valgrind)
 package_packages=("${build_packages[@]}" pkg-config lintian debootstrap file)
