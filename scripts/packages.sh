@@ -21,5 +21,7 @@ bench_packages=("${build_packages[@]}" libbenchmark-dev locales rapidjson-dev li
 reference_packages=("${build_packages[@]}" doxygen python3)
 growth_packages=("${test_packages[@]}" valgrind)
 check_packages=("${test_packages[@]}" clang-format clang-tidy libclang-rt-14-dev)
+coverage_packages=("${test_packages[@]}" llvm)
 abi_packages=("${build_packages[@]}" abigail-tools xz-utils)
+soak_packages=("${test_packages[@]}" llvm libclang-rt-14-dev valgrind)
 package_packages=("${build_packages[@]}" pkg-config dpkg-dev lintian debootstrap file)

@@ -7,6 +7,7 @@
 
 #include "testing/json.h"
 #include "testing/record.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -114,6 +115,11 @@ TEST(BulletHoleRecord, HasItsPlaces) {
     EXPECT_EQ(offsetof(Info, stuCenter), 168U);
     EXPECT_EQ(offsetof(Info, nSequence), 172U);
     EXPECT_EQ(offsetof(Info, byReserved), 180U);
+}
+
+TEST(ParseBulletHolesInfo, ANullRecordOfAMessageTextGivesZero) {
+    jsonparser::MessageText text(kFull);
+    EXPECT_EQ(ParseBulletHolesInfo(text.at(""), nullptr), 0);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "testing/json.h"
 #include "testing/locale.h"
 #include "testing/record.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -853,5 +854,17 @@ TEST(ParseColorsimilar, WhatIsNoObjectWritesNothing) {
 }
 
 TEST(ParseColorsimilar, ANullOutIsNotWritten) { EXPECT_EQ(ParseColorsimilar(Json(kSimilarity), nullptr, 8), 0); }
+
+TEST(ParseStrtoObject, ANullRecordOfAMessageTextFails) {
+    jsonparser::MessageText text("{}");
+    EXPECT_EQ(ParseStrtoObject(text.at(""), static_cast<VK_MSG_OBJECT*>(nullptr)), 1);
+    EXPECT_EQ(ParseStrtoObject(text.at(""), static_cast<tagVK_MSG_OBJECT_EX*>(nullptr)), 1);
+    EXPECT_EQ(ParseStrtoObject(text.at(""), static_cast<tagVK_MSG_OBJECT_EX2*>(nullptr)), 0);
+}
+
+TEST(ParseColorsimilar, ANullOutputOfAMessageTextGives0) {
+    jsonparser::MessageText text(R"({"Red": 1})");
+    EXPECT_EQ(ParseColorsimilar(text.at(""), nullptr, 8), 0);
+}
 
 }  // namespace

@@ -327,4 +327,29 @@ TEST(LogLine, HasAllOfAReading) {
     EXPECT_EQ(LogLine(why.readings[0]), "/PlateNumber: missing; not present; left as it was");
 }
 
+TEST(Explain, ShortensATextWithoutABeginningOfACharacterToNothing) {
+    Json::Value message;
+    message["PlateNumber"] = std::string(1000, '\x80');
+    Car car;
+    const Explanation explanation = Explain(message, [&] { ParseStrtoTrafficCar(message, car.get()); });
+    for (const Reading& reading : explanation.readings) {
+        if (reading.path == "/PlateNumber") {
+            EXPECT_EQ(reading.found, R"(""...)");
+        }
+    }
+}
+
+TEST(Explain, SummarisesElementsBetweenThoseThatAreRead) {
+    const Json::Value message = Json("[[1], [2], [3], [4]]");
+    const Explanation explanation = Explain(message, [&] { Json_dimension(1)(message); });  // the first and the last
+    EXPECT_EQ(At(explanation, "/1"), Lines{"unread: elements 1 to 2: nothing reads these | nothing here"});
+}
+
+TEST(LogLine, NamesTheMessageItselfAndShowsWhatATerminalWouldObey) {
+    Reading reading;
+    reading.type = "text";
+    reading.found = "\x7F";
+    EXPECT_EQ(LogLine(reading).substr(0, 7), "/: \\x7f");
+}
+
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "testing/json.h"
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -95,6 +96,15 @@ TEST(ParseFaceDBType, PackedAgainGivesTheKeywordInItsOwnSpelling) {
         ASSERT_TRUE(PacketFaceDBType(node, type));
         EXPECT_EQ(node, Json::Value(kRows[type - 1].keyword));
     }
+}
+
+TEST(ParseFaceDBType, OfAMessageTextIsThatOfTheValue) {
+    jsonparser::MessageText text(R"(["BlackListDB", "no type"])");
+    int type = 77;
+    int expected = 77;
+    EXPECT_EQ(ParseFaceDBType(text.at("/0"), type), ParseFaceDBType(Json::Value("BlackListDB"), expected));
+    EXPECT_EQ(type, expected);
+    EXPECT_FALSE(ParseFaceDBType(text.at("/1"), type));
 }
 
 }  // namespace

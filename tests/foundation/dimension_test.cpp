@@ -10,6 +10,7 @@
 
 #include "testing/json.h"
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -222,6 +223,12 @@ TEST(JsonDimension, NeedsNoStackThatGrowsWithTheDepth) {
     pthread_attr_destroy(&attributes);
     EXPECT_EQ(work.first, kLevels);
     EXPECT_EQ(work.all, 3);
+}
+
+TEST(JsonDimension, ANegativeShiftMeasuresAPlaceInATextAsMinus1) {
+    jsonparser::MessageText text("[1, 2]");
+    EXPECT_EQ(Json_dimension(-1)(text.at("")), -1);
+    EXPECT_EQ(Json_dimension(0)(text.at("")), 1);
 }
 
 }  // namespace

@@ -197,4 +197,11 @@ TEST(PacketAssicToUtf8Jason, ALengthOfWhichNoBufferCanBeHadLeavesTheNodeUnchange
     EXPECT_EQ(Written("text", INT_MAX, Json("[1]")), "[1]");
 }
 
+TEST(PacketAssicToUtf8Jason, TheResultTakesAtMostTwiceTheLengthAndAByteMore) {
+    const testing_tools::ThreadLocale locale("de_DE.ISO-8859-15");  // one byte for three of UTF-8
+    EXPECT_EQ(Written("\xA4\xA4\xA4\xA4", 4), R"("€€€")");
+    EXPECT_EQ(Written("\xA4\xA4\xA4\xA4\xA4", 5), R"("€€€")");
+    EXPECT_EQ(Written("\xA4\xA4\xA4\xA4\xA4\xA4\xA4", 7), R"("€€€€€")");
+}
+
 }  // namespace

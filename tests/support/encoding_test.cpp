@@ -336,6 +336,12 @@ TEST(LocalEncoding, AnAsciiCharacterThatIsAnotherOneLocallyIsNotCopied) {
     EXPECT_EQ(Utf8("a\\~", 64), "a¥‾");
 }
 
+TEST(LocalEncoding, WhoseNameBeginsLikeThatOfAsciiIsNotTakenForIt) {
+    const ThreadLocale locale("hy_AM.ARMSCII-8");
+    EXPECT_EQ(Local("Ա"), "\xB2");
+    EXPECT_EQ(Utf8("\xB2", 8), "Ա");
+}
+
 TEST(LocalEncoding, MayChangeBetweenCalls) {
     const Utf8Texts utf8;
     for (int i = 0; i < 3; ++i) {

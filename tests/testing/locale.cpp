@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <langinfo.h>
 
+#include <clocale>
 #include <cstring>
+#include <string>
 
 #include <clocale>
 #include <mutex>
@@ -31,11 +33,14 @@ ThreadLocale::~ThreadLocale() {
     if (locale_ != nullptr) freelocale(locale_);
 }
 
+// By way of the process's locale, which comes back at once: newlocale loses the search path that it makes of LOCPATH.
 Utf8Texts::Utf8Texts() {
     const char* codeset = nl_langinfo(CODESET);
     if (std::strcmp(codeset, "UTF-8") == 0 || std::strcmp(codeset, "ANSI_X3.4-1968") == 0) return;
-    locale_ = newlocale(LC_CTYPE_MASK, "C.UTF-8", duplocale(uselocale(nullptr)));
-    EXPECT_NE(locale_, nullptr);
+    const std::string previous = std::setlocale(LC_CTYPE, nullptr);
+    EXPECT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
+    locale_ = duplocale(LC_GLOBAL_LOCALE);
+    std::setlocale(LC_CTYPE, previous.c_str());
     previous_ = uselocale(locale_);
 }
 

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <string>
 #include <vector>
 
 #include "testing/json.h"
 #include "testing/record.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -394,6 +396,20 @@ TEST(GetJsonTimeSchedule, ATopBitOfAMaskIsReadFromEitherForm) {
         EXPECT_TRUE(GetJsonTimeSchedule(Json(text), section.get(), 1, 1, nullptr)) << text;
         EXPECT_EQ(section->dwRecordMask, 0x80000001U) << text;
     }
+}
+
+TEST(GetJsonTimeSchedule, OfAMessageTextNeedsSectionsAndNumbersThatAreNot0) {
+    jsonparser::MessageText text(R"([["1 01:02:03-04:05:06"]])");
+    tagVK_TSECT section;
+    std::memset(&section, 0xA5, sizeof section);
+    const tagVK_TSECT before = section;
+    int rows = 7;
+    EXPECT_FALSE(GetJsonTimeSchedule(text.at(""), static_cast<tagVK_TSECT*>(nullptr), 1, 1, &rows));
+    EXPECT_FALSE(GetJsonTimeSchedule(text.at(""), &section, 0, 1, &rows));
+    EXPECT_FALSE(GetJsonTimeSchedule(text.at(""), &section, 1, 0, &rows));
+    EXPECT_EQ(std::memcmp(&section, &before, sizeof section), 0);
+    EXPECT_TRUE(GetJsonTimeSchedule(text.at(""), &section, 1, 1, &rows));
+    EXPECT_EQ(section.nEndSec, 6);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "testing/json.h"
 #include "testing/record.h"
+#include "vkprotocolstack/message_text.h"
 #include "vkprotocolstack/wire/observer.h"
 
 namespace {
@@ -199,6 +200,19 @@ std::vector<std::string> PathsOfFourInAnArrayOfTwo() {
 TEST(GetJsonTimeGroup, OneFormEndsWithTheArrayTheOtherWithTheCount) {
     EXPECT_EQ(PathsOfFourInAnArrayOfTwo<tagCFG_TIME_SECTION>(), (std::vector<std::string>{"/0", "/1"}));
     EXPECT_EQ(PathsOfFourInAnArrayOfTwo<tagNET_TIME_SECTION>(), (std::vector<std::string>{"/0", "/1", "/2", "/3"}));
+}
+
+TEST(GetJsonTimeGroup, OfAMessageTextNeedsSectionsAndACount) {
+    jsonparser::MessageText text(R"(["1 01:02:03-04:05:06"])");
+    tagCFG_TIME_SECTION section = {};
+    EXPECT_EQ(GetJsonTimeGroup(text.at(""), static_cast<tagCFG_TIME_SECTION*>(nullptr), 1), 0);
+    EXPECT_EQ(GetJsonTimeGroup(text.at(""), &section, 0), 0);
+    EXPECT_EQ(section.nEndSec, 0);
+    EXPECT_EQ(GetJsonTimeGroup(text.at(""), &section, 1), 1);
+    EXPECT_EQ(section.nEndSec, 6);
+    tagNET_TIME_SECTION other = {};
+    EXPECT_EQ(GetJsonTimeGroup(text.at(""), static_cast<tagNET_TIME_SECTION*>(nullptr), 1), 0);
+    EXPECT_EQ(GetJsonTimeGroup(text.at(""), &other, 0), 0);
 }
 
 }  // namespace

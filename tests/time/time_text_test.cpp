@@ -10,6 +10,7 @@
 
 #include "testing/json.h"
 #include "testing/record.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -783,6 +784,18 @@ TEST(TimeWriters, ReplaceWhateverTheNodeHeld) {
         EXPECT_EQ(after(SetJsonTimeB, plain), R"("20240105 093000")");
         EXPECT_EQ(after(SetJsonDate, plain), R"("2024-01-05")");
     }
+}
+
+TEST(TimesOfText, AreReadLikeThoseOfValues) {
+    jsonparser::MessageText text(R"(["2024-01-05 09:30:07", "10:20:30", "no time"])");
+    tagNET_TIME time = {};
+    EXPECT_TRUE(JsonTime::parse(text.at("/0"), time));
+    EXPECT_EQ(time.dwSecond, 7U);
+    EXPECT_FALSE(JsonTime::parse(text.at("/2"), time));
+    tagCFG_TIME ofDay = {};
+    EXPECT_TRUE(GetJsonTime(text.at("/1"), ofDay));
+    EXPECT_EQ(ofDay.nSecond, 30);
+    EXPECT_FALSE(GetJsonTime(text.at("/2"), ofDay));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "testing/json.h"
 #include "testing/locale.h"
 #include "testing/record.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -705,6 +706,12 @@ TEST(ParseTrafficStatInfoEx, StateAloneChangesItsOwnFieldAndTheRank) {
         EXPECT_EQ(info->nState, row.value) << row.json;
         EXPECT_EQ(info.changedFields(), (Fields{"emRank", "nState"})) << row.json;
     }
+}
+
+TEST(FlowStatisticsOfText, ANullRecordGivesMinus1) {
+    jsonparser::MessageText text("{}");
+    EXPECT_EQ(ParseTrafficStatInfo(text.at(""), nullptr), -1);
+    EXPECT_EQ(ParseTrafficStatInfoEx(text.at(""), nullptr), -1);
 }
 
 }  // namespace

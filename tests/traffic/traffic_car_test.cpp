@@ -7,6 +7,7 @@
 #include "testing/json.h"
 #include "testing/locale.h"
 #include "testing/record.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -684,6 +685,11 @@ TEST(ParseStrtoTrafficCar, TakesAnyJson) {
             EXPECT_NO_THROW(car.read(node)) << name;
         }
     }
+}
+
+TEST(ParseStrtoTrafficCar, ANullRecordOfAMessageTextGives1) {
+    jsonparser::MessageText text("{}");
+    EXPECT_EQ(ParseStrtoTrafficCar(text.at(""), nullptr), 1);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "testing/json.h"
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -383,6 +384,19 @@ TEST(ParseSafeBeltStatue, LengthCountsBeyondANulToo) {
          {std::string("WithSafeBelt\0", 13), std::string("WithSafeBelt\0xx", 15), std::string("WithoutSafeBelt\0", 16),
           std::string("WithSafeBelt "), std::string("WithSafeBel"), std::string(" WithSafeBelt"), std::string()}) {
         EXPECT_EQ(ParseSafeBeltStatue(word), 0) << word;
+    }
+}
+
+TEST(StatesOfText, AreLeftAsTheyWereWhereTheMessageIsRefused) {
+    jsonparser::MessageText text(R"(["no word"])");
+    jsonparser::MessageText refused("[");
+    for (const auto read : {static_cast<bool (*)(const jsonparser::MessagePlace&, unsigned char&)>(ParseStrobeState),
+                            static_cast<bool (*)(const jsonparser::MessagePlace&, unsigned char&)>(ParseSeatBelt)}) {
+        unsigned char state = 77;
+        EXPECT_FALSE(read(refused.at(""), state));
+        EXPECT_EQ(state, 77);
+        EXPECT_TRUE(read(text.at("/0"), state));
+        EXPECT_EQ(state, 0);
     }
 }
 
