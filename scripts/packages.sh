@@ -19,5 +19,6 @@ build_packages=(g++ cmake ninja-build libjsoncpp-dev libcli11-dev libfmt-dev nlo
 test_packages=("${build_packages[@]}" libgtest-dev librapidcheck-dev bats locales make pkg-config python3 tzdata mandoc bsdextrautils zsh fish)
 bench_packages=("${build_packages[@]}" libbenchmark-dev locales rapidjson-dev libsimdjson-dev python3 valgrind)
 growth_packages=("${test_packages[@]}" valgrind)
+fuzz_packages=("${build_packages[@]}" locales clang libclang-rt-14-dev)
 check_packages=("${test_packages[@]}" clang clang-format clang-tidy libclang-rt-14-dev pkg-config)
 package_packages=("${build_packages[@]}" pkg-config lintian debootstrap file)
