@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Expect(source.guardsIntact(), "written outside", writer.name);
     for (const fuzz::Reader& reader : fuzz::Readers()) {
         if (reader.target.layout != writer.source.layout) continue;
-        fuzz::Memory target(reader.target, placement);
+        fuzz::Memory target(reader.target, placement % reader.target.alignment == 0 ? placement : 0);
         reader.value(written, target.get());
         Expect(target.guardsIntact(), "written outside", reader.name);
     }
