@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
 }
 
-#ifndef FUZZ_WITH_LIBFUZZER
+#ifndef FUZZ_WITHOUT_MAIN
 int main(int argc, char** argv) {
     char* end = nullptr;
     const std::uint64_t first = argc == 3 ? std::strtoull(argv[1], &end, 10) : 0;

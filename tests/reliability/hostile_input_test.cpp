@@ -154,6 +154,7 @@ TEST(PlacesOfReaders, AreFoundHoweverDeep) {
         const std::string name(reader.name);
         for (const auto& [path, filling] : PlacesOf(reader)) found.insert(name + ' ' + Pointer(path));
     }
+    std::printf("%zu places, %zu hostile values\n", found.size(), Hostile().size());
     for (const auto& [reader, place] : known)
         EXPECT_TRUE(found.contains(reader + ' ' + place)) << reader << ' ' << place;
 }
