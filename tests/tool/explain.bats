@@ -290,6 +290,27 @@ schedule.json tagNET_TIME_SECTION /params/config/Recording/0/TimeSection/1 unrea
 END
 }
 
+@test "where nothing of the record is found, a place that has most of its members is proposed" {
+    run "$JSONPARSER" explain trafficcar "$MESSAGES/traffic_event.json"
+    [ "$status" -eq 1 ]
+    [ "${lines[-1]}" = "Nothing of it is here; try --at /params/Events/0/TrafficCar" ]
+    run "$JSONPARSER" explain trafficcar <<<'{"Lane": {}, "x y": [1, {"Speed": 1}, {"Speed": 1, "Direction": 2}]}'
+    [[ "$output" != *"--at"* ]]
+    run "$JSONPARSER" explain trafficcar <<<"{\"x 'y\": [1, {\"Speed\": 1}, {\"Speed\": 1, \"Direction\": 2}]}"
+    [ "${lines[-1]}" = "Nothing of it is here; try --at '/x '\\''y/2'" ]
+    run "$JSONPARSER" explain VK_RECT <<<'{"Rect": [1, 2, 3, 4]}'
+    [ "${lines[-1]}" = "Nothing of it is here; --at names the record's place" ]
+}
+
+@test "no place is proposed where something was found, or a place was given" {
+    run "$JSONPARSER" explain trafficcar <<<'{"Speed": 1}'
+    [[ "$output" != *"--at"* ]]
+    run "$JSONPARSER" explain trafficcar --at /a <<<'{"a": {"b": {"Speed": 1}}}'
+    [[ "$output" != *"--at"* ]]
+    run "$JSONPARSER" explain trafficcar --json <<<'{"a": {"b": {"Speed": 1}}}'
+    [[ "$output" != *"--at"* ]]
+}
+
 @test "twice the members that nothing reads take twice the time, with places too" {
     python3 - <<'END'
 import os, resource, subprocess
