@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <set>
 #include <string_view>
 
 #include "commands.h"
@@ -120,32 +121,30 @@ struct BestPlace {
     std::size_t count = 0;
 };
 
-void FindBestPlace(const Json::Value& value, const std::string& path, const std::vector<std::string>& names,
+void FindBestPlace(const Json::Value& value, const std::string& path, const std::set<std::string>& names,
                    BestPlace& best) {
-    const auto has = [&value](const std::string& name) {
-        const Json::Value* member = value.find(name.data(), name.data() + name.size());
-        return member != nullptr && !member->isNull();  // readers may insert null
-    };
+    const auto isContainer = [](const Json::Value& child) { return child.isObject() || child.isArray(); };
     if (value.isObject()) {
-        const auto count = static_cast<std::size_t>(std::count_if(names.begin(), names.end(), has));
+        std::size_t count = 0;
+        for (auto member = value.begin(); member != value.end(); ++member) {
+            // Readers may insert null.
+            if (!member->isNull() && names.contains(member.name())) ++count;
+        }
         if (count > best.count) best = {path, count};
         for (auto member = value.begin(); member != value.end(); ++member) {
-            if (member->isObject() || member->isArray()) {
-                FindBestPlace(*member, path + PointerStep(member.name()), names, best);
-            }
+            if (isContainer(*member)) FindBestPlace(*member, path + PointerStep(member.name()), names, best);
         }
-    } else if (value.isArray()) {
+    } else {
         for (Json::ArrayIndex i = 0; i < value.size(); ++i) {
-            if (!value[i].isObject() && !value[i].isArray()) continue;
-            FindBestPlace(value[i], fmt::format("{}/{}", path, i), names, best);
+            if (isContainer(value[i])) FindBestPlace(value[i], fmt::format("{}/{}", path, i), names, best);
         }
     }
 }
 
 /// Where to look instead, when nothing that the reader looked for is in the document; empty otherwise.
 std::string PlaceHint(const Json::Value& root, const Explanation& explanation) {
-    bool refused = false;            // the document as a whole
-    std::vector<std::string> names;  // of the members that the record itself has
+    bool refused = false;         // the document as a whole
+    std::set<std::string> names;  // of the members that the record itself has
     for (const Reading& reading : explanation.readings) {
         if (reading.outcome == Outcome::kUnread) continue;
         if (reading.path.empty()) {
@@ -153,7 +152,7 @@ std::string PlaceHint(const Json::Value& root, const Explanation& explanation) {
             continue;
         }
         if (reading.type != "missing") return "";
-        if (reading.path.rfind('/') == 0) names.push_back(PointerSteps(reading.path).front());
+        if (reading.path.rfind('/') == 0) names.insert(PointerSteps(reading.path).front());
     }
     BestPlace best;
     FindBestPlace(root, "", names, best);
