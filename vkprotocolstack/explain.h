@@ -76,7 +76,10 @@ struct Explanation {
 /// measures, scalars count as refused.
 VK_API Explanation Explain(const Json::Value& message, const std::function<void()>& read);
 
-/// A reading in one line without control characters, for a log: "/Lane: "x" read by int as 0: wrong type, read as 0".
+/// A reading in one line without control characters, for a log: path, value, tests, conversion and what it gave, what
+/// became of it; parts that are empty are left out:
+///
+///     /Speed: "x"; int: 0; wrong type, read as 0
 VK_API std::string LogLine(const Reading& reading);
 
 }  // namespace jsonparser

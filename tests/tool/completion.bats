@@ -45,7 +45,8 @@ os.close(terminal)
 END
 }
 
-records() { "$JSONPARSER" records | cut -d' ' -f1 | sort; }
+# Names of records: all of them, or those that decode or encode takes.
+records() { "$JSONPARSER" records | grep -E "bytes  .*${1-}.*  " | cut -d' ' -f1 | sort; }
 tables() { "$JSONPARSER" keywords | sed -nE 's/^([A-Za-z0-9]+): .*/\1/p' | sort; }
 commands() { "$JSONPARSER" --help | sed '1,/^Subcommands:/d' | sed -nE 's/^  ([a-z]+) .*/\1/p' | sort; }
 options() { "$JSONPARSER" $1 --help | grep -oE '^  -[-a-z,]+' | tr -d ' ' | tr , '\n'; }
@@ -83,11 +84,18 @@ options() { "$JSONPARSER" $1 --help | grep -oE '^  -[-a-z,]+' | tr -d ' ' | tr ,
     [ "$(sort <<<"$output")" = "$(printf '%s\n' --color --help --version)" ]
 }
 
-@test "bash completes every record where a record is expected, and nowhere else" {
-    for command in decode encode fields; do
+@test "bash completes every record that the command takes where a record is expected, and nowhere else" {
+    for command in decode explain encode fields; do
         run in_bash "$command" ""
-        [ "$(sort <<<"$output")" = "$(records)" ]
+        case "$command" in
+            encode) way=encode ;;
+            fields) way= ;;
+            *) way=decode ;;
+        esac
+        [ "$(sort <<<"$output")" = "$(records $way)" ]
     done
+    [ "$(records | wc -l)" -gt "$(records decode | wc -l)" ]
+    [ "$(records decode | wc -l)" -gt "$(records encode | wc -l)" ]
     run in_bash decode --json --at /params VK_R
     [ "$output" = VK_RECT ]
     run in_bash fields VK_RECT ""
@@ -156,7 +164,13 @@ END
     command -v fish >/dev/null || skip "no fish"
     run in_fish "jsonparser "
     [ "$(sort <<<"$output")" = "$(commands)" ]
-    run in_fish "jsonparser decode "
+    for command in decode explain; do
+        run in_fish "jsonparser $command "
+        [ "$(sort <<<"$output")" = "$(records decode)" ]
+    done
+    run in_fish "jsonparser encode "
+    [ "$(sort <<<"$output")" = "$(records encode)" ]
+    run in_fish "jsonparser fields "
     [ "$(sort <<<"$output")" = "$(records)" ]
     run in_fish "jsonparser keywords "
     [ "$(sort <<<"$output")" = "$(tables)" ]
@@ -181,6 +195,12 @@ END
     [[ "$output" == *"decode VK_RECT"* ]]
     run in_zsh "jsonparser decode trafficcar"
     [[ "$output" == *"decode tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO"* ]]
+    run in_zsh "jsonparser encode _VKD"
+    [[ "$output" == *"encode _VKDEVTIME"* ]]
+    run in_zsh "jsonparser decode _VKD"
+    [[ "$output" != *_VKDEVTIME* ]]
+    run in_zsh "jsonparser encode VK_MSG"
+    [[ "$output" != *VK_MSG_OBJECT* ]]
     run in_zsh "jsonparser keywords VehicleS"
     [[ "$output" == *"keywords VehicleSize"* ]]
     run in_zsh "jsonparser decode --max-d"

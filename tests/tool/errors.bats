@@ -163,7 +163,9 @@ END
 @test "an unknown word is no whole word" {
     run --separate-stderr "$JSONPARSER" decode PlateColor <<<'"Bleu"'
     [ "$status" -eq 1 ]
-    [ "${stderr_lines[0]}" = 'jsonparser: <stdin>:1:1: /: found "Bleu", expected a whole PlateColor' ]
+    [ "${stderr_lines[0]}" = 'jsonparser: <stdin>:1:1: /: found "Bleu", expected a whole PlateColor; did you mean "Blue"?' ]
+    run --separate-stderr "$JSONPARSER" decode PlateColor <<<'"Zzzzzzzzzzzz"'
+    [ "${stderr_lines[0]}" = 'jsonparser: <stdin>:1:1: /: found "Zzzzzzzzzzzz", expected a whole PlateColor' ]
     run "$JSONPARSER" decode PlateColor <<<'"blue"'
     [ "$status" -eq 0 ]
     [ "${lines[1]}" = "  nCode  1" ]
@@ -273,4 +275,68 @@ END
     run bash -c "ulimit -v 300000; head -c 20000000 /dev/zero | tr '\\0' '1' | sed 's/1/1,/g; s/^/[/; s/$/1]/' | \"\$JSONPARSER\" decode VK_RECT"
     [ "$status" -eq 3 ]
     [ "$output" = "jsonparser: found a document larger than the memory there is, expected a smaller one (see: --max-size)" ]
+}
+
+@test "bad values of options are named with what was expected, and the nearest word" {
+    while IFS='|' read -r arguments expected; do
+        run --separate-stderr "$JSONPARSER" $arguments </dev/null
+        [ "$status" -eq 2 ]
+        [ -z "$output" ]
+        [ "${stderr_lines[*]}" = "jsonparser: $expected" ]
+    done <<'END'
+records --color alway|--color: found "alway", expected auto, always or never; did you mean "always"? (see: jsonparser records --help)
+records --color xyz|--color: found "xyz", expected auto, always or never (see: jsonparser records --help)
+records --color|--color: found nothing, expected auto, always or never (see: jsonparser records --help)
+completion bsh|SHELL: found "bsh", expected bash, zsh or fish; did you mean "bash"? (see: jsonparser completion --help)
+completion|found nothing, expected SHELL (see: jsonparser completion --help)
+decode VK_POINT --max-size 10QB|--max-size: found "10QB", expected a size from 1 to 1TiB: whole bytes, or with a unit as 256KiB, 10MB (see: jsonparser decode --help)
+decode VK_POINT --max-size 1.5MB|--max-size: found "1.5MB", expected a size from 1 to 1TiB: whole bytes, or with a unit as 256KiB, 10MB (see: jsonparser decode --help)
+decode VK_POINT --max-size -1|--max-size: found "-1", expected a size from 1 to 1TiB: whole bytes, or with a unit as 256KiB, 10MB (see: jsonparser decode --help)
+decode VK_POINT --max-size|--max-size: found nothing, expected SIZE (see: jsonparser decode --help)
+decode VK_POINT --max-depth 0|--max-depth: found "0", expected a whole number from 1 to 1000 (see: jsonparser decode --help)
+decode VK_POINT --max-depth 1001|--max-depth: found "1001", expected a whole number from 1 to 1000 (see: jsonparser decode --help)
+decode VK_POINT --max-depth 2 --max-depth 3|--max-depth: found 2 times, expected once (see: jsonparser decode --help)
+decode VK_POINT --json=1|--json: found a value, expected none (see: jsonparser decode --help)
+decode VK_POINT --hex --json|found --json with --hex, expected only one (see: jsonparser decode --help)
+decode VK_POINT --jobs 2|found --jobs without --lines, expected both (see: jsonparser decode --help)
+decode VK_POINT --lines --jobs 0|--jobs: found "0", expected a whole number from 1 to 256 (see: jsonparser decode --help)
+decode VK_POINT --lines --jobs -1|--jobs: found "-1", expected a whole number from 1 to 256 (see: jsonparser decode --help)
+decode VK_POINT --lines --jobs 257|--jobs: found "257", expected a whole number from 1 to 256 (see: jsonparser decode --help)
+decode VK_POINT --lines --jobs 99999999999999999999|--jobs: found "99999999999999999999", expected a whole number from 1 to 256 (see: jsonparser decode --help)
+decode|found nothing, expected RECORD (see: jsonparser decode --help)
+|found nothing, expected a command (see: jsonparser --help)
+END
+}
+
+@test "empty names are named, and stand for nothing" {
+    for command in fields decode encode explain; do
+        run "$JSONPARSER" $command "" </dev/null
+        [ "$status" -eq 2 ]
+        [ "$output" = 'jsonparser: found "", expected the name of a record (see: jsonparser records)' ]
+    done
+    run "$JSONPARSER" keywords ""
+    [ "$status" -eq 2 ]
+    [ "$output" = 'jsonparser: found "", expected the name of a vocabulary (see: jsonparser keywords)' ]
+    for command in decode explain; do
+        for lines in "" --lines; do
+            if [ "$command$lines" = explain--lines ]; then continue; fi
+            run "$JSONPARSER" $command VK_RECT $lines ""
+            [ "$status" -eq 3 ]
+            [ "$output" = 'jsonparser: "": cannot be read: No such file or directory' ]
+        done
+    done
+}
+
+@test "a code that has no word is named with those that have" {
+    for form in '{"nCode": 0}' '{"nCode": 99}'; do
+        run --separate-stderr "$JSONPARSER" encode FaceDBType <<<"$form"
+        [ "$status" -eq 1 ]
+        [ -z "$output" ]
+        [[ "${stderr_lines[0]}" == *"<stdin>:1:11: /nCode: found "*", expected one of the codes 1, 2, 3, 4 (see: jsonparser keywords FaceDBType)" ]]
+        plain="$stderr"
+        run --separate-stderr "$JSONPARSER" encode FaceDBType --lines <<<"$form"
+        [ "$stderr" = "$plain"$'\njsonparser: 1 of 1 lines are bad' ]
+    done
+    run --separate-stderr "$JSONPARSER" encode FaceDBType <<<'{}'
+    [[ "${stderr_lines[0]}" == *"<stdin>:1:1: /: found an object, expected nCode with one of the codes 1, 2, 3, 4 (see: jsonparser keywords FaceDBType)" ]]
 }

@@ -71,7 +71,7 @@ END
     grep -Eq '^     0  ([0-9a-f]{2} ){16} szPlateNumber' <<<"$output"
     run "$JSONPARSER" decode $CAR --json --hex <<<'{}'
     [ "$status" -eq 2 ]
-    [ "$output" = "jsonparser: --json excludes --hex (see: jsonparser decode --help)" ]
+    [ "$output" = "jsonparser: found --json with --hex, expected only one (see: jsonparser decode --help)" ]
 }
 
 @test "a message without findings is good" {

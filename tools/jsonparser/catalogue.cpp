@@ -405,6 +405,7 @@ std::string Folded(std::string_view name) {
 std::span<const CatalogueEntry> Catalogue() { return kCatalogue; }
 
 const CatalogueEntry* FindEntry(std::string_view name, std::vector<std::string>& alternatives) {
+    if (name.empty()) return nullptr;  // a part of every name
     const std::string wanted = Folded(name);
     const CatalogueEntry* found = nullptr;
     for (const CatalogueEntry& entry : kCatalogue) {

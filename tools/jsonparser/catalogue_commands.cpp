@@ -74,11 +74,11 @@ int ListRecords(bool json) {
     return Flushed(kGood);
 }
 
-int ListKeywords(const std::string& table, bool json) {
-    bool found = table.empty();
+int ListKeywords(const std::optional<std::string>& table, bool json) {
+    bool found = !table;
     std::string all;
     for (const jsonparser::Vocabulary& vocabulary : jsonparser::Vocabularies()) {
-        if (!table.empty() && Folded(vocabulary.name) != Folded(table)) continue;
+        if (table && Folded(vocabulary.name) != Folded(*table)) continue;
         found = true;
         all += json ? VocabularyAsJson(vocabulary, all.empty()) : VocabularyAsText(vocabulary);
     }
@@ -86,7 +86,7 @@ int ListKeywords(const std::string& table, bool json) {
         std::vector<std::string> names;
         for (const jsonparser::Vocabulary& vocabulary : jsonparser::Vocabularies()) names.emplace_back(vocabulary.name);
         Complain(fmt::format("found {}, expected the name of a vocabulary{} (see: jsonparser keywords)",
-                             QuotedText(table), DidYouMean(table, names)));
+                             QuotedText(*table), DidYouMean(*table, names)));
         return kUsage;
     }
     Print(json ? fmt::format("[{}\n]\n", all) : all);

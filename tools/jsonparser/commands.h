@@ -2,6 +2,7 @@
 #ifndef TOOLS_JSONPARSER_COMMANDS_H
 #define TOOLS_JSONPARSER_COMMANDS_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,7 +45,7 @@ int Explain(const ExplainOptions& options);
 int Encode(const EncodeOptions& options);
 int ListRecords(bool json);
 /// One vocabulary, or all of them.
-int ListKeywords(const std::string& table, bool json);
+int ListKeywords(const std::optional<std::string>& table, bool json);
 int ListFields(const std::string& record, bool json);
 /// Maps a device error code, as the user typed it, to the library's.
 int MapErrorCode(const std::string& code, bool json);

@@ -16,9 +16,14 @@ namespace {
 /// A word that can be completed, and what it means.
 using Word = std::pair<std::string, std::string>;
 
-std::vector<Word> Records() {
+/// Of all records, of those that are read or of those that are written.
+std::vector<Word> Records(ValueKind kind) {
     std::vector<Word> words;
-    for (const CatalogueEntry& entry : Catalogue()) words.emplace_back(entry.name, entry.meaning);
+    for (const CatalogueEntry& entry : Catalogue()) {
+        const bool isLeftOut = (kind == ValueKind::kReadRecord && entry.decode == nullptr) ||
+                               (kind == ValueKind::kWrittenRecord && entry.encode == nullptr);
+        if (!isLeftOut) words.emplace_back(entry.name, entry.meaning);
+    }
     return words;
 }
 
@@ -96,6 +101,10 @@ std::string BashValues(const ArgumentDescription& argument) {
     switch (argument.kind) {
         case ValueKind::kRecord:
             return "_jsonparser_names \"$records\"";
+        case ValueKind::kReadRecord:
+            return "_jsonparser_names \"$read_records\"";
+        case ValueKind::kWrittenRecord:
+            return "_jsonparser_names \"$written_records\"";
         case ValueKind::kVocabulary:
             return "_jsonparser_names \"$vocabularies\"";
         case ValueKind::kFile:
@@ -163,6 +172,8 @@ _jsonparser_files() {{
 
 _jsonparser() {{
     local records='{}'
+    local read_records='{}'
+    local written_records='{}'
     local vocabularies='{}'
     local word= option= command= place=0 i
     COMPREPLY=()
@@ -201,8 +212,9 @@ _jsonparser() {{
 
 complete -F _jsonparser jsonparser
 )",
-                       Names(Records()), Names(VocabularyNames()), valued, values, options, Names(CommandNames(tool)),
-                       operands);
+                       Names(Records(ValueKind::kRecord)), Names(Records(ValueKind::kReadRecord)),
+                       Names(Records(ValueKind::kWrittenRecord)), Names(VocabularyNames()), valued, values, options,
+                       Names(CommandNames(tool)), operands);
 }
 
 // ---- zsh
@@ -212,6 +224,10 @@ std::string ZshValues(const ArgumentDescription& argument) {
     switch (argument.kind) {
         case ValueKind::kRecord:
             return "_jsonparser_records";
+        case ValueKind::kReadRecord:
+            return "_jsonparser_read_records";
+        case ValueKind::kWrittenRecord:
+            return "_jsonparser_written_records";
         case ValueKind::kVocabulary:
             return "_jsonparser_vocabularies";
         case ValueKind::kFile:
@@ -270,7 +286,9 @@ std::string ZshScript(const CommandDescription& tool) {
     }
     return fmt::format(
                "#compdef jsonparser\n# zsh completion for jsonparser, made by: jsonparser completion zsh\n\n{}{}{}",
-               ZshWords("_jsonparser_records", "records", Records()),
+               ZshWords("_jsonparser_records", "records", Records(ValueKind::kRecord)) +
+                   ZshWords("_jsonparser_read_records", "records", Records(ValueKind::kReadRecord)) +
+                   ZshWords("_jsonparser_written_records", "records", Records(ValueKind::kWrittenRecord)),
                ZshWords("_jsonparser_vocabularies", "vocabularies", VocabularyNames()),
                ZshWords("_jsonparser_commands", "commands", CommandNames(tool))) +
            fmt::format(R"(_jsonparser() {{
@@ -296,6 +314,10 @@ std::string FishValues(const ArgumentDescription& argument) {
     switch (argument.kind) {
         case ValueKind::kRecord:
             return "-f -a '(__jsonparser_records)'";
+        case ValueKind::kReadRecord:
+            return "-f -a '(__jsonparser_read_records)'";
+        case ValueKind::kWrittenRecord:
+            return "-f -a '(__jsonparser_written_records)'";
         case ValueKind::kVocabulary:
             return "-f -a '(__jsonparser_vocabularies)'";
         case ValueKind::kFile:
@@ -377,7 +399,9 @@ end
 
 complete -c jsonparser -f
 {})",
-                       FishWords("__jsonparser_records", Records()),
+                       FishWords("__jsonparser_records", Records(ValueKind::kRecord)) +
+                           FishWords("__jsonparser_read_records", Records(ValueKind::kReadRecord)) +
+                           FishWords("__jsonparser_written_records", Records(ValueKind::kWrittenRecord)),
                        FishWords("__jsonparser_vocabularies", VocabularyNames()),
                        FishWords("__jsonparser_commands", CommandNames(tool)), valued, lines);
 }

@@ -8,9 +8,11 @@
 namespace tool {
 
 enum class ValueKind {
-    kNone,        ///< a flag
-    kRecord,      ///< the name of a record
-    kVocabulary,  ///< the name of a vocabulary
+    kNone,           ///< a flag
+    kRecord,         ///< the name of a record
+    kReadRecord,     ///< that of one that is read
+    kWrittenRecord,  ///< that of one that is written
+    kVocabulary,     ///< the name of a vocabulary
     kFile,
     kChoice,  ///< one of ArgumentDescription::choices
     kOther,

@@ -1,4 +1,4 @@
-#include "commands.h"
+#include "encode.h"
 
 #include <fmt/format.h>
 #include <json/writer.h>
@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "commands.h"
 #include "console.h"
 #include "document.h"
 #include "finding.h"
@@ -16,20 +17,34 @@
 #include "record_buffer.h"
 #include "record_input.h"
 #include "record_name.h"
+#include "vkprotocolstack/vocabulary.h"
 
 namespace tool {
 namespace {
 
+/// Why a record cannot be written, at its place in the form.
+Finding Unwritable(const CatalogueEntry& entry, const Json::Value& form) {
+    for (const jsonparser::Vocabulary& vocabulary : jsonparser::Vocabularies()) {
+        if (entry.name != vocabulary.name) continue;
+        std::string codes;
+        for (const jsonparser::Keyword& row : vocabulary)
+            codes += fmt::format("{}{}", codes.empty() ? "" : ", ", row.code);
+        const vkrecords::Field& field = *entry.layout->begin();
+        const std::string_view name = field.name;
+        const Json::Value* code = form.find(name.data(), name.data() + name.size());
+        const std::string expected =
+            fmt::format("one of the codes {} (see: jsonparser keywords {})", codes, entry.name);
+        if (code != nullptr) return Unexpected(*code, PointerStep(name), expected);
+        return Unexpected(form, "", fmt::format("{} with {}", name, expected));
+    }
+    return Unexpected(form, "", fmt::format("a {} that can be written", entry.name));
+}
+
 /// Prints the message that one record, in the form in which decode prints it, becomes.
 int EncodeFile(const CatalogueEntry& entry, const std::string& file, const ReadingOptions& reading) {
     return WithDocument(file, "", reading, [&](const Document& document, std::vector<Finding>& findings) {
-        RecordBuffer record(*entry.layout);
-        if (!ReadRecordToWrite(document.node, document.text, record, findings)) return;
         Json::Value node;
-        if (!entry.encode(record.bytes(), node)) {
-            findings.push_back({0, "", fmt::format("found a {0}, expected one that can be written", entry.name)});
-            return;
-        }
+        if (!EncodeWithFindings(entry, document, node, findings)) return;
         Json::StreamWriterBuilder builder;
         builder["indentation"] = "  ";
         builder["emitUTF8"] = true;
@@ -38,6 +53,15 @@ int EncodeFile(const CatalogueEntry& entry, const std::string& file, const Readi
 }
 
 }  // namespace
+
+bool EncodeWithFindings(const CatalogueEntry& entry, const Document& document, Json::Value& node,
+                        std::vector<Finding>& findings) {
+    RecordBuffer record(*entry.layout);
+    if (!ReadRecordToWrite(document.node, document.text, record, findings)) return false;
+    if (entry.encode(record.bytes(), node)) return true;
+    findings.push_back(Unwritable(entry, document.node));
+    return false;
+}
 
 int Encode(const EncodeOptions& options) {
     const CatalogueEntry* entry = EntryOf(options.record);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
+#include <set>
 #include <string_view>
 
 #include "commands.h"
@@ -12,7 +14,9 @@
 #include "record_buffer.h"
 #include "record_name.h"
 #include "strict_reader.h"
+#include "suggestion.h"
 #include "utf8.h"
+#include "vkprotocolstack/vocabulary.h"
 
 namespace tool {
 namespace {
@@ -37,6 +41,17 @@ std::string Printable(std::string_view text) {
         text.remove_prefix(length);
     }
     return printable;
+}
+
+/// A word as a shell takes it: quoted if need be.
+std::string ShellWord(const std::string& word) {
+    const auto isPlain = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '/' || c == '_';
+    };
+    if (std::all_of(word.begin(), word.end(), isPlain)) return word;
+    std::string quoted = "'";
+    for (const char c : word) quoted += c == '\'' ? std::string(R"('\'')") : std::string(1, c);
+    return quoted + '\'';
 }
 
 /// Columns that a text takes on a terminal.
@@ -88,6 +103,64 @@ std::string Counted(std::size_t count, std::string_view noun) {
     return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
+/// The word of a vocabulary that a text may have meant.
+std::string ProposedWord(const CatalogueEntry& entry, const Json::Value& value) {
+    if (!value.isString()) return "";
+    for (const jsonparser::Vocabulary& vocabulary : jsonparser::Vocabularies()) {
+        if (entry.name.substr(0, entry.name.find('/')) != vocabulary.name) continue;
+        std::vector<std::string> words;
+        for (const jsonparser::Keyword& row : vocabulary) words.emplace_back(row.text);
+        return DidYouMean(value.asString(), words);
+    }
+    return "";
+}
+
+/// The object of the document that has most of the names, and how many it has.
+struct BestPlace {
+    std::string path;
+    std::size_t count = 0;
+};
+
+void FindBestPlace(const Json::Value& value, const std::string& path, const std::set<std::string>& names,
+                   BestPlace& best) {
+    const auto isContainer = [](const Json::Value& child) { return child.isObject() || child.isArray(); };
+    if (value.isObject()) {
+        std::size_t count = 0;
+        for (auto member = value.begin(); member != value.end(); ++member) {
+            // Readers may insert null.
+            if (!member->isNull() && names.contains(member.name())) ++count;
+        }
+        if (count > best.count) best = {path, count};
+        for (auto member = value.begin(); member != value.end(); ++member) {
+            if (isContainer(*member)) FindBestPlace(*member, path + PointerStep(member.name()), names, best);
+        }
+    } else {
+        for (Json::ArrayIndex i = 0; i < value.size(); ++i) {
+            if (isContainer(value[i])) FindBestPlace(value[i], fmt::format("{}/{}", path, i), names, best);
+        }
+    }
+}
+
+/// Where to look instead, when nothing that the reader looked for is in the document; empty otherwise.
+std::string PlaceHint(const Json::Value& root, const Explanation& explanation) {
+    bool refused = false;         // the document as a whole
+    std::set<std::string> names;  // of the members that the record itself has
+    for (const Reading& reading : explanation.readings) {
+        if (reading.outcome == Outcome::kUnread) continue;
+        if (reading.path.empty()) {
+            refused = refused || IsFinding(reading.outcome);
+            continue;
+        }
+        if (reading.type != "missing") return "";
+        if (reading.path.rfind('/') == 0) names.insert(PointerSteps(reading.path).front());
+    }
+    BestPlace best;
+    FindBestPlace(root, "", names, best);
+    const bool mayBeElsewhere = !names.empty() || (refused && root.isObject());
+    if (best.count == 0) return mayBeElsewhere ? "Nothing of it is here; --at names the record's place" : "";
+    return fmt::format("Nothing of it is here; try --at {}", ShellWord(Printable(best.path)));
+}
+
 /// Where a finding about a value of the document stands; kNowhere for what is missing there.
 std::size_t OffsetOf(const Document& document, const Reading& reading) {
     std::vector<Finding> notFound;
@@ -131,13 +204,14 @@ bool DecodeWithFindings(const CatalogueEntry& entry, const Document& document, b
         whole = entry.decode(document.node, record);
     }
     if (!whole && findings.empty()) {  // otherwise they say why it is not
-        findings.push_back(
-            Unexpected(document.node, std::string(document.path), fmt::format("a whole {}", entry.name)));
+        findings.push_back(Unexpected(document.node, std::string(document.path),
+                                      fmt::format("a whole {}{}", entry.name, ProposedWord(entry, document.node))));
     }
     return whole;
 }
 
-std::string ExplanationAsText(const CatalogueEntry& entry, const Explained& explained, const Styler& style) {
+std::string ExplanationAsText(const CatalogueEntry& entry, const Document& document, const Explained& explained,
+                              const Styler& style) {
     std::vector<Cells> rows;
     std::array<std::size_t, kHeadings.size()> widths{};
     for (std::size_t i = 0; i < widths.size(); ++i) widths[i] = kHeadings[i].size();
@@ -173,6 +247,8 @@ std::string ExplanationAsText(const CatalogueEntry& entry, const Explained& expl
     text += fmt::format("\n{}: {} looked for, {}{}\n", entry.name, Counted(looked, "value"),
                         style(findings == 0 ? Style::kGood : Style::kWarning, Counted(findings, "finding")),
                         explained.whole ? "" : style(Style::kError, ", not a whole record"));
+    const std::string hint = document.path.empty() ? PlaceHint(document.node, explained.explanation) : "";
+    if (!hint.empty()) text += hint + '\n';
     return text;
 }
 
@@ -222,7 +298,7 @@ int Explain(const ExplainOptions& options) {
             const Explained explained = DecodeExplained(*entry, document.node, record.bytes());
             hasFindings = !explained.whole || explained.explanation.findings() > 0;
             Print(options.json ? ExplanationAsJson(*entry, document, explained)
-                               : ExplanationAsText(*entry, explained, StyleOf(stdout)));
+                               : ExplanationAsText(*entry, document, explained, StyleOf(stdout)));
         });
     return Flushed(code == kGood && hasFindings ? static_cast<int>(kFindings) : code);
 }

@@ -30,8 +30,10 @@ void AddFindings(const Document& document, const jsonparser::Explanation& explan
 bool DecodeWithFindings(const CatalogueEntry& entry, const Document& document, bool strict, void* record,
                         std::vector<Finding>& findings);
 
-/// For people: a table of all values that were looked for, what nothing reads, and a last line that counts.
-std::string ExplanationAsText(const CatalogueEntry& entry, const Explained& explained, const Styler& style);
+/// For people: a table of all values that were looked for, what nothing reads, and a line that counts; where nothing of
+/// the record was found in the whole document, also a place where it may be.
+std::string ExplanationAsText(const CatalogueEntry& entry, const Document& document, const Explained& explained,
+                              const Styler& style);
 
 /// For programs: one JSON object, ending with a line end.
 std::string ExplanationAsJson(const CatalogueEntry& entry, const Document& document, const Explained& explained);

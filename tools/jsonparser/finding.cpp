@@ -206,7 +206,10 @@ std::vector<std::string> PointerSteps(std::string_view pointer) {
     return steps;
 }
 
-std::string FileName(const std::string& file) { return file == "-" ? "<stdin>" : Harmless(file); }
+std::string FileName(const std::string& file) {
+    if (file.empty()) return R"("")";
+    return file == "-" ? "<stdin>" : Harmless(file);
+}
 
 std::vector<Place> PlacesOf(std::string_view text, const std::vector<std::size_t>& offsets) {
     std::vector<std::size_t> rising(offsets.size());

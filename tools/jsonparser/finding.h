@@ -34,7 +34,7 @@ std::string PointerStep(std::string_view name);
 /// The steps of a JSON pointer, names as they are in the document.
 std::vector<std::string> PointerSteps(std::string_view pointer);
 
-/// How messages to the user name a file: "-" is <stdin>.
+/// How messages to the user name a file: "-" is <stdin>, an empty name a pair of quotes.
 std::string FileName(const std::string& file);
 
 /// A place as editors count it: from 1, columns in characters.

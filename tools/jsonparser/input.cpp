@@ -28,17 +28,6 @@ struct CloseFile {
     }
 };
 
-/// The encoding of a text that is not UTF-8, by its mark or by the zeros of its first characters; empty for others.
-std::string_view ForeignEncoding(std::string_view text) {
-    if (text.starts_with("\xFF\xFE\0\0"sv) || text.starts_with("\0\0\xFE\xFF"sv)) return "UTF-32";
-    if (text.starts_with("\xFF\xFE"sv) || text.starts_with("\xFE\xFF"sv)) return "UTF-16";
-    std::string zeros;
-    for (const char c : text.substr(0, 4)) zeros += c == '\0' ? '0' : 'x';
-    if (text.size() % 4 == 0 && (zeros == "x000" || zeros == "000x")) return "UTF-32";
-    const bool isUtf16 = zeros == "x0" || zeros == "0x" || zeros == "x0x0" || zeros == "0x0x";
-    return text.size() % 2 == 0 && isUtf16 ? "UTF-16" : "";
-}
-
 /// Where the containers of a text that may hold comments nest deeper than allowed, as far as its first value.
 std::optional<std::size_t> TooDeepAt(std::string_view text, int maximumDepth) {
     int depth = 0;
@@ -137,6 +126,16 @@ std::string Proposal(const Json::Value& value, const std::string& step) {
 }
 
 }  // namespace
+
+std::string_view ForeignEncoding(std::string_view text) {
+    if (text.starts_with("\xFF\xFE\0\0"sv) || text.starts_with("\0\0\xFE\xFF"sv)) return "UTF-32";
+    if (text.starts_with("\xFF\xFE"sv) || text.starts_with("\xFE\xFF"sv)) return "UTF-16";
+    std::string zeros;
+    for (const char c : text.substr(0, 4)) zeros += c == '\0' ? '0' : 'x';
+    if (text.size() % 4 == 0 && (zeros == "x000" || zeros == "000x")) return "UTF-32";
+    const bool isUtf16 = zeros == "x0" || zeros == "0x" || zeros == "x0x0" || zeros == "0x0x";
+    return text.size() % 2 == 0 && isUtf16 ? "UTF-16" : "";
+}
 
 bool ReadFile(const std::string& file, std::size_t most, std::string& text, std::string& error) {
     const std::unique_ptr<std::FILE, CloseFile> stream(file == "-" ? stdin : std::fopen(file.c_str(), "rb"));

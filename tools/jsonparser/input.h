@@ -31,6 +31,9 @@ struct ReadingOptions {
 /// @return false when it cannot be read; error then says why, beginning with the file's name
 bool ReadFile(const std::string& file, std::size_t most, std::string& text, std::string& error);
 
+/// The encoding of a text that is not UTF-8, by its mark or by the zeros of its first characters; empty for others.
+std::string_view ForeignEncoding(std::string_view text);
+
 /// Parses a document; takes a UTF-8 byte-order mark off text first. Every value of the document then knows its offsets
 /// in text.
 /// @return false, with what is wrong in findings, when it is no document within the limits

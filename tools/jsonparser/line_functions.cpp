@@ -1,6 +1,5 @@
 #include "line_functions.h"
 
-#include <fmt/format.h>
 #include <json/writer.h>
 
 #include <functional>
@@ -8,11 +7,11 @@
 #include <vector>
 
 #include "document.h"
+#include "encode.h"
 #include "explain.h"
 #include "finding.h"
 #include "record_buffer.h"
 #include "record_form.h"
-#include "record_input.h"
 #include "style.h"
 #include "vkprotocolstack/message_text.h"
 
@@ -84,20 +83,15 @@ LineFunction DecodeLine(const CatalogueEntry& entry, const std::string& at, bool
 }
 
 LineFunction EncodeLine(const CatalogueEntry& entry, const ReadingOptions& reading) {
-    return WithTree(
-        "", reading, [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
-            RecordBuffer record(*entry.layout);
-            if (!ReadRecordToWrite(document.node, document.text, record, findings)) return;
-            Json::Value node;
-            if (!entry.encode(record.bytes(), node)) {
-                findings.push_back({0, "", fmt::format("found a {}, expected one that can be written", entry.name)});
-                return;
-            }
-            Json::StreamWriterBuilder builder;
-            builder["indentation"] = "";
-            builder["emitUTF8"] = true;
-            output += Json::writeString(builder, node) + '\n';
-        });
+    return WithTree("", reading,
+                    [&entry](const Document& document, std::string& output, std::vector<Finding>& findings) {
+                        Json::Value node;
+                        if (!EncodeWithFindings(entry, document, node, findings)) return;
+                        Json::StreamWriterBuilder builder;
+                        builder["indentation"] = "";
+                        builder["emitUTF8"] = true;
+                        output += Json::writeString(builder, node) + '\n';
+                    });
 }
 
 }  // namespace tool

@@ -7,6 +7,7 @@
 #include <tbb/global_control.h>
 #include <tbb/info.h>
 #include <tbb/parallel_pipeline.h>
+#include <tbb/task_arena.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -17,6 +18,7 @@
 #include "commands.h"
 #include "console.h"
 #include "finding.h"
+#include "input.h"
 #include "progress.h"
 
 namespace tool {
@@ -68,6 +70,8 @@ std::unique_ptr<Batch> LineReader::next() {
             if (hasEnded_ || (count > 0 && !inputIsReady())) break;
             fill();
         }
+        const std::string_view encoding = line_ == 1 ? ForeignEncoding(pending().substr(0, 4)) : "";
+        if (!encoding.empty()) return foreign(encoding);
         if (count > 0) {
             std::unique_ptr<Batch> batch = lines(count, bytes);
             batch->isLong = isLong;
@@ -161,6 +165,16 @@ std::unique_ptr<Batch> LineReader::unreadable() {
     return failed;
 }
 
+/// Leaves a file that is not UTF-8, of which no line would be one.
+std::unique_ptr<Batch> LineReader::foreign(std::string_view encoding) {
+    std::unique_ptr<Batch> passed = batch();
+    passed->lines = passed->bad = 1;
+    passed->findings = Complaint(fmt::format("{}: found {}, expected UTF-8", FileName(passed->file), encoding));
+    close();
+    ++file_;
+    return passed;
+}
+
 void Convert(Batch& batch, const LineFunction& function) {
     std::string_view rest = batch.text;
     for (LinePlace place = {batch.file, batch.firstLine}; !rest.empty(); ++place.number) {
@@ -218,10 +232,14 @@ int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine,
     const std::size_t threads = jobs > 0 ? jobs : static_cast<unsigned>(tbb::info::default_concurrency());
     const tbb::global_control control(tbb::global_control::max_allowed_parallelism, threads);
     constexpr auto kOrdered = tbb::filter_mode::serial_in_order;
-    tbb::parallel_pipeline(2 * threads, tbb::make_filter<void, std::shared_ptr<Batch>>(kOrdered, cut) &
-                                            tbb::make_filter<std::shared_ptr<Batch>, std::shared_ptr<Batch>>(
-                                                tbb::filter_mode::parallel, convert) &
-                                            tbb::make_filter<std::shared_ptr<Batch>, void>(kOrdered, print));
+    // An arena of its own, since the common one has no place for more threads than cores.
+    tbb::task_arena arena(static_cast<int>(threads));
+    arena.execute([&] {
+        tbb::parallel_pipeline(2 * threads, tbb::make_filter<void, std::shared_ptr<Batch>>(kOrdered, cut) &
+                                                tbb::make_filter<std::shared_ptr<Batch>, std::shared_ptr<Batch>>(
+                                                    tbb::filter_mode::parallel, convert) &
+                                                tbb::make_filter<std::shared_ptr<Batch>, void>(kOrdered, print));
+    });
     if (bad > 0) Complain(fmt::format("{} of {} lines are bad", bad, lines));
     return Flushed(std::max(code, bad > 0 ? int{kFindings} : int{kGood}));
 }

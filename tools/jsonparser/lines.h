@@ -16,6 +16,9 @@ inline constexpr std::size_t kBatchLines = 64;
 /// A line of more bytes is a batch of its own, and only one at a time is converted at any cost.
 inline constexpr std::size_t kLongLine = std::size_t{16} << 10U;
 
+/// The most threads that can be asked for.
+inline constexpr unsigned kMostJobs = 256;
+
 /// Where a line is.
 struct LinePlace {
     const std::string& file;
@@ -70,6 +73,7 @@ class LineReader {
     std::unique_ptr<Batch> lines(std::size_t count, std::size_t bytes);
     std::unique_ptr<Batch> withoutLine();
     std::unique_ptr<Batch> unreadable();
+    std::unique_ptr<Batch> foreign(std::string_view encoding);
     std::string_view pending() const { return std::string_view(buffer_).substr(begin_); }
 
     const std::vector<std::string> files_;
@@ -94,7 +98,7 @@ void ConvertLeft(Batch& batch, const LineFunction& function);
 /// Converts all lines of the files ("-" is standard input), prints what they become to standard output, and complains
 /// about the bad ones, in their order.
 /// @param maximumLine bytes of a line, without its end
-/// @param jobs threads; 0 is one for each core
+/// @param jobs threads, kMostJobs at most; 0 is one for each core
 /// @return the exit code
 int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine, unsigned jobs,
                  const LineFunction& function);

@@ -2,18 +2,22 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <clocale>
 #include <exception>
 #include <new>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "commands.h"
 #include "completion.h"
 #include "console.h"
 #include "description.h"
+#include "lines.h"
 #include "manual.h"
 #include "style.h"
 #include "suggestion.h"
@@ -59,20 +63,56 @@ tool::CommandDescription Describe(const CLI::App& app) {
     tool::CommandDescription command;
     command.name = app.get_name();
     command.meaning = app.get_description();
-    for (const CLI::Option* option : app.get_options()) command.arguments.push_back(DescribeArgument(*option));
+    for (const CLI::Option* option : app.get_options()) {
+        tool::ArgumentDescription argument = DescribeArgument(*option);
+        if (argument.kind == tool::ValueKind::kRecord) {
+            const bool isRead = command.name == "decode" || command.name == "explain";
+            if (isRead) argument.kind = tool::ValueKind::kReadRecord;
+            if (command.name == "encode") argument.kind = tool::ValueKind::kWrittenRecord;
+        }
+        command.arguments.push_back(std::move(argument));
+    }
     for (const CLI::App* below : app.get_subcommands([](const CLI::App*) { return true; })) {
         command.commands.push_back(Describe(*below));
     }
     return command;
 }
 
-/// What is wrong with the command line: in CLI11's words, but for what it did not expect at all.
+/// "auto, always or never".
+std::string Alternatives(const std::vector<std::string>& words) {
+    const auto last = words.end() - 1;
+    return words.size() < 2 ? fmt::format("{}", fmt::join(words, ""))
+                            : fmt::format("{} or {}", fmt::join(words.begin(), last, ", "), *last);
+}
+
+/// What CLI11 says of options that do not fit, or fit each other, in the form of all other errors.
+std::string OptionError(const CLI::App& app, const CLI::App& command, const CLI::ParseError& error) {
+    const std::string what = error.what();
+    const std::string name = what.substr(0, what.find_first_of(": "));
+    const std::string last = what.substr(what.rfind(' ') + 1);
+    if (error.get_name() == "RequiredError") {
+        return fmt::format("found nothing, expected {}", name == "A" ? "a command" : name);
+    }
+    if (error.get_name() == "ExcludesError") return fmt::format("found {} with {}, expected only one", name, last);
+    if (error.get_name() == "RequiresError") return fmt::format("found {} without {}, expected both", name, last);
+    if (error.get_name() != "ArgumentMismatch") return what;
+    if (what.ends_with("flag override")) return fmt::format("--{}: found a value, expected none", name);
+    if (what.find("received") != what.npos) return fmt::format("{}: found {} times, expected once", name, last);
+    const CLI::Option* option = command.get_option_no_throw(name);
+    if (option == nullptr) option = app.get_option_no_throw(name);
+    if (option == nullptr) return what;
+    const tool::ArgumentDescription argument = DescribeArgument(*option);
+    return fmt::format("{}: found nothing, expected {}", name,
+                       argument.choices.empty() ? argument.value : Alternatives(argument.choices));
+}
+
+/// What is wrong with the command line.
 std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
     const std::vector<std::string> unexpected = app.remaining(true);
     const std::vector<CLI::App*> parsed = app.get_subcommands();
     const std::string command = parsed.empty() ? app.get_name() : app.get_name() + ' ' + parsed.front()->get_name();
     const std::string see = fmt::format(" (see: {} --help)", command);
-    if (unexpected.empty()) return error.what() + see;
+    if (unexpected.empty()) return OptionError(app, parsed.empty() ? app : *parsed.front(), error) + see;
 
     const std::string& word = unexpected.front();
     std::vector<std::string> names;
@@ -97,6 +137,50 @@ std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
                        see);
 }
 
+/// One of the words, which also go into the description of the option.
+CLI::Validator OneOf(const std::vector<std::string>& words) {
+    const auto check = [words](const std::string& value) {
+        if (std::find(words.begin(), words.end(), value) != words.end()) return std::string();
+        return fmt::format("found {}, expected {}{}", tool::QuotedText(value), Alternatives(words),
+                           tool::DidYouMean(value, words));
+    };
+    return {check, fmt::format("{{{}}}", fmt::join(words, ","))};
+}
+
+bool IsWholeNumber(const std::string& text, std::size_t most) {
+    std::size_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && stop == end && number >= 1 && number <= most;
+}
+
+/// A whole number from 1 to most.
+CLI::Validator NumberUpTo(std::size_t most) {
+    const auto check = [most](const std::string& value) {
+        if (IsWholeNumber(value, most)) return std::string();
+        return fmt::format("found {}, expected a whole number from 1 to {}", tool::QuotedText(value), most);
+    };
+    return {check, ""};
+}
+
+/// A number of bytes, to which a size with a unit is turned.
+CLI::Validator SizeInBytes() {
+    const auto turn = [](std::string& value) {
+        std::string bytes = value;
+        try {
+            if (CLI::AsSizeValue(false)(bytes).empty() && IsWholeNumber(bytes, tool::kLargestAllowed)) {
+                value = bytes;
+                return std::string();
+            }
+        } catch (const CLI::ValidationError&) {
+            // what follows says it
+        }
+        return fmt::format("found {}, expected a size from 1 to 1TiB: whole bytes, or with a unit as 256KiB, 10MB",
+                           tool::QuotedText(value));
+    };
+    return {turn, ""};
+}
+
 void AddAtOption(CLI::App& command, std::string& at, const std::string& meaning) {
     const auto check = [](const std::string& pointer) {
         bool isPointer = pointer.empty() || pointer.front() == '/';
@@ -113,12 +197,11 @@ void AddAtOption(CLI::App& command, std::string& at, const std::string& meaning)
 CLI::Option* AddReadingOptions(CLI::App& command, tool::ReadingOptions& reading) {
     command.add_flag("--lenient", reading.lenient, "Take what the client's own reader takes: comments, text behind it");
     command.add_option("--max-depth", reading.maximumDepth, "Arrays and objects inside each other")
-        ->check(CLI::Range(1, tool::kDeepestAllowed).description(""))
+        ->check(NumberUpTo(tool::kDeepestAllowed))
         ->type_name("N")
         ->capture_default_str();
     return command.add_option("--max-size", reading.maximumSize, "Bytes of a document: 64MiB, 256KiB of one on a line")
-        ->transform(CLI::AsSizeValue(false).description(""))
-        ->check(CLI::Range(std::size_t{1}, tool::kLargestAllowed).description(""))  // - makes a number beyond it
+        ->transform(SizeInBytes())
         ->type_name("SIZE");
 }
 
@@ -128,7 +211,7 @@ CLI::Option* AddLinesOptions(CLI::App& command, bool& lines, unsigned& jobs, too
     CLI::Option* flag = command.add_flag("--lines", lines, "Read one document a line (NDJSON), print one a line");
     command.add_option("--jobs", jobs, "Threads of --lines; as many as there are cores when not given")
         ->needs(flag)
-        ->check(CLI::Range(1, 1024).description(""))
+        ->check(NumberUpTo(tool::kMostJobs))
         ->type_name("N");
     command.parse_complete_callback([&lines, &reading, size] {
         if (lines && size->count() == 0) reading.maximumSize = tool::kMaximumLine;
@@ -148,7 +231,7 @@ int Run(int argc, char** argv) {
                                          : tool::ColorWhen::kAuto);
     };
     app.add_option_function<std::string>("--color", setColor, "Colour what is printed; auto does so on a terminal")
-        ->check(CLI::IsMember({"auto", "always", "never"}))
+        ->check(OneOf({"auto", "always", "never"}))
         ->trigger_on_parse()
         ->type_name("WHEN");
     app.fallthrough();  // the tool's own options may stand behind the command as well
@@ -185,7 +268,7 @@ int Run(int argc, char** argv) {
     CLI::App* fieldsCommand = app.add_subcommand("fields", "Show a record's layout");
     fieldsCommand->add_option("RECORD", record, "Name of the record, or a part of it")->required();
     fieldsCommand->add_flag("--json", json, "Print the layout as JSON");
-    std::string table;
+    std::optional<std::string> table;
     CLI::App* keywordsCommand = app.add_subcommand("keywords", "List the vocabularies of the protocol");
     keywordsCommand->add_option("TABLE", table, "Name of a vocabulary; none lists all");
     keywordsCommand->add_flag("--json", json, "Print them as JSON");
@@ -200,7 +283,7 @@ int Run(int argc, char** argv) {
     CLI::App* completionCommand = app.add_subcommand("completion", "Print the script that completes the tool's words");
     completionCommand->add_option("SHELL", shell, "Shell that the script is for")
         ->required()
-        ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+        ->check(OneOf({"bash", "zsh", "fish"}));
     CLI::App* manCommand = app.add_subcommand("man", "Print the manual page, for mandoc or man -l");
 
     for (CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
