@@ -4,10 +4,8 @@
 #include <langinfo.h>
 
 #include <clocale>
+#include <cstdlib>
 #include <cstring>
-#include <string>
-
-#include <clocale>
 #include <mutex>
 #include <string>
 
@@ -17,10 +15,13 @@ namespace testing_tools {
 locale_t MakeLocale(const char* name) {
     static std::mutex one;
     const std::lock_guard lock(one);
+    const bool hasPath = std::getenv("LOCPATH") != nullptr;
+    if (!hasPath) setenv("LOCPATH", JSONPARSER_LOCALES, 1);
     const std::string previous = std::setlocale(LC_ALL, nullptr);
-    if (std::setlocale(LC_ALL, name) == nullptr) return nullptr;
-    locale_t made = duplocale(LC_GLOBAL_LOCALE);
+    const bool exists = std::setlocale(LC_ALL, name) != nullptr;
+    locale_t made = exists ? duplocale(LC_GLOBAL_LOCALE) : nullptr;
     std::setlocale(LC_ALL, previous.c_str());
+    if (!hasPath) unsetenv("LOCPATH");
     return made;
 }
 
