@@ -87,7 +87,7 @@ std::string Alternatives(const std::vector<std::string>& words) {
 
 /// What CLI11 says of options that do not fit, or fit each other, in the form of all other errors.
 std::string OptionError(const CLI::App& app, const CLI::App& command, const CLI::ParseError& error) {
-    const std::string what = error.what();
+    std::string what = error.what();
     const std::string name = what.substr(0, what.find_first_of(": "));
     const std::string last = what.substr(what.rfind(' ') + 1);
     if (error.get_name() == "RequiredError") {
