@@ -17,7 +17,7 @@ namespace {
 char* HeapText(std::size_t length) { return length >= INT_MAX ? nullptr : new (std::nothrow) char[length + 1](); }
 
 /// @return whether field was written
-bool CopyUtf8(const Place& place, char* field, int limit) {
+[[gnu::always_inline]] inline bool CopyUtf8(Place place, char* field, int limit) {
     if (!place.isPresent() || limit < 0) return false;
     std::string storage;
     const std::string_view whole = place.text(storage);
@@ -67,7 +67,7 @@ void Node::reportScan(Place watched, std::string_view format, std::size_t conver
 }
 
 int Node::intPlusOne() const {
-    if (place_.isWatched()) [[unlikely]]
+    if (!place_.isInteger() && place_.isWatched()) [[unlikely]]
         return watchedIntPlusOne();
     return static_cast<int>(static_cast<unsigned>(place_.asInt()) + 1U);
 }
@@ -87,13 +87,19 @@ std::optional<unsigned> Node::asErrorCode() const {
 }
 
 long long Node::realToInt64() const {
-    const auto number = Truncate<long long>(plain().place_.asDouble());
-    if (place_.isWatched()) reportNumber(place_, "double, cut to 64-bit integer", number);
+    if (!place_.isInteger() && place_.isWatched()) [[unlikely]]
+        return watchedRealToInt64();
+    return Truncate<long long>(place_.asDouble());
+}
+
+long long Node::watchedRealToInt64() const {
+    const long long number = plain().realToInt64();
+    reportNumber(place_, "double, cut to 64-bit integer", number);
     return number;
 }
 
-long Node::utcSeconds() const { return integer<int, &Place::asInt>("int, UTC seconds"); }
-long Node::unsignedUtcSeconds() const { return integer<unsigned, &Place::asUInt>("unsigned, UTC seconds"); }
+long Node::utcSeconds() const { return number<int, &Place::asInt, kUtcSeconds>(); }
+long Node::unsignedUtcSeconds() const { return number<unsigned, &Place::asUInt, kUnsignedUtcSeconds>(); }
 
 void Node::rawTo(char* field, std::size_t count) const {
     std::string storage;
@@ -108,9 +114,11 @@ void Node::rawTo(char* field, std::size_t count) const {
 }
 
 void Node::utf8To(char* field, int limit) const {
-    if (place_.isWatched()) [[unlikely]]
-        return watchedUtf8To(field, limit);
-    CopyUtf8(place_, field, limit);
+    if (place_.isPresent()) {
+        CopyUtf8(place_, field, limit);
+    } else if (place_.isWatched()) {
+        watchedUtf8To(field, limit);
+    }
 }
 
 void Node::watchedUtf8To(char* field, int limit) const {
@@ -174,13 +182,13 @@ char* Node::heapString() const {
 
 template <class Find>
 inline int Node::lookedUp(const char* operation, Keywords table, int otherwise, Find find, bool isText) const {
-    const auto code = [otherwise](const Keyword* row) { return row == nullptr ? otherwise : row->code; };
-    if (place_.isWatched()) [[unlikely]] {
-        const Keyword* const row = find(plain().place_);
-        report(place_).keyword(operation, isText, table, row, code(row));
-        return code(row);
+    const Keyword* row = find(place_);
+    // A watched place reads as the empty text.
+    if ((row == nullptr || row->text.empty()) && place_.isWatched()) {
+        row = find(valueOf(place_));
+        report(place_).keyword(operation, isText, table, row, row == nullptr ? otherwise : row->code);
     }
-    return code(find(place_));
+    return row == nullptr ? otherwise : row->code;
 }
 
 int Node::firstExact(Keywords table, int otherwise) const {

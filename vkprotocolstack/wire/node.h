@@ -26,6 +26,26 @@
 namespace jsonparser {
 
 class Node {
+    // Operations, as an observer is told of them: no arguments, so that they take little room where they stand.
+    static constexpr char kPresent[] = "present";
+    static constexpr char kIsMember[] = "isMember";
+    static constexpr char kIsArray[] = "isArray";
+    static constexpr char kIsString[] = "isString";
+    static constexpr char kIsBool[] = "isBool";
+    static constexpr char kIsInt[] = "isInt";
+    static constexpr char kIsUInt[] = "isUInt";
+    static constexpr char kInt[] = "int";
+    static constexpr char kUnsigned[] = "unsigned";
+    static constexpr char kDouble[] = "double";
+    static constexpr char kFloat[] = "float";
+    static constexpr char kBool[] = "bool";
+    static constexpr char kIntLow8[] = "int, low 8 bits";
+    static constexpr char kUnsignedLow8[] = "unsigned, low 8 bits";
+    static constexpr char kIntLow16[] = "int, low 16 bits";
+    static constexpr char kUnsignedLow16[] = "unsigned, low 16 bits";
+    static constexpr char kUtcSeconds[] = "int, UTC seconds";
+    static constexpr char kUnsignedUtcSeconds[] = "unsigned, UTC seconds";
+
   public:
     /// The node that a converter was called with.
     explicit Node(const Json::Value& root) : Node(Root(Place(&root))) {}
@@ -38,27 +58,30 @@ class Node {
 
     // ---- tests
     /// Present: neither missing nor null.
-    explicit operator bool() const { return passes<&Place::isPresent>("present"); }
+    explicit operator bool() const { return passes<&Place::isPresent, kPresent>(); }
     /// Part of its object, as null too.
     bool isMember() const {
-        return place_.exists() && (!place_.isWatched() || reportedTest<&Place::exists>(place_, "isMember"));
+        return place_.exists() && (!place_.isWatched() || reportedTest<&Place::exists, kIsMember>(place_));
     }
-    bool isArray() const { return passes<&Place::isArray>("isArray"); }
-    bool isString() const { return passes<&Place::isString>("isString"); }
-    bool isBool() const { return passes<&Place::isBool>("isBool"); }
-    bool isInt() const { return passes<&Place::isInt>("isInt"); }
-    bool isUInt() const { return passes<&Place::isUInt>("isUInt"); }
+    bool isArray() const { return passes<&Place::isArray, kIsArray>(); }
+    bool isString() const { return passes<&Place::isString, kIsString>(); }
+    bool isBool() const { return passes<&Place::isBool, kIsBool>(); }
+    bool isInt() const { return passes<&Place::isInt, kIsInt>(); }
+    bool isUInt() const { return passes<&Place::isUInt, kIsUInt>(); }
     /// Elements of an array, 0 for anything else.
     std::size_t size() const {
-        const std::size_t size = place_.size();
-        return size == 0 && place_.isWatched() ? reportedSize(place_) : size;
+        if (place_.isWatched()) [[unlikely]]
+            return reportedSize(place_);
+        return place_.size();
     }
 
     // ---- way down
     Node at(std::size_t index) const { return Node(place_.element(index)); }
     /// at of the first N indexes, faster than one by one.
     template <std::size_t N>
-    std::array<Node, N> first() const {
+    [[gnu::always_inline]] std::array<Node, N> first() const {
+        if (place_.isWatched()) [[unlikely]]
+            return eachOf<N>(place_);
         const std::array<Place, N> places = place_.first<N>();
         return [&]<std::size_t... I>(std::index_sequence<I...>) { return std::array{Node(places[I])...}; }
         (std::make_index_sequence<N>());
@@ -77,18 +100,18 @@ class Node {
     Node operator[](std::string_view name) const { return Node(place_.member(name)); }
 
     // ---- numbers
-    int asInt() const { return integer<int, &Place::asInt>("int"); }
-    unsigned asUInt() const { return integer<unsigned, &Place::asUInt>("unsigned"); }
-    double asDouble() const { return real<double>("double"); }
-    float asFloat() const { return real<float>("float"); }
+    int asInt() const { return number<int, &Place::asInt, kInt>(); }
+    unsigned asUInt() const { return number<unsigned, &Place::asUInt, kUnsigned>(); }
+    double asDouble() const { return number<double, &Place::asDouble, kDouble>(); }
+    float asFloat() const { return number<float, &Place::asDouble, kFloat>(); }
     bool asBool() const {
-        return place_.asBool() || (place_.isWatched() && reportedNumber<bool, &Place::asBool>(place_, "bool"));
+        return place_.asBool() || (place_.isWatched() && reportedNumber<bool, &Place::asBool, kBool>(place_));
     }
     /// The low bits of asInt or of asUInt: they differ on reals outside the type's range.
-    unsigned char intLow8() const { return integer<unsigned char, &Place::asInt>("int, low 8 bits"); }
-    unsigned char uintLow8() const { return integer<unsigned char, &Place::asUInt>("unsigned, low 8 bits"); }
-    unsigned short intLow16() const { return integer<unsigned short, &Place::asInt>("int, low 16 bits"); }
-    unsigned short uintLow16() const { return integer<unsigned short, &Place::asUInt>("unsigned, low 16 bits"); }
+    unsigned char intLow8() const { return number<unsigned char, &Place::asInt, kIntLow8>(); }
+    unsigned char uintLow8() const { return number<unsigned char, &Place::asUInt, kUnsignedLow8>(); }
+    unsigned short intLow16() const { return number<unsigned short, &Place::asInt, kIntLow16>(); }
+    unsigned short uintLow16() const { return number<unsigned short, &Place::asUInt, kUnsignedLow16>(); }
     /// asInt plus one; wraps at the limit.
     int intPlusOne() const;
     /// The 32-bit pattern of asInt. Nothing when it is null, a text, an array, an object, or an integer that is neither
@@ -152,22 +175,16 @@ class Node {
     template <const auto& List>
     friend class Members;
 
-    template <auto Test>
-    bool passes(const char* test) const {
-        return (place_.*Test)() || (place_.isWatched() && reportedTest<Test>(place_, test));
+    template <auto Test, const char* Name>
+    bool passes() const {
+        return (place_.*Test)() || (place_.isWatched() && reportedTest<Test, Name>(place_));
     }
-    template <class Number, auto Read>
-    Number integer(const char* operation) const {
+    template <class Number, auto Read, const char* Name>
+    Number number() const {
         if (place_.isInteger()) return static_cast<Number>(place_.integer());
         if (place_.isWatched()) [[unlikely]]
-            return reportedNumber<Number, Read>(place_, operation);
+            return reportedNumber<Number, Read, Name>(place_);
         return static_cast<Number>((place_.*Read)());
-    }
-    template <class Number>
-    Number real(const char* operation) const {
-        if (place_.isWatched()) [[unlikely]]
-            return reportedNumber<Number, &Place::asDouble>(place_, operation);
-        return static_cast<Number>(place_.asDouble());
     }
 
     // ---- for an observer. A watched place reads as null, so that whoever finds something need not ask whether it is
@@ -176,16 +193,16 @@ class Node {
     Node plain() const { return place_.isWatched() ? Node(valueOf(place_)) : *this; }
     [[gnu::cold]] static Place valueOf(Place watched);
     [[gnu::cold]] static class Report report(Place watched);
-    template <auto Test>
-    [[gnu::cold, gnu::noinline]] static bool reportedTest(Place watched, const char* test) {
+    template <auto Test, const char* Name>
+    [[gnu::cold, gnu::noinline]] static bool reportedTest(Place watched) {
         const bool passed = (valueOf(watched).*Test)();
-        reportTest(watched, test, passed);
+        reportTest(watched, Name, passed);
         return passed;
     }
-    template <class Number, auto Read>
-    [[gnu::cold, gnu::noinline]] static Number reportedNumber(Place watched, const char* operation) {
+    template <class Number, auto Read, const char* Name>
+    [[gnu::cold, gnu::noinline]] static Number reportedNumber(Place watched) {
         const auto number = static_cast<Number>((valueOf(watched).*Read)());
-        reportNumber(watched, operation, number);
+        reportNumber(watched, Name, number);
         return number;
     }
     template <class... Word>
@@ -195,6 +212,11 @@ class Node {
         const std::size_t converted = ScanInto(valueOf(watched).text(storage), format, signs, words...);
         reportScan(watched, format.text(), converted, sizeof...(Word));
         return converted == sizeof...(Word);
+    }
+    template <std::size_t N>
+    [[gnu::cold, gnu::noinline]] static std::array<Node, N> eachOf(Place watched) {
+        return [=]<std::size_t... I>(std::index_sequence<I...>) { return std::array{Node(watched.element(I))...}; }
+        (std::make_index_sequence<N>());
     }
     template <class Visit>
     [[gnu::cold, gnu::noinline]] static bool eachElement(Place watched, std::size_t most, Visit& visit) {
@@ -213,6 +235,7 @@ class Node {
     [[gnu::cold]] bool watchedStringTo(char* field, int size) const;
     [[gnu::cold]] void watchedRenderTo(char* field, int size) const;
     [[gnu::cold]] int watchedIntPlusOne() const;
+    [[gnu::cold]] long long watchedRealToInt64() const;
     /// Looks the text up by find, which gives a row of the table or null.
     template <class Find>
     int lookedUp(const char* operation, Keywords table, int otherwise, Find find, bool isText = false) const;
