@@ -15,8 +15,8 @@ install_packages() {
         >/dev/null
 }
 
-build_packages=(g++ cmake ninja-build libjsoncpp-dev libcli11-dev libfmt-dev nlohmann-json3-dev libtbb-dev)
-test_packages=("${build_packages[@]}" clang libgtest-dev librapidcheck-dev bats locales make pkg-config python3 tzdata mandoc bsdextrautils zsh fish)
+build_packages=(g++ cmake ninja-build pkg-config libjsoncpp-dev libcli11-dev libfmt-dev nlohmann-json3-dev libtbb-dev)
+test_packages=("${build_packages[@]}" clang libgtest-dev librapidcheck-dev bats locales make python3 tzdata mandoc bsdextrautils zsh fish)
 bench_packages=("${build_packages[@]}" libbenchmark-dev locales rapidjson-dev libsimdjson-dev python3 valgrind)
 reference_packages=("${build_packages[@]}" doxygen python3)
 growth_packages=("${test_packages[@]}" valgrind)
@@ -24,5 +24,5 @@ check_packages=("${test_packages[@]}" clang-format clang-tidy libclang-rt-14-dev
 coverage_packages=("${test_packages[@]}" llvm)
 abi_packages=("${build_packages[@]}" abigail-tools xz-utils)
 soak_packages=("${test_packages[@]}" clang-tidy llvm libclang-rt-14-dev valgrind)
-package_packages=("${build_packages[@]}" pkg-config dpkg-dev lintian debootstrap file)
+package_packages=("${build_packages[@]}" dpkg-dev lintian debootstrap file)
 fuzz_packages=("${build_packages[@]}" locales clang libclang-rt-14-dev)
