@@ -200,14 +200,15 @@ CLI::Option* AddReadingOptions(CLI::App& command, tool::ReadingOptions& reading)
         ->check(NumberUpTo(tool::kDeepestAllowed))
         ->type_name("N")
         ->capture_default_str();
-    return command.add_option("--max-size", reading.maximumSize, "Bytes of a document: 64MiB, 256KiB of one on a line")
+    return command.add_option("--max-size", reading.maximumSize, "Bytes of a document: 64MiB")
         ->transform(SizeInBytes())
         ->type_name("SIZE");
 }
 
 /// The options of a command that works line by line, too.
 CLI::Option* AddLinesOptions(CLI::App& command, bool& lines, unsigned& jobs, tool::ReadingOptions& reading) {
-    const CLI::Option* size = AddReadingOptions(command, reading);
+    CLI::Option* size = AddReadingOptions(command, reading);
+    size->description(size->get_description() + ", 256KiB of one on a line");
     CLI::Option* flag = command.add_flag("--lines", lines, "Read one document a line (NDJSON), print one a line");
     command.add_option("--jobs", jobs, "Threads of --lines; as many as there are cores when not given")
         ->needs(flag)
