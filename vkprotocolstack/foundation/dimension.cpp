@@ -14,7 +14,7 @@ namespace {
 
 /// An array that is being measured.
 struct Level {
-    Node array;
+    std::vector<Node> samples;  ///< its elements that count; the missing one of an empty array
     long long size;
     long long step;
     long long index;  ///< the element that is being measured
@@ -26,12 +26,19 @@ long long Measure(Node root, int shift) try {
     if (!root.isArray()) return 0;
     const auto levelOf = [shift](Node array) {
         const auto size = static_cast<long long>(array.size());
-        return Level{array, size, (size >> (static_cast<unsigned>(shift) % 32)) + 1, 0, 0};
+        Level level{{}, size, (size >> (static_cast<unsigned>(shift) % 32)) + 1, 0, 0};
+        // In one walk: an element of an array of arrays is not found by its index at once.
+        array.forElements(array.size(), [&level](Node element, std::size_t i) {
+            if (static_cast<long long>(i) % level.step == 0) level.samples.push_back(element);
+            return true;
+        });
+        if (size == 0) level.samples.push_back(array.at(0));
+        return level;
     };
     std::vector<Level> levels{levelOf(root)};
     for (;;) {
         Level& level = levels.back();
-        const Node element = level.array.at(static_cast<std::size_t>(level.index));
+        const Node element = level.samples[static_cast<std::size_t>(level.index / level.step)];
         if (element.isArray()) {
             levels.push_back(levelOf(element));
             continue;

@@ -17,11 +17,12 @@ void Read(Node node, int* types, int capacity, int& count) {
     if (types == nullptr || !node) return;
     const std::size_t examined = std::min<std::size_t>(node.size(), static_cast<unsigned>(capacity));
     count = 0;
-    for (std::size_t i = 0; i < examined; ++i) {
-        const int type = node.at(i).firstContained(kLogTypes, 0);
+    node.forElements(examined, [&](Node name, std::size_t) {
+        const int type = name.firstContained(kLogTypes, 0);
         const bool isNew = std::find(types, types + count, type) == types + count;
         if (type != 0 && isNew) types[count++] = type;
-    }
+        return true;
+    });
 }
 
 }  // namespace
