@@ -192,7 +192,7 @@ class Pass {
                 if (close == nullptr) return nullptr;
                 entry.text = p + 1;
                 entry.size = static_cast<std::uint32_t>(close - p - 1);
-                entry.type = escaped ? TextType::EscapedText : TextType::Text;
+                entry.type = escaped ? TextType::EscapedText : job_.plainText;
                 return close + 1;
             }
             case 't':

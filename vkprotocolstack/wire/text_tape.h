@@ -17,6 +17,7 @@ enum class TextType : std::uint8_t {
     Unsigned,
     Real,
     Text,
+    CopiedText,  ///< one that converters may copy into fields as it stands (see copied_text.h)
     EscapedText,
     Array,  ///< this and what follows are containers
     Object
@@ -30,7 +31,7 @@ struct TextEntry {
     union {
         std::int64_t integer;           ///< Integer
         std::uint64_t unsignedInteger;  ///< Unsigned: above the range of Integer
-        const char* text;               ///< Real: the number; Text, EscapedText: what is between the quotes
+        const char* text;               ///< Real: the number; texts: what is between the quotes
         std::size_t span;               ///< Array, Object: entries that it takes, this one included
         std::size_t parent;             ///< a container that is still open: the index of the one around it
         const Trail* trail;             ///< Watched
@@ -45,6 +46,8 @@ struct TextEntry {
     TextType type;
 
     bool isContainer() const { return type >= TextType::Array; }
+    /// A text without escapes: it has no NUL.
+    bool isPlainText() const { return type == TextType::Text || type == TextType::CopiedText; }
     /// Of an array or an object that is not empty.
     const TextEntry* first() const { return this + 1; }
     /// The element or member behind this one, where there is one more.
