@@ -10,8 +10,7 @@ namespace jsonparser {
 
 bool CopiesTexts() {
     return Change_Utf8_Assic == support::DefaultChangeUtf8Assic && GetJsonString == support::DefaultGetJsonString &&
-           parseJsonNodeToStr == support::DefaultParseJsonNodeToStr &&
-           support::IsUtf8OrAscii(nl_langinfo(CODESET));
+           parseJsonNodeToStr == support::DefaultParseJsonNodeToStr && support::IsUtf8OrAscii(nl_langinfo(CODESET));
 }
 
 }  // namespace jsonparser

@@ -4,8 +4,8 @@
 
 namespace jsonparser {
 
-/// Whether no client has replaced Change_Utf8_Assic, GetJsonString or parseJsonNodeToStr, and the calling thread's locale
-/// is now one in which they copy the bytes of any text that fits.
+/// Whether no client has replaced Change_Utf8_Assic, GetJsonString or parseJsonNodeToStr, and the calling thread's
+/// locale is now one in which they copy the bytes of any text that fits.
 bool CopiesTexts();
 
 }  // namespace jsonparser

@@ -199,8 +199,8 @@ std::optional<Place> MessageReading::PlaceAt(const MessagePlace& place, const Na
     const std::string_view pointer = place.pointer_;
     try {
         // The tape says which texts are only copied: in another locale these are others.
-        const bool isOutdated = text.state_ == MessageText::State::Accepted && text.tree_ == nullptr &&
-                                text.copiesTexts_ != CopiesTexts();
+        const bool isOutdated =
+            text.state_ == MessageText::State::Accepted && text.tree_ == nullptr && text.copiesTexts_ != CopiesTexts();
         if (text.state_ == MessageText::State::Unread || isOutdated) Read(text, pointer, expected);
         const bool isObserved = ObserverScope::Current() != nullptr;
         if (text.state_ == MessageText::State::Accepted && isObserved && text.tree_ == nullptr) ReadTree(text);

@@ -261,7 +261,7 @@ void Place::members(const NameIndex& names, Place* found) const {
     }
     if (isOnTape()) {
         const TextEntry* child = entry().first();
-        const TextEntry* const end = &entry() + entry().span;
+        const TextEntry* const end = entry().behind();
         if (entry().matched == names.names) {
             for (; child != end; child = child->next()) {
                 if (child->slot != 0) found[child->slot - 1] = Place(child);
