@@ -59,7 +59,7 @@ std::size_t Scan(std::string_view text, std::span<const NumberStep> steps, Signs
 /// many, and before each what the format has and no more. The compiler unrolls it for each format.
 /// @return whether the text is such a one; what is in values counts only then
 template <std::size_t I = 0, std::size_t N>
-[[gnu::always_inline]] inline bool ScanPlain(const char* at, const char* end, NumberFormat<N> format,
+[[gnu::always_inline]] inline bool ScanPlain(const char* at, const char* end, const NumberFormat<N>& format,
                                              std::array<int, N>& values) {
     if constexpr (I == N) {
         return true;
@@ -79,17 +79,25 @@ template <std::size_t I = 0, std::size_t N>
     }
 }
 
+/// Scans such a text into the words of a record, which are left as they were where it is another.
+template <class... Word>
+[[gnu::always_inline]] inline bool ScanPlainInto(std::string_view text, const NumberFormat<sizeof...(Word)>& format,
+                                                 Word&... words) {
+    std::array<int, sizeof...(Word)> values;
+    if (!ScanPlain(text.data(), text.data() + text.size(), format, values)) return false;
+    std::size_t i = 0;
+    ((words = static_cast<Word>(values[i++])), ...);
+    return true;
+}
+
 /// Scan into the words of a record; those that do not convert are left as they were.
 /// @return how many were converted
 template <class... Word>
-[[gnu::always_inline]] inline std::size_t ScanInto(std::string_view text, NumberFormat<sizeof...(Word)> format,
+[[gnu::always_inline]] inline std::size_t ScanInto(std::string_view text, const NumberFormat<sizeof...(Word)>& format,
                                                    Signs signs, Word&... words) {
+    if (ScanPlainInto(text, format, words...)) return sizeof...(Word);
     std::array<int, sizeof...(Word)> values;
-    std::size_t converted = sizeof...(Word);
-    if (!ScanPlain(text.data(), text.data() + text.size(), format, values)) {
-        const NumberFormat<sizeof...(Word)> copy = format;
-        converted = Scan(text, copy.steps(), signs, values.data());
-    }
+    const std::size_t converted = Scan(text, format.steps(), signs, values.data());
     std::size_t i = 0;
     const auto store = [&](auto& word) {
         if (i < converted) word = static_cast<std::remove_reference_t<decltype(word)>>(values[i]);

@@ -313,8 +313,35 @@ class Pass {
     /// Behind the value at p, which stands in depth containers.
     ALWAYS_INLINE const char* other(const char* p, std::size_t depth) {
         if (IsContainer(*p)) return job_.skipOthers ? skipContainer(p) : checkContainer(p, depth);
+        return checkScalar(p);
+    }
+
+    ALWAYS_INLINE const char* checkText(const char* p) {
+        bool escaped = false;
+        p = endOfText(p + 1, escaped);
+        return p == nullptr ? nullptr : p + 1;
+    }
+
+    /// The number that begins with the digit at p.
+    ALWAYS_INLINE const char* checkNumber(const char* p) {
+        const char* const digits = p;
+        unsigned digit = 0;
+        do {
+            digit = DigitOf(*++p);
+        } while (digit <= 9);
+        const bool isLong = p - digits > 18 || digit == DigitOf('.') || (digit | 0x20) == DigitOf('e');
+        if (isLong || (*digits == '0' && p - digits > 1)) {
+            TextEntry entry;
+            return number(digits, digits, entry);
+        }
+        return p;
+    }
+
+    ALWAYS_INLINE const char* checkScalar(const char* p) {
+        if (*p == '"') return checkText(p);
+        if (IsDigit(*p)) return checkNumber(p);
         TextEntry entry;
-        return scalar(p, entry);
+        return word(p, entry);
     }
 
     /// Behind the container at p, which stands in outer containers.
@@ -322,45 +349,61 @@ class Pass {
         std::uint64_t kinds = 0;  // of the open containers, the innermost lowest: 1 is an object
         std::uint64_t outerKinds[TextPass::kMaxDepth / 64 + 1];
         std::size_t depth = 0;
-        bool isObject = false;
-        TextEntry entry;
     open:
-        isObject = *p == '{';
         if (depth % 64 == 0) outerKinds[depth / 64] = kinds;
-        kinds = kinds << 1 | (isObject ? 1 : 0);
         ++depth;
-        p = skipBlanks(p + 1);
-        if (*p == (isObject ? '}' : ']')) goto close;
-        if (outer + depth >= maxDepth_) return declined(p);
-        if (!isObject) goto value;
-    member : {
-        if (*p != '"') return declined(p);
-        bool escaped = false;
-        p = endOfText(p + 1, escaped);
-        if (p == nullptr) return nullptr;
-        p = skipBlanks(p + 1);
-        if (*p != ':') return declined(p);
-        p = skipBlanks(p + 1);
-    }
-    value:
-        if (IsContainer(*p)) goto open;
-        p = scalar(p, entry);
-        if (p == nullptr) return nullptr;
-    behind:
-        p = skipBlanks(p);
-        if (*p == ',') {
+        kinds <<= 1;
+        if (*p == '[') {
             p = skipBlanks(p + 1);
-            if (isObject) goto member;
-            goto value;
+            if (*p == ']') goto close;
+            if (outer + depth >= maxDepth_) return declined(p);
+            goto element;
         }
-        if (*p != (isObject ? '}' : ']')) return declined(p);
+        ++kinds;
+        p = skipBlanks(p + 1);
+        if (*p == '}') goto close;
+        if (outer + depth >= maxDepth_) return declined(p);
+    member:
+        if (*p != '"') return declined(p);
+        p = checkText(p);
+        if (p == nullptr) return nullptr;
+        p = skipColon(p);
+        if (p == nullptr) return nullptr;
+        if (IsContainer(*p)) goto open;
+        p = checkScalar(p);
+        if (p == nullptr) return nullptr;
+    behindMember:
+        if (*p != ',') {
+            p = skipBlanks(p);
+            if (*p == '}') goto close;
+            if (*p != ',') return declined(p);
+        }
+        p = skipBlanks(p + 1);
+        goto member;
+    element:
+        if (IsDigit(*p)) {
+            p = checkNumber(p);
+        } else if (IsContainer(*p)) {
+            goto open;
+        } else {
+            p = checkScalar(p);
+        }
+        if (p == nullptr) return nullptr;
+    behindElement:
+        if (*p != ',') {
+            p = skipBlanks(p);
+            if (*p == ']') goto close;
+            if (*p != ',') return declined(p);
+        }
+        p = skipBlanks(p + 1);
+        goto element;
     close:
         ++p;
         if (--depth == 0) return p;
         if (p == end_) return declined(p);
         kinds = depth % 64 == 0 ? outerKinds[depth / 64] : kinds >> 1;
-        isObject = (kinds & 1) != 0;
-        goto behind;
+        if ((kinds & 1) != 0) goto behindMember;
+        goto behindElement;
     }
 
     /// Behind the container at p, following only quotes and brackets.
