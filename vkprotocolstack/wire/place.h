@@ -90,7 +90,7 @@ class Place {
     /// The text where it stands as it is; empty without a null pointer, and so is any other.
     std::string_view plainText() const {
         if (isOnTape()) return entry().isPlainText() ? plain() : std::string_view("");
-        return type() == Json::stringValue ? textInTree() : std::string_view("");
+        return type() == Json::stringValue ? TextOf(*address()) : std::string_view("");
     }
     /// The text; one that does not stand as it is, is kept in storage. On the tape, one for which there is no memory is
     /// empty.
@@ -98,7 +98,7 @@ class Place {
         if (isOnTape()) {
             if (entry().isPlainText()) return plain();
         } else if (type() == Json::stringValue) {
-            return textInTree();
+            return TextOf(*address());
         }
         return otherText(storage);
     }
@@ -179,12 +179,8 @@ class Place {
         if (isOnTape()) return entry().type >= first && entry().type <= last;
         return bits_ != 0 && address()->type() == Type;
     }
-    std::string_view textInTree() const {
-        const char* begin = nullptr;
-        const char* end = nullptr;
-        address()->getString(&begin, &end);
-        return {begin, static_cast<std::size_t>(end - begin)};
-    }
+    // Not of this place: its address would keep it out of a register.
+    static std::string_view TextOf(const Json::Value& text);
     /// A text that is only copied, and needs no cut.
     bool copiesTo(char* field, int size) const {
         if (!isCopied() || std::int64_t{entry().size} >= size) return false;

@@ -33,8 +33,8 @@ char* PutUtf8(char* to, std::uint32_t code) {
     return to;
 }
 
-/// Whether the number is one of few digits without an exponent, and its value: the quotient of two integers that doubles
-/// hold exactly is as near as a double can be.
+/// Whether the number is one of few digits without an exponent, and its value: the quotient of two integers that
+/// doubles hold exactly is as near as a double can be.
 bool IsShortDecimal(const TextEntry& entry, double& value) {
     static constexpr double kPowers[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
     constexpr std::uint32_t kMost = 16;  // with the point and a digit before it
