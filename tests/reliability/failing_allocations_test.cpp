@@ -375,6 +375,33 @@ TEST_P(FailingAllocations, OfReadersOfTextsAreSoftAndLeakNothing) {
     EXPECT_GT(failures, 1000);
 }
 
+TEST_P(FailingAllocations, OfATextsReaderAreNoFaultOfTheText) {
+    const std::string nested =
+        std::string(20, '[') + R"({"Name": "longer than a string keeps within", "B": ""})" + std::string(20, ']');
+    jsonparser::MessageTextOptions options;
+    options.maxDepth = 30;
+    for (const std::string& sent : {nested, nested + " // declined"}) {
+        bool isAccepted = false;
+        std::string what;
+        const long failures = FailEach(
+            sent,
+            [&] {
+                jsonparser::MessageText source(sent, options);
+                isAccepted = source.accepted();
+                isConverting = false;
+                what = isAccepted ? "" : source.error()->what;
+                isConverting = true;
+            },
+            [&](End end) {
+                EXPECT_NE(end, End::kThrew) << sent;
+                EXPECT_EQ(what, isAccepted ? "" : "out of memory") << sent;
+            },
+            [] {});
+        EXPECT_TRUE(isAccepted) << what;
+        EXPECT_GT(failures, 0);
+    }
+}
+
 TEST_P(FailingAllocations, OfWritersAreSoftAndLeakNothing) {
     long failures = 0;
     for (const Writer& writer : fuzz::Writers()) {
