@@ -109,7 +109,7 @@ void CountReader(const Reader& reader) {
         for (const Path& path : ArraysOf(places)) {
             const auto ofLength = [&](Json::ArrayIndex n, const Json::Value* element) {
                 Json::Value message = Message(places, segments);
-                Json::Value& array = At(message, path);
+                Json::Value& array = testing_tools::At(message, Pointer(path));
                 const Json::Value repeated = element == nullptr ? array[3] : *element;
                 array.resize(3);
                 while (array.size() < n) array.append(repeated);

@@ -66,7 +66,7 @@ TEST_P(EveryReader, TakesAnyValueWhereverItLooks) {
     ASSERT_GE(values.size(), 24U);
     for (const auto& [path, filling] : places) {
         Json::Value message = Message(places, filling);
-        Json::Value& place = At(message, path);
+        Json::Value& place = testing_tools::At(message, Pointer(path));
         for (std::size_t i = 0; i < values.size(); ++i) {
             place.swap(values[i]);
             Read(reader, message);
@@ -89,7 +89,7 @@ TEST_P(EveryReader, TakesAnyTextWhereverItLooks) {
     unsigned form = 0;
     for (const auto& [path, filling] : places) {
         Json::Value message = Message(places, filling);
-        Json::Value& place = At(message, path);
+        Json::Value& place = testing_tools::At(message, Pointer(path));
         for (Json::Value& value : values) {
             place.swap(value);
             const fuzz::Case test{&reader, &kRoot, testing_tools::Text(message), {}, form++ % 3, false};
@@ -128,7 +128,7 @@ constexpr double kSecondsForAll = 2;
 
 /// A message with an array of arrays at a place.
 std::string WithArraysAt(Json::Value message, const Path& path) {
-    At(message, path) = "here";
+    testing_tools::At(message, Pointer(path)) = "here";
     std::string arrays = "[[1]";
     for (Json::ArrayIndex i = 1; i < kManyArrays; ++i) arrays += ",[1]";
     arrays += ']';
