@@ -5,12 +5,14 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <climits>
 #include <cstring>
 #include <locale>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "testing/json.h"
@@ -341,6 +343,90 @@ TEST(MessageText, FindsPlacesByPointers) {
     EXPECT_EQ(NodeAt(body.at(pointer))->asInt(), 7);
 }
 
+TEST(MessageText, ATildeThatIsNoEscapeStandsForItself) {
+    for (const char* text : {R"({"~x":1,"a~":2,"~2":3})", R"({"~x":1,"a~":2,"~2":3,"\u0062":4})"}) {
+        const std::pair<const char*, int> rows[] = {
+            {"/~x",  1},
+            {"/~0x", 1},
+            {"/a~",  2},
+            {"/a~0", 2},
+            {"/~2",  3}
+        };
+        for (const auto& [pointer, expected] : rows) {
+            MessageText asked(text);
+            EXPECT_EQ(NodeAt(asked.at(pointer))->asInt(), expected) << text << ' ' << pointer;
+            MessageText whole(text);
+            EXPECT_TRUE(whole.accepted());
+            EXPECT_EQ(NodeAt(whole.at(pointer))->asInt(), expected) << text << ' ' << pointer;
+        }
+    }
+}
+
+TEST(MessageText, FindsAPlaceOfAnyLength) {
+    const std::string name(300, 'n');
+    const std::string text = "{\"" + name + "\":{\"a\":7}}";
+    for (const std::string& pointer : {"/" + name, "/" + name + "/a"}) {
+        MessageText message(text);
+        EXPECT_TRUE(message.at(pointer).exists()) << pointer.size();
+    }
+}
+
+TEST(MessageText, FindsOtherPlacesThanTheOneThatWasReadFirst) {
+    const std::pair<const char*, int> rows[] = {
+        {"/a",   1},
+        {"/a/x", 0},
+        {"/ab",  2},
+        {"",     0},
+        {"/a",   1}
+    };
+    for (const char* text : {R"({"a":1,"ab":2})", R"({"a":1,"ab":2,"c":[/**/3]})"}) {
+        MessageText message(text);
+        for (const auto& [pointer, expected] : rows) {
+            const auto node = NodeAt(message.at(pointer));
+            ASSERT_TRUE(node.has_value()) << pointer;
+            EXPECT_EQ(node->asInt(), expected) << pointer;
+        }
+    }
+}
+
+TEST(MessageText, ChecksWhatItSkippedWhenThatIsAskedFor) {
+    const std::string comment = R"({"car":{"Lane":3},"x":[1,/*2*/3]})";
+    MessageText lenient(comment, {.skipOthers = true});
+    EXPECT_EQ(NodeAt(lenient.at("/car/Lane"))->asInt(), 3);
+    EXPECT_EQ(NodeAt(lenient.at("/x/1"))->asInt(), 3);
+    EXPECT_EQ(NodeAt(lenient.at("/car/Lane"))->asInt(), 3);
+
+    const std::string nonsense = R"({"car":{"Lane":3},"x":[nonsense]})";
+    MessageText message(nonsense, {.skipOthers = true});
+    EXPECT_EQ(NodeAt(message.at("/car/Lane"))->asInt(), 3);
+    EXPECT_FALSE(NodeAt(message.at("/x/1")).has_value());
+    EXPECT_FALSE(message.accepted());
+    ASSERT_NE(message.error(), nullptr);
+    EXPECT_EQ(message.error()->position, 23U);
+}
+
+TEST(MessageText, HasNoPlacesWhenItIsRefused) {
+    MessageText message("[1,2");
+    EXPECT_FALSE(message.at("").exists());
+    EXPECT_EQ(message.at("").size(), 0U);
+    EXPECT_FALSE(message.accepted());
+}
+
+TEST(MessageText, OfTwoGigabytesIsForASlowerReader) {
+    constexpr std::size_t kSize = INT_MAX;  // one less is taken
+    void* const memory =
+        mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(memory, MAP_FAILED);
+    char* const text = static_cast<char*>(memory);
+    std::memcpy(text, "\n[\"", 3);
+    text[kSize - 1] = ']';
+    MessageText message({text, kSize}, {.strictOnly = true});
+    EXPECT_FALSE(message.accepted());
+    ASSERT_NE(message.error(), nullptr);
+    EXPECT_EQ(message.error()->position, 0U);
+    munmap(memory, kSize);
+}
+
 TEST(MessageText, TakesTheLastOfMembersWithTheSameName) {
     for (const char* text : {R"({"a":{"b":1},"a":{"b":2}})", R"({"a":{"b":1,"b":2}})", R"({"a":5,"a":{"b":2}})"}) {
         MessageText body(text);
@@ -458,6 +544,9 @@ TEST(MessageText, GivesObserversValuesOfATree) {
     Lookout lookout;
     {
         const jsonparser::ObserverScope scope(lookout);
+        read(message);
+        EXPECT_EQ(lookout.seen, 2);
+        lookout.seen = Json::Value();
         read(message);
     }
     EXPECT_EQ(lookout.seen, 2);
