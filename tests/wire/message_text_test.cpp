@@ -427,6 +427,21 @@ TEST(MessageText, OfTwoGigabytesIsForASlowerReader) {
     munmap(memory, kSize);
 }
 
+TEST(MessageText, HasTheFirstElementsThatATreeHas) {
+    for (const char* text : {"[]", "[1,2]", "[1,2,3,4]", "[1,[2],3,4,5]", "7", R"({"a":1})", R"("text")"}) {
+        MessageText message(text);
+        const auto node = NodeAt(message.at(""));
+        ASSERT_TRUE(node.has_value());
+        const Json::Value tree = Json(text);
+        const auto actual = node->first<4>();
+        const auto expected = Node(tree).first<4>();
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_EQ(static_cast<bool>(actual[i]), static_cast<bool>(expected[i])) << text << ' ' << i;
+            EXPECT_EQ(Rendered(actual[i]), Rendered(expected[i])) << text << ' ' << i;
+        }
+    }
+}
+
 TEST(MessageText, TakesTheLastOfMembersWithTheSameName) {
     for (const char* text : {R"({"a":{"b":1},"a":{"b":2}})", R"({"a":{"b":1,"b":2}})", R"({"a":5,"a":{"b":2}})"}) {
         MessageText body(text);
