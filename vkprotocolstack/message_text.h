@@ -99,6 +99,7 @@ class VK_API MessageText {
     std::string_view text_;
     MessageTextOptions options_;
     State state_ = State::Unread;
+    bool copiesTexts_ = false;      // on the tape, of texts without escapes
     TextEntry* entries_ = nullptr;  // the tape's memory
     std::size_t capacity_ = 0;
     const TextEntry* part_ = nullptr;  // what is on the tape; null when the message has no such part

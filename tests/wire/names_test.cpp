@@ -18,7 +18,7 @@ constexpr NameList kNames{"",          "a",
                           "abcd",      "abcdefg",
                           "abcdefgh",  "abcdefghi",
                           "bbcdefghi", "BeginSequence",
-                          "路",        "Begin12345678901234567890123456"};
+                          "路",        "Begin123456789012345678901"};
 
 TEST(NameIndex, FindsEachNameAndNoOther) {
     const NameIndex index = kNames.index();
@@ -35,7 +35,10 @@ TEST(NameIndex, FindsEachNameAndNoOther) {
 TEST(NameIndex, QuotesNames) {
     for (std::size_t i = 0; i < kNames.names.size(); ++i) {
         const std::string quoted = std::string(kNames.names[i]) + '"';
-        EXPECT_EQ(std::string_view(kNames.quoted[i].bytes, quoted.size()), quoted);
+        const jsonparser::QuotedName& found = kNames.quoted[i];
+        EXPECT_EQ(std::string_view(found.bytes, quoted.size()), quoted);
+        EXPECT_EQ(found.size, kNames.names[i].size());
+        EXPECT_EQ(found.bits + std::uint64_t{1}, std::uint64_t{1} << quoted.size());
     }
 }
 

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "vkprotocolstack/support/charset.h"
+#include "vkprotocolstack/support/defaults.h"
 #include "vkprotocolstack/support/support.h"
 
 using jsonparser::support::CopyCut;
@@ -22,3 +23,6 @@ bool GetJsonString(const Json::Value& value, char* buffer, int size, bool conver
     }
     return isText;
 }
+
+[[gnu::alias("_Z13GetJsonStringRKN4Json5ValueEPcib")]] bool jsonparser::support::DefaultGetJsonString(
+    const Json::Value& value, char* buffer, int size, bool convert);

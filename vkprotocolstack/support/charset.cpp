@@ -180,22 +180,11 @@ int Open(const char* codeset) {
     return theConversion.codeset[0] == '\0' ? nullptr : &theConversion;
 }
 
-/// The "C" locale's. Not across the end of a page, where strcmp takes longer.
-alignas(16) constexpr char kAscii[] = "ANSI_X3.4-1968";
-
-/// Without a call, since every text asks.
-bool IsUtf8(const char* codeset) {
-    return codeset[0] == 'U' && codeset[1] == 'T' && codeset[2] == 'F' && codeset[3] == '-' && codeset[4] == '8' &&
-           codeset[5] == '\0';
-}
-
 /// The conversion for the calling thread's locale as it is now, null where bytes are copied, or noMemory. Good until
 /// the next call on this thread.
 Conversion* LocalConversion() {
     const char* codeset = nl_langinfo(CODESET);
-    if (IsUtf8(codeset)) return nullptr;
-    if (codeset[0] == 'A' && std::strcmp(codeset, kAscii) == 0) return nullptr;
-    return ConversionFor(codeset);
+    return IsUtf8OrAscii(codeset) ? nullptr : ConversionFor(codeset);
 }
 
 bool IsCopied(const Conversion* conversion, std::string_view text) {

@@ -9,9 +9,20 @@
 #include <json/forwards.h>
 
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 namespace jsonparser::support {
+
+/// Whether an encoding, as nl_langinfo names it, is UTF-8 or the "C" locale's: texts are copied. UTF-8 is found without
+/// a call, since every text may ask.
+inline bool IsUtf8OrAscii(const char* codeset) {
+    // Not across the end of a page, where strcmp takes longer.
+    alignas(16) static constexpr char kAscii[] = "ANSI_X3.4-1968";
+    if (codeset[0] == 'A') return std::strcmp(codeset, kAscii) == 0;
+    return codeset[0] == 'U' && codeset[1] == 'T' && codeset[2] == 'F' && codeset[3] == '-' && codeset[4] == '8' &&
+           codeset[5] == '\0';
+}
 
 /// The part of text before its first NUL.
 std::string_view UpToNul(std::string_view text);

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "vkprotocolstack/support/charset.h"
+#include "vkprotocolstack/support/defaults.h"
 #include "vkprotocolstack/support/support.h"
 
 namespace {
@@ -153,3 +154,6 @@ void parseJsonNodeToStr(const Json::Value& node, char* buffer, int size) {
     if (!node.isNull()) PutJson(out, node);
     out.terminate();
 }
+
+[[gnu::alias("_Z18parseJsonNodeToStrRKN4Json5ValueEPci")]] void jsonparser::support::DefaultParseJsonNodeToStr(
+    const Json::Value& node, char* buffer, int size);

@@ -11,6 +11,7 @@
 #include <new>
 #include <utility>
 
+#include "vkprotocolstack/wire/copied_text.h"
 #include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/text_pass.h"
 #include "vkprotocolstack/wire/text_utf8.h"
@@ -166,6 +167,8 @@ void MessageReading::Read(MessageText& text, std::string_view pointer, const Nam
     pass.expected = expected;
     pass.skipOthers = text.options_.skipOthers;
     pass.maxDepth = Depth(text.options_);
+    text.copiesTexts_ = CopiesTexts();
+    pass.plainText = text.copiesTexts_ ? TextType::CopiedText : TextType::Text;
     pass.tape = &tape;
     pass.stop = pass.begin;
     // jsoncpp reads reals by the program's C++ locale.
@@ -193,7 +196,10 @@ std::optional<Place> MessageReading::PlaceAt(const MessagePlace& place, const Na
     MessageText& text = *place.text_;
     const std::string_view pointer = place.pointer_;
     try {
-        if (text.state_ == MessageText::State::Unread) Read(text, pointer, expected);
+        // The tape says which texts are only copied: in another locale these are others.
+        const bool isOutdated =
+            text.state_ == MessageText::State::Accepted && text.tree_ == nullptr && text.copiesTexts_ != CopiesTexts();
+        if (text.state_ == MessageText::State::Unread || isOutdated) Read(text, pointer, expected);
         const bool isObserved = ObserverScope::Current() != nullptr;
         if (text.state_ == MessageText::State::Accepted && isObserved && text.tree_ == nullptr) ReadTree(text);
         if (text.state_ == MessageText::State::Refused) return std::nullopt;

@@ -16,7 +16,11 @@ namespace jsonparser {
 /// A name as it stands in a message behind its opening quote: with the closing one, then NULs. So one comparison of
 /// whole blocks finds both the name and its end.
 struct alignas(32) QuotedName {
-    char bytes[32];
+    static constexpr std::size_t kLongest = 26;
+
+    char bytes[kLongest + 1];
+    std::uint8_t size;   ///< of the name
+    std::uint32_t bits;  ///< one for each of its bytes and for the quote
 };
 
 /// Whether two texts of size bytes are equal. Names are short: this is faster than a call.
@@ -81,7 +85,7 @@ struct NameIndex {
     std::size_t find(const char* name, std::size_t size) const;
 };
 
-/// Member names in a converter's processing order. A name that stands twice, or has more than 31 bytes, does not
+/// Member names in a converter's processing order. A name that stands twice, or has more than 26 bytes, does not
 /// compile.
 template <std::size_t N>
 struct NameList {
@@ -101,9 +105,11 @@ struct NameList {
             if (names[sorted[i - 1]] == names[sorted[i]]) throw "a name stands twice in the list";
         }
         for (std::size_t i = 0; i < N; ++i) {
-            if (names[i].size() >= sizeof(QuotedName)) throw "a name has more than 31 bytes";
+            if (names[i].size() > QuotedName::kLongest) throw "a name has more than 26 bytes";
             std::copy(names[i].begin(), names[i].end(), quoted[i].bytes);
             quoted[i].bytes[names[i].size()] = '"';
+            quoted[i].size = static_cast<std::uint8_t>(names[i].size());
+            quoted[i].bits = (2U << names[i].size()) - 1;
             std::size_t slot = HashOfName(names[i].data(), names[i].size()) % kSlots;
             while (slots[slot] != 0) slot = (slot + 1) % kSlots;
             slots[slot] = static_cast<std::uint8_t>(i + 1);

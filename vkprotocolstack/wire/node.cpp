@@ -114,7 +114,9 @@ void Node::rawTo(char* field, std::size_t count) const {
 }
 
 void Node::utf8To(char* field, int limit) const {
-    if (place_.isPresent()) {
+    if (place_.isCopied()) {
+        if (limit >= 0) CopyText(place_.copied().substr(0, static_cast<std::size_t>(limit)), field);
+    } else if (place_.isPresent()) {
         CopyUtf8(place_, field, limit);
     } else if (place_.isWatched()) {
         watchedUtf8To(field, limit);

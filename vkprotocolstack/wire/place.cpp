@@ -54,7 +54,7 @@ class TextCopy {
     TextCopy(const TextEntry& entry, int size) {
         text_[0] = '\0';
         const std::size_t needed = 4 * static_cast<std::size_t>(std::max(size, 0));
-        const bool isPlain = entry.type == TextType::Text;
+        const bool isPlain = entry.isPlainText();
         const std::size_t room = isPlain ? std::min<std::size_t>(entry.size, needed) : entry.size;
         if (room >= sizeof inline_) {
             long_.reset(new (std::nothrow) char[room + 1]);
@@ -219,13 +219,13 @@ std::string_view Place::otherText(std::string& storage) const {
     }
 }
 
-bool Place::stringTo(char* field, int size) const {
+bool Place::convertedStringTo(char* field, int size) const {
     if (!isOnTape()) return GetJsonString(exists() ? *address() : Json::Value::nullSingleton(), field, size, true);
     if (type() == Json::stringValue) return GetJsonString(TextCopy(entry(), size).value(), field, size, true);
     return GetJsonString(ScalarOf(entry()), field, size, true);
 }
 
-void Place::renderTo(char* field, int size) const {
+void Place::convertedRenderTo(char* field, int size) const {
     if (!isOnTape()) {
         parseJsonNodeToStr(exists() ? *address() : Json::Value::nullSingleton(), field, size);
     } else if (type() == Json::stringValue) {
@@ -261,7 +261,7 @@ void Place::members(const NameIndex& names, Place* found) const {
     }
     if (isOnTape()) {
         const TextEntry* child = entry().first();
-        const TextEntry* const end = &entry() + entry().span;
+        const TextEntry* const end = entry().behind();
         if (entry().matched == names.names) {
             for (; child != end; child = child->next()) {
                 if (child->slot != 0) found[child->slot - 1] = Place(child);

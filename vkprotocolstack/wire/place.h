@@ -23,6 +23,12 @@ inline constexpr bool kWithObservers = false;  ///< for measuring what the tests
 inline constexpr bool kWithObservers = true;
 #endif
 
+/// The text and a terminator. Texts are short: this is faster than a call.
+inline void CopyText(std::string_view text, char* field) {
+    text.copy(field, text.size());
+    field[text.size()] = '\0';
+}
+
 /// A value in jsoncpp's tree or on the tape of a message text, or no value at all. What is missing reads as null. So
 /// does a watched place, but for its members and elements, which are watched places too.
 class Place {
@@ -65,7 +71,7 @@ class Place {
     /// is no memory is empty.
     std::string_view text(std::string& storage) const {
         if (isOnTape()) {
-            if (entry().type == TextType::Text) return {entry().text, entry().size};
+            if (entry().isPlainText()) return {entry().text, entry().size};
         } else if (type() == Json::stringValue) {
             const char* begin = nullptr;
             const char* end = nullptr;
@@ -75,10 +81,16 @@ class Place {
         return otherText(storage);
     }
 
+    /// A text that the text functions would copy, byte for byte, and that has no NUL.
+    bool isCopied() const { return isOnTape() && entry().type == TextType::CopiedText; }
+    std::string_view copied() const { return {entry().text, entry().size}; }
+
     /// GetJsonString and parseJsonNodeToStr of the value. On the tape they are given a value of the same type; the
     /// first of them, in place of an array or an object, null, which is no text either.
-    bool stringTo(char* field, int size) const;
-    void renderTo(char* field, int size) const;
+    bool stringTo(char* field, int size) const { return copiesTo(field, size) || convertedStringTo(field, size); }
+    void renderTo(char* field, int size) const {
+        if (!copiesTo(field, size)) convertedRenderTo(field, size);
+    }
 
     /// Elements of an array, 0 for anything else.
     std::size_t size() const {
@@ -142,6 +154,14 @@ class Place {
         if (isOnTape()) return entry().type >= first && entry().type <= last;
         return bits_ != 0 && address()->type() == Type;
     }
+    /// A text that is only copied, and needs no cut.
+    bool copiesTo(char* field, int size) const {
+        if (!isCopied() || std::int64_t{entry().size} >= size) return false;
+        CopyText(copied(), field);
+        return true;
+    }
+    bool convertedStringTo(char* field, int size) const;
+    void convertedRenderTo(char* field, int size) const;
     [[gnu::cold]] Place watchedElement(std::size_t index) const;
     [[gnu::cold]] void watchedMembers(const NameIndex& names, Place* found) const;
     int convertedToInt() const;
@@ -153,7 +173,7 @@ class Place {
         static constexpr Json::ValueType kTypes[] = {Json::nullValue,    Json::nullValue,   Json::booleanValue,
                                                      Json::booleanValue, Json::intValue,    Json::uintValue,
                                                      Json::realValue,    Json::stringValue, Json::stringValue,
-                                                     Json::arrayValue,   Json::objectValue};
+                                                     Json::stringValue,  Json::arrayValue,  Json::objectValue};
         return kTypes[static_cast<std::size_t>(type)];
     }
 

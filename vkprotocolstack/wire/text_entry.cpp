@@ -34,7 +34,7 @@ char* PutUtf8(char* to, std::uint32_t code) {
 }
 
 Json::Value TextOf(const TextEntry& entry) {
-    if (entry.type == TextType::Text) return {entry.text, entry.text + entry.size};
+    if (entry.isPlainText()) return {entry.text, entry.text + entry.size};
     std::string text(entry.size, '\0');
     const std::size_t size = Unescape(entry, text.data());
     return {text.data(), text.data() + size};
@@ -118,6 +118,7 @@ Json::Value TreeOf(const TextEntry& entry) {
     const auto valueOf = [&levels](const TextEntry& from, Json::Value& to) {
         switch (from.type) {
             case TextType::Text:
+            case TextType::CopiedText:
             case TextType::EscapedText:
                 to = TextOf(from);
                 break;

@@ -39,6 +39,7 @@ struct TextPass {
     const NameIndex* expected;  ///< names that the part's object is expected to have, in that order; may be null
     bool skipOthers;            ///< of values outside the part, only quotes and brackets are followed
     std::size_t maxDepth;       ///< values may stand in this many containers less one; at most kMaxDepth
+    TextType plainText;         ///< the type that texts without escapes are given
     TextTape* tape;
 
     // what came of it

@@ -27,12 +27,9 @@ struct Avx2Blocks {
         return Bits(_mm256_or_si256(_mm256_or_si256(Equal(block, ' '), Equal(block, '\n')),
                                     _mm256_or_si256(Equal(block, '\r'), Equal(block, '\t'))));
     }
-    static bool Starts(const char* p, const char* end, const QuotedName& quoted, std::size_t size) {
-        if (end - p < 32) {
-            return static_cast<std::size_t>(end - p) > size && std::memcmp(p, quoted.bytes, size + 1) == 0;
-        }
+    static bool Starts(const char* p, const QuotedName& quoted) {
         const std::uint32_t same = Bits(_mm256_cmpeq_epi8(Load(p), Load(quoted.bytes)));
-        return (~same & ((2U << size) - 1)) == 0;
+        return (~same & quoted.bits) == 0;
     }
     static StructureBits Structure(const char* p) {
         const __m256i low = Load(p);

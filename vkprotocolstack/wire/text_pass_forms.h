@@ -2,7 +2,7 @@
 //   kWidth, kAll              bytes in a block, and a bit for each
 //   Blanks(p)                 bits of a block: JSON's white space
 //   Endings(p)                of 64 bytes: quotes, backslashes, control characters
-//   Starts(p, end, quoted, size)  whether the text starts with a name of size bytes and its quote (see QuotedName)
+//   Starts(p, quoted)         whether a text of at least 32 bytes starts with a name and its quote
 //   Structure(p)              of 64 bytes: quotes, backslashes, opening and closing brackets
 // Everything here is in an unnamed namespace and nothing is shared with other files: a form for wider instructions is
 // compiled with them, and the linker must not take its code for all.
@@ -56,15 +56,19 @@ template <class Blocks>
 class Pass {
   public:
     explicit Pass(TextPass& job)
-        : job_(job), tape_(*job.tape), limit_(tape_.entries + tape_.capacity), end_(job.end), block_(job.begin) {}
+        : job_(job),
+          tape_(*job.tape),
+          limit_(tape_.entries + tape_.capacity),
+          end_(job.end),
+          maxDepth_(job.maxDepth),
+          plainText_(job.plainText) {}
 
     bool run() {
         while (end_ != job_.begin && IsBlank(end_[-1])) --end_;
         const char* p = job_.begin;
         while (p != end_ && IsBlank(*p)) ++p;
         forgetPart();
-        endings_ = endingsAt(block_);
-        endingsAhead_ = endingsAt(block_ + kBlock);
+        lookAhead(p);
         if (end_ - p < 2) return declined(p) != nullptr;
         // What is read from here on ends at the latest at the last byte: a bracket stops every scan but that of texts.
         const char last = end_[-1];
@@ -77,6 +81,8 @@ class Pass {
 
   private:
     static constexpr std::size_t kBlock = 64;
+    static constexpr std::size_t kMostAhead = 32 * kBlock;
+    static constexpr std::size_t kAheadSkipping = 4 * kBlock;
 
     const char* declined(const char* p) {
         job_.stop = p;
@@ -99,15 +105,15 @@ class Pass {
         return p;
     }
 
-    /// The closing quote of the text whose characters begin at p. What ends runs of characters is found for whole
-    /// blocks ahead: so a text's end is known without waiting for that of the text before.
+    /// The closing quote of the text whose characters begin at p. What ends runs of characters is found for many blocks
+    /// ahead: so a text's end is known without waiting for that of the text before, and wherever it begins.
     ALWAYS_INLINE const char* endOfText(const char* p, bool& escaped) {
-        const auto offset = static_cast<std::size_t>(p - block_);
-        if (offset < kBlock) {
-            const std::uint64_t endings = endings_ >> offset;
+        const auto offset = static_cast<std::size_t>(p - ahead_);
+        if (offset < aheadSize_) {
+            const std::uint64_t endings = endingsFrom(offset);
             if (endings != 0) {
                 const char* const ending = p + __builtin_ctzll(endings);
-                if (ending < end_ && *ending == '"') return ending;
+                if (*ending == '"') return ending;
             }
         }
         return endOfLongText(p, escaped);
@@ -128,32 +134,51 @@ class Pass {
     /// The next byte, from p on, that is no ordinary character of a text; the end when there is none.
     const char* nextEnding(const char* p) {
         while (p < end_) {
-            const auto offset = static_cast<std::size_t>(p - block_);
-            if (offset >= kBlock) {
-                takeBlock(block_ + offset / kBlock * kBlock);
-                continue;
+            auto offset = static_cast<std::size_t>(p - ahead_);
+            if (offset >= aheadSize_) {
+                lookAhead(p);
+                offset = 0;
             }
-            const std::uint64_t endings = endings_ >> offset;
-            if (endings != 0) {
-                const char* const ending = p + __builtin_ctzll(endings);
-                return ending < end_ ? ending : end_;
+            for (; offset < aheadSize_; offset = (offset / 8 + 8) * 8) {
+                const std::uint64_t endings = endingsFrom(offset);
+                if (endings != 0) return ahead_ + offset + __builtin_ctzll(endings);
             }
-            p = block_ + kBlock;
+            p = ahead_ + aheadSize_;
         }
         return end_;
     }
 
-    ALWAYS_INLINE void takeBlock(const char* block) {
-        endings_ = block == block_ + kBlock ? endingsAhead_ : endingsAt(block);
-        endingsAhead_ = endingsAt(block + kBlock);
-        block_ = block;
+    /// Bits of the 57 bytes from there on, or of more. The bits' bytes lie in the order of the text's.
+    ALWAYS_INLINE std::uint64_t endingsFrom(std::size_t offset) const {
+        std::uint64_t endings = 0;
+        std::memcpy(&endings, endings_ + offset / 8, sizeof endings);
+        return endings >> offset % 8;
     }
 
-    ALWAYS_INLINE std::uint64_t endingsAt(const char* block) const {
-        if (end_ - block >= static_cast<std::ptrdiff_t>(kBlock)) return Blocks::Endings(block);
-        char tail[kBlock] = {};  // NULs end every text
-        if (block < end_) std::memcpy(tail, block, static_cast<std::size_t>(end_ - block));
-        return Blocks::Endings(tail);
+    /// Finds the endings in the next blocks from p on. Behind the text there are none.
+    [[gnu::noinline]] void lookAhead(const char* p) {
+        ahead_ = p;
+        const std::size_t most = job_.skipOthers ? kAheadSkipping : kMostAhead;
+        const auto left = static_cast<std::size_t>(end_ - p);
+        const std::size_t whole = (left < most ? left : most) & ~(kBlock - 1);
+        unsigned char* bits = endings_;
+        for (const char* const end = p + whole; p != end; p += kBlock, bits += sizeof(std::uint64_t)) {
+            const std::uint64_t endings = Blocks::Endings(p);
+            std::memcpy(bits, &endings, sizeof endings);
+        }
+        aheadSize_ = whole;
+        std::uint64_t endings = 0;
+        if (whole != most) {
+            char tail[kBlock];
+            std::memset(tail, ' ', sizeof tail);
+            std::memcpy(tail, p, left - whole);
+            endings = Blocks::Endings(tail);
+            std::memcpy(bits, &endings, sizeof endings);
+            bits += sizeof endings;
+            endings = 0;
+            aheadSize_ += kBlock;
+        }
+        std::memcpy(bits, &endings, sizeof endings);
     }
 
     const char* skipEscape(const char* p) {
@@ -182,19 +207,21 @@ class Pass {
         return second >= 0xDC00 && second <= 0xDFFF ? p + 12 : declined(p);
     }
 
-    /// Reads the scalar at p into entry.
-    ALWAYS_INLINE const char* scalar(const char* p, TextEntry& entry) {
-        if (IsDigit(*p)) return number(p, p, entry);
+    /// Reads the text at p into entry.
+    ALWAYS_INLINE const char* text(const char* p, TextEntry& entry) {
+        ++p;
+        bool escaped = false;
+        const char* const close = endOfText(p, escaped);
+        if (close == nullptr) return nullptr;
+        entry.text = p;
+        entry.size = static_cast<std::uint32_t>(close - p);
+        entry.type = escaped ? TextType::EscapedText : plainText_;
+        return close + 1;
+    }
+
+    /// Reads what is neither a text nor a container, and begins with no digit.
+    [[gnu::noinline]] const char* word(const char* p, TextEntry& entry) {
         switch (*p) {
-            case '"': {
-                bool escaped = false;
-                const char* const close = endOfText(p + 1, escaped);
-                if (close == nullptr) return nullptr;
-                entry.text = p + 1;
-                entry.size = static_cast<std::uint32_t>(close - p - 1);
-                entry.type = escaped ? TextType::EscapedText : TextType::Text;
-                return close + 1;
-            }
             case 't':
                 entry.type = TextType::True;
                 return word(p, "true", 4);
@@ -211,9 +238,15 @@ class Pass {
         }
     }
 
-    ALWAYS_INLINE const char* word(const char* p, const char* expected, std::size_t size) {
+    const char* word(const char* p, const char* expected, std::size_t size) {
         if (static_cast<std::size_t>(end_ - p) <= size || std::memcmp(p, expected, size) != 0) return declined(p);
         return p + size;
+    }
+
+    /// Reads the scalar at p into entry.
+    ALWAYS_INLINE const char* scalar(const char* p, TextEntry& entry) {
+        if (*p == '"') return text(p, entry);
+        return IsDigit(*p) ? number(p, p, entry) : word(p, entry);
     }
 
     /// The number that begins at begin, with its digits from p on.
@@ -224,7 +257,10 @@ class Pass {
         unsigned digit = DigitOf(*++p);
         if (value == 0 && digit <= 9) return declined(begin);
         for (; digit <= 9; digit = DigitOf(*++p)) value = value * 10 + digit;
-        if (p - digits > 18 || *p == '.' || (*p | 0x20) == 'e') return longNumber(begin, p, value, entry);
+        // What is none of . e E is so as a digit too.
+        if (p - digits > 18 || digit == DigitOf('.') || (digit | 0x20) == DigitOf('e')) {
+            return longNumber(begin, p, value, entry);
+        }
         entry.integer = static_cast<std::int64_t>(digits == begin ? value : 0 - value);
         entry.type = TextType::Integer;
         return p;
@@ -295,7 +331,7 @@ class Pass {
         ++depth;
         p = skipBlanks(p + 1);
         if (*p == (isObject ? '}' : ']')) goto close;
-        if (outer + depth >= job_.maxDepth) return declined(p);
+        if (outer + depth >= maxDepth_) return declined(p);
         if (!isObject) goto value;
     member : {
         if (*p != '"') return declined(p);
@@ -378,42 +414,48 @@ class Pass {
         return declined(p);
     }
 
-    /// A new entry behind the last one; null when there is no memory, which is the message's end.
-    ALWAYS_INLINE TextEntry* push(TextEntry*& next) {
-        if (next == limit_) [[unlikely]] {
-            next = grown(next);
-            if (next == nullptr) return nullptr;
-        }
-        return next++;
-    }
-
-    [[gnu::noinline]] TextEntry* grown(const TextEntry* next) {
-        const auto used = static_cast<std::size_t>(next - tape_.entries);
-        if (!tape_.grow(used)) {
+    /// Makes room for an entry at next, behind the last one. The tape may move.
+    /// @return false when there is no memory, which is the message's end
+    [[gnu::noinline]] bool grow(const TextEntry* next) {
+        if (!tape_.grow(static_cast<std::size_t>(next - tape_.entries))) {
             job_.noMemory = true;
-            return nullptr;
+            return false;
         }
         limit_ = tape_.entries + tape_.capacity;
-        return tape_.entries + used;
+        return true;
+    }
+
+    /// Behind what is between a name and its value; null where that is no colon.
+    ALWAYS_INLINE const char* skipColon(const char* p) {
+        if (*p != ':') {
+            p = skipBlanks(p);
+            if (*p != ':') return declined(p);
+        }
+        return skipBlanks(p + 1);
     }
 
     /// Takes down the container at p, whose entry is the tape's last, and what is in it.
     [[gnu::noinline]] const char* tapeContainer(const char* p, std::size_t depth) {
         TextEntry* next = next_;
-        std::size_t container = static_cast<std::size_t>(next - tape_.entries) - 1;
-        const std::size_t outermost = container;
-        std::uint32_t children = 0;  // of the container so far; of those around it their entries keep it
-        bool isObject = false;
+        TextEntry* container = next - 1;
         TextEntry* entry = nullptr;
+        std::uint32_t children = 0;  // of the container so far; of those around it their entries keep it
+        container->parent = 0;
+        const std::size_t outermost = depth;
     open:
-        isObject = *p == '{';
         ++depth;
-        tape_.entries[container].type = isObject ? TextType::Object : TextType::Array;
         children = 0;
+        if (*p == '[') {
+            container->type = TextType::Array;
+            p = skipBlanks(p + 1);
+            if (*p == ']') goto close;
+            if (depth >= maxDepth_) return declined(p);
+            goto element;
+        }
+        container->type = TextType::Object;
         p = skipBlanks(p + 1);
-        if (*p == (isObject ? '}' : ']')) goto close;
-        if (depth >= job_.maxDepth) return declined(p);
-        if (!isObject) goto element;
+        if (*p == '}') goto close;
+        if (depth >= maxDepth_) return declined(p);
     member : {
         if (*p != '"') return declined(p);
         const char* const name = p + 1;
@@ -421,105 +463,136 @@ class Pass {
         p = endOfText(name, escaped);
         if (p == nullptr) return nullptr;
         if (escaped || p - name > 0xFFFF) return declined(name);
-        entry = push(next);
-        if (entry == nullptr) return declined(name);
+        if (next == limit_) [[unlikely]] {
+            const std::size_t index = indexOf(container);
+            const std::size_t used = indexOf(next);
+            if (!grow(next)) return declined(name);
+            container = tape_.entries + index;
+            next = tape_.entries + used;
+        }
+        entry = next++;
         entry->name = name;
         entry->nameSize = static_cast<std::uint16_t>(p - name);
-        p = skipBlanks(p + 1);
-        if (*p != ':') return declined(p);
-        p = skipBlanks(p + 1);
-        goto value;
-    }
-    element:
-        entry = push(next);
-        if (entry == nullptr) return declined(p);
-        entry->name = nullptr;  // which also says that no list's slots are in its members
-    value:
+        p = skipColon(p + 1);
+        if (p == nullptr) return nullptr;
         ++children;
-        if (IsContainer(*p)) {
-            tape_.entries[container].size = children;
-            entry->parent = container;
-            container = static_cast<std::size_t>(entry - tape_.entries);
-            goto open;
-        }
+        if (IsContainer(*p)) goto nested;
         p = scalar(p, *entry);
         if (p == nullptr) return nullptr;
-    behind:
-        p = skipBlanks(p);
-        if (*p == ',') {
-            p = skipBlanks(p + 1);
-            if (isObject) goto member;
-            goto element;
+    }
+    behindMember:
+        if (*p != ',') {
+            p = skipBlanks(p);
+            if (*p == '}') goto close;
+            if (*p != ',') return declined(p);
         }
-        if (*p != (isObject ? '}' : ']')) return declined(p);
-    close : {
+        p = skipBlanks(p + 1);
+        goto member;
+    element:
+        if (next == limit_) [[unlikely]] {
+            const std::size_t index = indexOf(container);
+            const std::size_t used = indexOf(next);
+            if (!grow(next)) return declined(p);
+            container = tape_.entries + index;
+            next = tape_.entries + used;
+        }
+        entry = next++;
+        ++children;
+        if (IsDigit(*p)) {
+            p = number(p, p, *entry);
+        } else if (IsContainer(*p)) {
+            entry->name = nullptr;  // which also says that no list's slots are in its members
+            goto nested;
+        } else {
+            p = scalar(p, *entry);
+        }
+        if (p == nullptr) return nullptr;
+    behindElement:
+        if (*p != ',') {
+            p = skipBlanks(p);
+            if (*p == ']') goto close;
+            if (*p != ',') return declined(p);
+        }
+        p = skipBlanks(p + 1);
+        goto element;
+    nested:
+        container->size = children;
+        entry->parent = BytesBetween(container, entry);
+        container = entry;
+        goto open;
+    close:
         ++p;
-        --depth;
-        TextEntry& closed = tape_.entries[container];
-        const std::size_t parent = closed.parent;
-        closed.size = children;
-        closed.span = static_cast<std::size_t>(next - &closed);
-        if (container == outermost) {
+        container->size = children;
+        const std::size_t parent = container->parent;
+        container->span = BytesBetween(container, next);
+        if (--depth == outermost) {
             next_ = next;
             return p;
         }
         if (p == end_) return declined(p);
-        container = parent;
-        children = tape_.entries[container].size;
-        isObject = tape_.entries[container].type == TextType::Object;
-        goto behind;
-    }
+        container = EntryBefore(container, parent);
+        children = container->size;
+        if (container->type == TextType::Array) goto behindElement;
+        goto behindMember;
     }
 
     /// Takes down the object at p, whose entry is the tape's first, matching its members against the expected names:
     /// the one behind the last match is tried before any search, and needs no look for the name's end.
     [[gnu::noinline]] const char* tapeExpected(const char* p, std::size_t depth) {
         const NameIndex& expected = *job_.expected;
-        std::size_t slot = 0;
+        const QuotedName* quoted = expected.quoted;
+        const QuotedName* const quotedEnd = quoted + expected.count;
+        const bool hasBlock = end_ - job_.begin >= static_cast<std::ptrdiff_t>(sizeof(QuotedName));
+        const char* const lastBlock = hasBlock ? end_ - sizeof(QuotedName) : nullptr;
         std::uint32_t members = 0;
         TextEntry* next = next_;
         ++depth;
         p = skipBlanks(p + 1);
         if (*p == '}') return closeExpected(p, members);
-        if (depth >= job_.maxDepth) return declined(p);
+        if (depth >= maxDepth_) return declined(p);
         for (;;) {
             if (*p != '"') return declined(p);
             const char* const name = p + 1;
-            TextEntry* const entry = push(next);
-            if (entry == nullptr) return declined(name);
+            if (next == limit_) [[unlikely]] {
+                const std::size_t used = indexOf(next);
+                if (!grow(next)) return declined(name);
+                next = tape_.entries + used;
+            }
+            TextEntry* const entry = next++;
             ++members;
-            if (slot < expected.count &&
-                Blocks::Starts(name, end_, expected.quoted[slot], expected.names[slot].size())) {
-                p = name + expected.names[slot].size();
-                entry->slot = static_cast<std::uint8_t>(++slot);
+            entry->name = name;
+            if (quoted != quotedEnd && name <= lastBlock && Blocks::Starts(name, *quoted)) {
+                p = name + quoted->size;
+                ++quoted;
+                entry->slot = static_cast<std::uint8_t>(quoted - expected.quoted);
             } else {
                 bool escaped = false;
                 p = endOfText(name, escaped);
                 if (p == nullptr) return nullptr;
                 if (escaped || p - name > 0xFFFF) return declined(name);
                 const std::size_t found = expected.find(name, static_cast<std::size_t>(p - name));
-                if (found != 0) slot = found;
+                if (found != 0) quoted = expected.quoted + found;
                 entry->slot = static_cast<std::uint8_t>(found);
             }
-            entry->name = name;
             entry->nameSize = static_cast<std::uint16_t>(p - name);
-            p = skipBlanks(p + 1);
-            if (*p != ':') return declined(p);
-            p = skipBlanks(p + 1);
+            p = skipColon(p + 1);
+            if (p == nullptr) return nullptr;
             if (IsContainer(*p)) {
                 next_ = next;
                 p = tapeContainer(p, depth);
                 next = next_;
+                if (p == end_) return declined(p);
             } else {
                 p = scalar(p, *entry);
             }
             if (p == nullptr) return nullptr;
-            if (p == end_) return declined(p);
-            p = skipBlanks(p);
-            if (*p != ',') break;
+            if (*p != ',') {
+                p = skipBlanks(p);
+                if (*p == '}') break;
+                if (*p != ',') return declined(p);
+            }
             p = skipBlanks(p + 1);
         }
-        if (*p != '}') return declined(p);
         next_ = next;
         return closeExpected(p, members);
     }
@@ -528,15 +601,18 @@ class Pass {
         TextEntry& object = tape_.entries[0];
         object.type = TextType::Object;
         object.size = members;
-        object.span = static_cast<std::size_t>(next_ - tape_.entries);
+        object.span = BytesBetween(&object, next_);
         object.matched = job_.expected->names;
         return p + 1;
     }
 
+    std::size_t indexOf(const TextEntry* entry) const { return static_cast<std::size_t>(entry - tape_.entries); }
+
     /// Takes down the value at p, the part.
     const char* tapePart(const char* p, std::size_t depth) {
-        TextEntry* const entry = push(next_);
-        if (entry == nullptr) return declined(p);
+        if (next_ == limit_ && !grow(next_)) return declined(p);
+        next_ = tape_.entries + 1;
+        TextEntry* const entry = tape_.entries;
         entry->matched = nullptr;
         entry->nameSize = 0;
         if (job_.expected != nullptr && *p == '{') {
@@ -567,7 +643,7 @@ class Pass {
             ++depth;
             p = skipBlanks(p + 1);
             if (*p == (isObject[depth - 1] ? '}' : ']')) goto close;
-            if (depth >= job_.maxDepth) return declined(p);
+            if (depth >= maxDepth_) return declined(p);
             if (isObject[depth - 1]) goto member;
             goto element;
         } else {
@@ -618,12 +694,15 @@ class Pass {
 
     TextPass& job_;
     TextTape& tape_;
-    TextEntry* next_ = nullptr;       ///< behind the tape's last entry
-    TextEntry* limit_;                ///< behind its memory
-    const char* end_;                 ///< behind the last byte that is not blank
-    const char* block_;               ///< kBlock bytes of the text, or fewer at its end
-    std::uint64_t endings_ = 0;       ///< bits of its bytes that are no ordinary characters of a text
-    std::uint64_t endingsAhead_ = 0;  ///< of the next block
+    TextEntry* next_ = nullptr;  ///< behind the tape's last entry
+    TextEntry* limit_;           ///< behind its memory
+    const char* end_;            ///< behind the last byte that is not blank
+    const std::size_t maxDepth_;
+    const TextType plainText_;
+    const char* ahead_ = nullptr;  ///< where the blocks begin whose endings are known
+    std::size_t aheadSize_ = 0;    ///< their bytes
+    /// Bits of these that are no ordinary characters of a text, and as many without any behind.
+    unsigned char endings_[kMostAhead / 8 + sizeof(std::uint64_t)];
 };
 
 }  // namespace

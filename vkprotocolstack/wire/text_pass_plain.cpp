@@ -42,8 +42,8 @@ struct PlainBlocks {
         const std::uint64_t word = Load(p);
         return Bits(Equal(word, ' ') | Equal(word, '\n') | Equal(word, '\r') | Equal(word, '\t'));
     }
-    static bool Starts(const char* p, const char* end, const QuotedName& quoted, std::size_t size) {
-        return static_cast<std::size_t>(end - p) > size && std::memcmp(p, quoted.bytes, size + 1) == 0;
+    static bool Starts(const char* p, const QuotedName& quoted) {
+        return std::memcmp(p, quoted.bytes, std::size_t{quoted.size} + 1) == 0;
     }
     static StructureBits Structure(const char* p) {
         StructureBits bits{};

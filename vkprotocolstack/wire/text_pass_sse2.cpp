@@ -30,13 +30,10 @@ struct Sse2Blocks {
         return Bits(_mm_or_si128(_mm_or_si128(Equal(block, ' '), Equal(block, '\n')),
                                  _mm_or_si128(Equal(block, '\r'), Equal(block, '\t'))));
     }
-    static bool Starts(const char* p, const char* end, const QuotedName& quoted, std::size_t size) {
-        if (end - p < 32) {
-            return static_cast<std::size_t>(end - p) > size && std::memcmp(p, quoted.bytes, size + 1) == 0;
-        }
+    static bool Starts(const char* p, const QuotedName& quoted) {
         std::uint32_t same = Bits(_mm_cmpeq_epi8(Load(p), Load(quoted.bytes)));
-        if (size >= 16) same |= Bits(_mm_cmpeq_epi8(Load(p + 16), Load(quoted.bytes + 16))) << 16;
-        return (~same & ((2U << size) - 1)) == 0;
+        if (quoted.size >= 16) same |= Bits(_mm_cmpeq_epi8(Load(p + 16), Load(quoted.bytes + 16))) << 16;
+        return (~same & quoted.bits) == 0;
     }
     static StructureBits Structure(const char* p) {
         StructureBits bits{};

@@ -17,6 +17,7 @@ enum class TextType : std::uint8_t {
     Unsigned,
     Real,
     Text,
+    CopiedText,  ///< one that converters may copy into fields as it stands (see copied_text.h)
     EscapedText,
     Array,  ///< this and what follows are containers
     Object
@@ -30,9 +31,9 @@ struct TextEntry {
     union {
         std::int64_t integer;           ///< Integer
         std::uint64_t unsignedInteger;  ///< Unsigned: above the range of Integer
-        const char* text;               ///< Real: the number; Text, EscapedText: what is between the quotes
-        std::size_t span;               ///< Array, Object: entries that it takes, this one included
-        std::size_t parent;             ///< a container that is still open: the index of the one around it
+        const char* text;               ///< Real: the number; texts: what is between the quotes
+        std::size_t span;               ///< Array, Object: bytes of the entries that it takes, this one included
+        std::size_t parent;             ///< a container that is still open: bytes back to the one around it
         const Trail* trail;             ///< Watched
     };
     union {
@@ -45,18 +46,32 @@ struct TextEntry {
     TextType type;
 
     bool isContainer() const { return type >= TextType::Array; }
+    /// A text without escapes: it has no NUL.
+    bool isPlainText() const { return type == TextType::Text || type == TextType::CopiedText; }
     /// Of an array or an object that is not empty.
     const TextEntry* first() const { return this + 1; }
     /// The element or member behind this one, where there is one more.
-    const TextEntry* next() const { return this + (isContainer() ? span : 1); }
+    const TextEntry* next() const { return isContainer() ? behind() : this + 1; }
+    /// Of an array or an object: behind all that is in it.
+    const TextEntry* behind() const {
+        return reinterpret_cast<const TextEntry*>(reinterpret_cast<const char*>(this) + span);
+    }
     /// The element at an index below size of an array.
     const TextEntry* element(std::size_t index) const {
-        if (span == std::size_t{size} + 1) return this + 1 + index;
+        if (span == (std::size_t{size} + 1) * sizeof(TextEntry)) return this + 1 + index;
         const TextEntry* element = first();
         for (; index > 0; --index) element = element->next();
         return element;
     }
 };
+
+/// Between two entries of a tape, the first one before the second.
+inline std::size_t BytesBetween(const TextEntry* first, const TextEntry* second) {
+    return static_cast<std::size_t>(reinterpret_cast<const char*>(second) - reinterpret_cast<const char*>(first));
+}
+inline TextEntry* EntryBefore(TextEntry* entry, std::size_t bytes) {
+    return reinterpret_cast<TextEntry*>(reinterpret_cast<char*>(entry) - bytes);
+}
 
 /// Memory for entries. A tape takes the thread's last block and leaves it its own.
 class TextTape {
