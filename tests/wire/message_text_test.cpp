@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "testing/record.h"
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/wire/message_node.h"
@@ -78,6 +79,10 @@ void ExpectSame(const Node& actual, const Node& expected) {
     EXPECT_EQ(std::memcmp(&numbers[0], &numbers[1], sizeof(double)), 0) << numbers[0] << " is not " << numbers[1];
     EXPECT_EQ(Rendered(actual), Rendered(expected));
     EXPECT_EQ(actual.textSize(1000), expected.textSize(1000));
+    char unwritten[2][4] = {"abc", "abc"};
+    actual.utf8To(unwritten[0], -1);
+    expected.utf8To(unwritten[1], -1);
+    EXPECT_STREQ(unwritten[0], unwritten[1]);
     for (const int size : {0, 1, 2, 5, 300}) {
         char fields[2][301] = {};
         EXPECT_EQ(actual.stringTo(fields[0], size), expected.stringTo(fields[1], size));
@@ -371,6 +376,37 @@ TEST(MessageText, FindsAPlaceOfAnyLength) {
     }
 }
 
+TEST(MessageText, TakesNamesOfAnyLength) {
+    WithEachForm([] {
+        for (const std::size_t size : {0xFFFEU, 0xFFFFU, 0x10000U, 70000U}) {
+            const std::string member = '"' + std::string(size, 'n') + "\":7";
+            for (const std::string& text :
+                 {R"({"car":{)" + member + R"(,"Lane":3}})", R"({"car":{"x":{)" + member + R"(},"Lane":3}})",
+                  R"({)" + member + R"(,"car":{"Lane":3}})"}) {
+                MessageText message(text);
+                Placed<tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO> car;
+                EXPECT_EQ(ParseStrtoTrafficCar(message.at("/car"), car.get()), 0) << size;
+                EXPECT_EQ(car->nLane, 3) << size;
+                MessageText whole(text);
+                EXPECT_EQ(NodeAt(whole.at(""))->operator[]("car")["Lane"].asInt(), 3) << size;
+            }
+        }
+    });
+}
+
+TEST(MessageText, AnEscapeInWhatIsSkippedCountsWhereverItStands) {
+    WithEachForm([] {
+        for (std::size_t before = 0; before < 150; ++before) {
+            for (const char* escape : {R"(\"])", R"(\\\"])"}) {
+                const std::string text = R"({"x":[")" + std::string(before, 'a') + escape + std::string(150, 'b') +
+                                         R"("],"car":{"Lane":3}})";
+                MessageText message(text, {.skipOthers = true});
+                EXPECT_EQ(NodeAt(message.at("/car/Lane"))->asInt(), 3) << before;
+            }
+        }
+    });
+}
+
 TEST(MessageText, FindsOtherPlacesThanTheOneThatWasReadFirst) {
     const std::pair<const char*, int> rows[] = {
         {"/a",   1},
@@ -582,6 +618,22 @@ TEST(MessageText, ReadsRealsAsJsoncppDoesInAnyLocaleOfTheProgram) {
         }
     }
     std::locale::global(previous);
+}
+
+TEST(MessageText, TextsAreInTheEncodingOfTheLocaleInWhichTheyAreRead) {
+    MessageText message(R"({"car":{"PlateNumber":"路","PlateColor":"a"},"other":"路"})");
+    const auto plateNumber = [&message] {
+        tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO car;
+        EXPECT_EQ(ParseStrtoTrafficCar(message.at("/car"), &car), 0);
+        return std::string(car.szPlateNumber);
+    };
+    const testing_tools::Utf8Texts utf8;
+    EXPECT_EQ(plateNumber(), "路");
+    {
+        const testing_tools::ThreadLocale locale("zh_CN.GBK");
+        EXPECT_EQ(plateNumber(), "\xC2\xB7");
+    }
+    EXPECT_EQ(plateNumber(), "路");
 }
 
 TEST(MessageText, InsertsNothing) {
