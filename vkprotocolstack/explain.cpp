@@ -221,7 +221,7 @@ class Account : public Observer {
         const bool byName = way != ways_.end() && way->second.byName;
         if (byIndex || byName) reading.conversion = byIndex ? "elements" : "members";
         if (reading.type == "missing" || reading.type == "null") return become(Outcome::kLeft, "left as it was", "");
-        if ((byIndex || row.sized) && reading.type != "array" && row.failed.empty()) {
+        if ((byIndex || row.sized) && reading.type != "array") {
             return become(Outcome::kWrongType, "wrong type, read as no elements", "an array");
         }
         if (byName && reading.type != "object") {
@@ -232,7 +232,7 @@ class Account : public Observer {
             return become(Outcome::kRefused, "refused by " + row.failed + ", left as it was", Wanted(row.failed));
         }
         if (row.sized && reading.found == "array of 0") return become(Outcome::kLeft, "no elements", "");
-        if (row.sized && reading.type == "array") {
+        if (row.sized) {
             return become(Outcome::kRefused, "refused for its size, left as it was", "another number of elements");
         }
         become(Outcome::kLeft, "only tested", "");

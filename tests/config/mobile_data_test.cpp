@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "testing/record.h"
 
 namespace {
@@ -311,6 +312,14 @@ TEST(ParseWirelessInfo, AnEighthDayAndASeventhSegmentAreIgnored) {
     message["TimeSection"] = Week(8, 7);
     ParseWirelessInfo(message, *info);
     ExpectWeek(*info, 7, 6);
+}
+
+TEST(ParseWirelessInfo, ASeventhSegmentIsNotTheFirstOfTheNextDay) {
+    Placed<Record> info;
+    Json::Value message;
+    message["TimeSection"] = Week(1, 7);
+    ParseWirelessInfo(message, *info);
+    ExpectWeek(*info, 1, 6);
 }
 
 TEST(ParseWirelessInfo, ThreeDaysFillTheirRowsAndLeaveTheOthers) {
@@ -641,6 +650,17 @@ TEST(PacketWirelessInfo, ATextWithoutTerminatorEndsWithItsField) {
     EXPECT_EQ(node["UserName"], std::string(64, 'b'));
     EXPECT_EQ(node["Password"], std::string(64, 'c'));
     EXPECT_EQ(node["DailNumber"], std::string(32, 'd'));
+}
+
+TEST(PacketWirelessInfo, TextsAreTakenFromTheLocalEncoding) {
+    const testing_tools::ThreadLocale locale("zh_CN.GBK");
+    Record info = Expressible();
+    info.emAPN = 0;
+    for (char* field : {info.szAPN, info.szUserName, info.szPassword, info.szDailNumber}) {
+        std::strcpy(field, "\xC2\xB7");
+    }
+    const Json::Value node = Packed(info);
+    for (const char* member : {"APN", "UserName", "Password", "DailNumber"}) EXPECT_EQ(node[member], "路") << member;
 }
 
 TEST(PacketWirelessInfo, OverwritesTheMembersItWrites) {

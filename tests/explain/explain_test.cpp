@@ -14,12 +14,14 @@
 #include "testing/locale.h"
 #include "testing/record.h"
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/wire/node.h"
 
 namespace {
 
 using jsonparser::Explain;
 using jsonparser::Explanation;
 using jsonparser::IsFinding;
+using jsonparser::Node;
 using jsonparser::Outcome;
 using jsonparser::OutcomeName;
 using jsonparser::Reading;
@@ -350,6 +352,46 @@ TEST(LogLine, NamesTheMessageItselfAndShowsWhatATerminalWouldObey) {
     reading.type = "text";
     reading.found = "\x7F";
     EXPECT_EQ(LogLine(reading).substr(0, 7), "/: \\x7f");
+}
+
+TEST(Explain, NamesTheFirstOfTheTestsThatRefuseAValue) {
+    const Json::Value message = Json(R"({"list": "x"})");
+    const Explanation explanation = Explain(message, [&] {
+        const Node list = Node(message)["list"];
+        list.isArray();
+        list.isInt();
+    });
+    EXPECT_EQ(At(explanation, "/list"), Lines{"refused: refused by isArray, left as it was | an array"});
+}
+
+TEST(Explain, ARefusalOfWhatWasConvertedIsAnAccountOfItsOwn) {
+    const Json::Value message = Json(R"({"a": 1, "b": 2})");
+    const Explanation explanation = Explain(message, [&] {
+        const Node a = Node(message)["a"];
+        a.asInt();
+        a.isBool();
+        const Node b = Node(message)["b"];
+        b.asInt();
+        b.isInt();
+    });
+    EXPECT_EQ(At(explanation, "/a"),
+              (Lines{"kept: kept", "refused: refused by isBool, left as it was | true or false"}));
+    EXPECT_EQ(At(explanation, "/b"), Lines{"kept: kept"});
+}
+
+TEST(Explain, WhatIsNoArrayHasNoElementsWhateverWasTested) {
+    const Json::Value message = Json(R"({"a": "x", "b": "x"})");
+    const Explanation explanation = Explain(message, [&] {
+        const Node a = Node(message)["a"];
+        a.isArray();
+        a.at(0).asInt();
+        const Node b = Node(message)["b"];
+        b.isArray();
+        b.size();
+    });
+    const Lines noElements{"wrong type: wrong type, read as no elements | an array"};
+    EXPECT_EQ(At(explanation, "/a"), noElements);
+    EXPECT_EQ(At(explanation, "/b"), noElements);
 }
 
 }  // namespace

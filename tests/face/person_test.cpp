@@ -887,6 +887,8 @@ TEST(PacketPersonInfo, NameIsTheLongOneOrElseTheShortOne) {
     EXPECT_EQ(Packed(*info)["Name"], Json::Value("short"));
     std::strcpy(info->szPersonNameEx, "long");
     EXPECT_EQ(Packed(*info)["Name"], Json::Value("long"));
+    std::strcpy(info->szPersonNameEx, "L");
+    EXPECT_EQ(Packed(*info)["Name"], Json::Value("L"));
 }
 
 TYPED_TEST(BothPersons, WriteSexCertificateAndTypeWithAKeywordOnly) {
@@ -997,6 +999,8 @@ TYPED_TEST(BothPersons, WriteFullFieldsWithoutATerminator) {
         fill(info->szGroupName);
         fill(info->szHomeAddress);
         fill(info->stuCustomPersonInfo[0].szPersonInfo);
+        info->emEmotion = 0x66666666;
+        info->emGlassesType = 0x66666666;
         info->byIsCustomType = 1;
         person = Packed(*info);
         EXPECT_EQ(person["Type"], Json::Value(std::string(16, 'f')));
@@ -1020,6 +1024,10 @@ TEST(PacketPersonInfo, CommentIsReadTo100BytesWhateverItsLengthSays) {
     buffer[7] = '\0';
     info->byCommentLen = 5;
     EXPECT_EQ(Packed(*info)["Comment"], Json::Value("ccccccc"));
+    std::string longer(200, 'c');
+    info->pszComment = longer.data();
+    info->byCommentLen = 200;
+    EXPECT_EQ(Packed(*info)["Comment"], Json::Value(std::string(100, 'c')));
 }
 
 TEST(PacketPersonInfo, OtherBuffersAreReadToTheirLengths) {

@@ -2,7 +2,9 @@
 #include <pthread.h>
 
 #include <climits>
+#include <cstdlib>
 #include <map>
+#include <new>
 #include <random>
 #include <set>
 #include <string>
@@ -11,6 +13,21 @@
 #include "testing/json.h"
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/message_text.h"
+
+namespace {
+
+thread_local bool memoryIsGone = false;
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    void* const memory = memoryIsGone ? nullptr : std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr) throw std::bad_alloc();
+    return memory;
+}
+
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
 
 namespace {
 
@@ -229,6 +246,15 @@ TEST(JsonDimension, ANegativeShiftMeasuresAPlaceInATextAsMinus1) {
     jsonparser::MessageText text("[1, 2]");
     EXPECT_EQ(Json_dimension(-1)(text.at("")), -1);
     EXPECT_EQ(Json_dimension(0)(text.at("")), 1);
+}
+
+TEST(JsonDimension, IsMinus1WithoutMemoryToKeepTrackOfTheArrays) {
+    const Json::Value value = Json("[[1], 2]");
+    memoryIsGone = true;
+    const long long depth = Json_dimension(1)(value);
+    memoryIsGone = false;
+    EXPECT_EQ(depth, -1);
+    EXPECT_EQ(Json_dimension(1)(value), 1);
 }
 
 }  // namespace

@@ -402,6 +402,26 @@ TEST_P(FailingAllocations, OfATextsReaderAreNoFaultOfTheText) {
     }
 }
 
+TEST_P(FailingAllocations, OfMessagesThatGrowAreSoftAndLeakNothing) {
+    std::string members = R"("Lane":1)";
+    std::string elements = "1";
+    for (int i = 0; i < 600; ++i) {
+        members += ",\"m" + std::to_string(i) + "\":1";
+        elements += ",1";
+    }
+    const auto reader = std::find_if(fuzz::Readers().begin(), fuzz::Readers().end(),
+                                     [](const Reader& one) { return one.name == "ParseStrtoTrafficCar"; });
+    ASSERT_NE(reader, fuzz::Readers().end());
+    for (const std::string& sent :
+         {'{' + members + '}', "{\"Other\":{" + members + "}}", "{\"Other\":[" + elements + "]}"}) {
+        const long failures = FailEachOf(*reader, [&](Memory& memory) {
+            jsonparser::MessageText source(sent);
+            return reader->text(source.at(""), memory.get());
+        });
+        EXPECT_GE(failures, 2) << sent.substr(0, 20);
+    }
+}
+
 TEST_P(FailingAllocations, OfWritersAreSoftAndLeakNothing) {
     long failures = 0;
     for (const Writer& writer : fuzz::Writers()) {

@@ -5,12 +5,14 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <climits>
 #include <cstring>
 #include <locale>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "testing/json.h"
@@ -77,6 +79,10 @@ void ExpectSame(const Node& actual, const Node& expected) {
     EXPECT_EQ(std::memcmp(&numbers[0], &numbers[1], sizeof(double)), 0) << numbers[0] << " is not " << numbers[1];
     EXPECT_EQ(Rendered(actual), Rendered(expected));
     EXPECT_EQ(actual.textSize(1000), expected.textSize(1000));
+    char unwritten[2][4] = {"abc", "abc"};
+    actual.utf8To(unwritten[0], -1);
+    expected.utf8To(unwritten[1], -1);
+    EXPECT_STREQ(unwritten[0], unwritten[1]);
     for (const int size : {0, 1, 2, 5, 300}) {
         char fields[2][301] = {};
         EXPECT_EQ(actual.stringTo(fields[0], size), expected.stringTo(fields[1], size));
@@ -342,6 +348,136 @@ TEST(MessageText, FindsPlacesByPointers) {
     EXPECT_EQ(NodeAt(body.at(pointer))->asInt(), 7);
 }
 
+TEST(MessageText, ATildeThatIsNoEscapeStandsForItself) {
+    for (const char* text : {R"({"~x":1,"a~":2,"~2":3})", R"({"~x":1,"a~":2,"~2":3,"\u0062":4})"}) {
+        const std::pair<const char*, int> rows[] = {
+            {"/~x",  1},
+            {"/~0x", 1},
+            {"/a~",  2},
+            {"/a~0", 2},
+            {"/~2",  3}
+        };
+        for (const auto& [pointer, expected] : rows) {
+            MessageText asked(text);
+            EXPECT_EQ(NodeAt(asked.at(pointer))->asInt(), expected) << text << ' ' << pointer;
+            MessageText whole(text);
+            EXPECT_TRUE(whole.accepted());
+            EXPECT_EQ(NodeAt(whole.at(pointer))->asInt(), expected) << text << ' ' << pointer;
+        }
+    }
+}
+
+TEST(MessageText, FindsAPlaceOfAnyLength) {
+    const std::string name(300, 'n');
+    const std::string text = "{\"" + name + "\":{\"a\":7}}";
+    for (const std::string& pointer : {"/" + name, "/" + name + "/a"}) {
+        MessageText message(text);
+        EXPECT_TRUE(message.at(pointer).exists()) << pointer.size();
+    }
+}
+
+TEST(MessageText, TakesNamesOfAnyLength) {
+    WithEachForm([] {
+        for (const std::size_t size : {0xFFFEU, 0xFFFFU, 0x10000U, 70000U}) {
+            const std::string member = '"' + std::string(size, 'n') + "\":7";
+            for (const std::string& text :
+                 {R"({"car":{)" + member + R"(,"Lane":3}})", R"({"car":{"x":{)" + member + R"(},"Lane":3}})",
+                  R"({)" + member + R"(,"car":{"Lane":3}})"}) {
+                MessageText message(text);
+                Placed<tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO> car;
+                EXPECT_EQ(ParseStrtoTrafficCar(message.at("/car"), car.get()), 0) << size;
+                EXPECT_EQ(car->nLane, 3) << size;
+                MessageText whole(text);
+                EXPECT_EQ(NodeAt(whole.at(""))->operator[]("car")["Lane"].asInt(), 3) << size;
+            }
+        }
+    });
+}
+
+TEST(MessageText, AnEscapeInWhatIsSkippedCountsWhereverItStands) {
+    WithEachForm([] {
+        for (std::size_t before = 0; before < 150; ++before) {
+            for (const char* escape : {R"(\"])", R"(\\\"])"}) {
+                const std::string text = R"({"x":[")" + std::string(before, 'a') + escape + std::string(150, 'b') +
+                                         R"("],"car":{"Lane":3}})";
+                MessageText message(text, {.skipOthers = true});
+                EXPECT_EQ(NodeAt(message.at("/car/Lane"))->asInt(), 3) << before;
+            }
+        }
+    });
+}
+
+TEST(MessageText, FindsOtherPlacesThanTheOneThatWasReadFirst) {
+    const std::pair<const char*, int> rows[] = {
+        {"/a",   1},
+        {"/a/x", 0},
+        {"/ab",  2},
+        {"",     0},
+        {"/a",   1}
+    };
+    for (const char* text : {R"({"a":1,"ab":2})", R"({"a":1,"ab":2,"c":[/**/3]})"}) {
+        MessageText message(text);
+        for (const auto& [pointer, expected] : rows) {
+            const auto node = NodeAt(message.at(pointer));
+            ASSERT_TRUE(node.has_value()) << pointer;
+            EXPECT_EQ(node->asInt(), expected) << pointer;
+        }
+    }
+}
+
+TEST(MessageText, ChecksWhatItSkippedWhenThatIsAskedFor) {
+    const std::string comment = R"({"car":{"Lane":3},"x":[1,/*2*/3]})";
+    MessageText lenient(comment, {.skipOthers = true});
+    EXPECT_EQ(NodeAt(lenient.at("/car/Lane"))->asInt(), 3);
+    EXPECT_EQ(NodeAt(lenient.at("/x/1"))->asInt(), 3);
+    EXPECT_EQ(NodeAt(lenient.at("/car/Lane"))->asInt(), 3);
+
+    const std::string nonsense = R"({"car":{"Lane":3},"x":[nonsense]})";
+    MessageText message(nonsense, {.skipOthers = true});
+    EXPECT_EQ(NodeAt(message.at("/car/Lane"))->asInt(), 3);
+    EXPECT_FALSE(NodeAt(message.at("/x/1")).has_value());
+    EXPECT_FALSE(message.accepted());
+    ASSERT_NE(message.error(), nullptr);
+    EXPECT_EQ(message.error()->position, 23U);
+}
+
+TEST(MessageText, HasNoPlacesWhenItIsRefused) {
+    MessageText message("[1,2");
+    EXPECT_FALSE(message.at("").exists());
+    EXPECT_EQ(message.at("").size(), 0U);
+    EXPECT_FALSE(message.accepted());
+}
+
+TEST(MessageText, OfTwoGigabytesIsForASlowerReader) {
+    constexpr std::size_t kSize = INT_MAX;  // one less is taken
+    void* const memory =
+        mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(memory, MAP_FAILED);
+    char* const text = static_cast<char*>(memory);
+    std::memcpy(text, "\n[\"", 3);
+    text[kSize - 1] = ']';
+    MessageText message({text, kSize}, {.strictOnly = true});
+    EXPECT_FALSE(message.accepted());
+    ASSERT_NE(message.error(), nullptr);
+    EXPECT_EQ(message.error()->position, 0U);
+    munmap(memory, kSize);
+}
+
+TEST(MessageText, HasTheFirstElementsThatATreeHas) {
+    for (const char* text : {"[]", "[1,2]", "[1,2,3,4]", "[1,[2],3,4,5]", "7", R"({"a":1})", R"("text")"}) {
+        MessageText message(text);
+        const auto node = NodeAt(message.at(""));
+        ASSERT_TRUE(node.has_value());
+        const Json::Value tree = Json(text);
+        const auto actual = node->first<4>();
+        const auto expected = Node(tree).first<4>();
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_EQ(static_cast<bool>(actual[i]), static_cast<bool>(expected[i])) << text << ' ' << i;
+            EXPECT_EQ(Rendered(actual[i]), Rendered(expected[i])) << text << ' ' << i;
+        }
+    }
+}
+
 TEST(MessageText, TakesTheLastOfMembersWithTheSameName) {
     for (const char* text : {R"({"a":{"b":1},"a":{"b":2}})", R"({"a":{"b":1,"b":2}})", R"({"a":5,"a":{"b":2}})"}) {
         MessageText body(text);
@@ -460,6 +596,9 @@ TEST(MessageText, GivesObserversValuesOfATree) {
     {
         const jsonparser::ObserverScope scope(lookout);
         read(message);
+        EXPECT_EQ(lookout.seen, 2);
+        lookout.seen = Json::Value();
+        read(message);
     }
     EXPECT_EQ(lookout.seen, 2);
 }
@@ -479,6 +618,22 @@ TEST(MessageText, ReadsRealsAsJsoncppDoesInAnyLocaleOfTheProgram) {
         }
     }
     std::locale::global(previous);
+}
+
+TEST(MessageText, TextsAreInTheEncodingOfTheLocaleInWhichTheyAreRead) {
+    MessageText message(R"({"car":{"PlateNumber":"路","PlateColor":"a"},"other":"路"})");
+    const auto plateNumber = [&message] {
+        tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO car;
+        EXPECT_EQ(ParseStrtoTrafficCar(message.at("/car"), &car), 0);
+        return std::string(car.szPlateNumber);
+    };
+    const testing_tools::Utf8Texts utf8;
+    EXPECT_EQ(plateNumber(), "路");
+    {
+        const testing_tools::ThreadLocale locale("zh_CN.GBK");
+        EXPECT_EQ(plateNumber(), "\xC2\xB7");
+    }
+    EXPECT_EQ(plateNumber(), "路");
 }
 
 TEST(MessageText, InsertsNothing) {

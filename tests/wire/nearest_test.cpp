@@ -95,6 +95,11 @@ TEST(Nearest, TakesTheFirstOfSeveral) {
     EXPECT_EQ(Nearest("nTOP", kTwins), "nTOP");
 }
 
+TEST(Nearest, TakesTheOneWithFewestEditsWhereverItStands) {
+    constexpr std::array kFartherFirst = {"Snapshut"sv, "Snapshot"sv, "Snopshut"sv};
+    EXPECT_EQ(Nearest("Snapshol", kFartherFirst), "Snapshot");
+}
+
 TEST(Nearest, GivesAViewOfTheCandidate) {
     const std::optional<std::string_view> found = Nearest("Lan", kNames);
     ASSERT_TRUE(found);

@@ -8,7 +8,6 @@
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,17 +16,6 @@
 
 #include "testing/buffer.h"
 #include "testing/json.h"
-
-namespace {
-
-/// While true, this thread's allocations that may not throw fail.
-thread_local bool allocationsFail = false;
-
-}  // namespace
-
-void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-    return allocationsFail ? nullptr : ::operator new[](size);
-}
 
 namespace {
 
@@ -652,24 +640,6 @@ TEST(Node, Utf8ToTakesSoManyBytesOfASourceThatIsCopied) {
     }
 }
 
-TEST(Node, Utf8ToLeavesTheFieldAsItWasWithoutMemoryForALongText) {
-    const Json::Value value = std::string(600, 'x');
-    Buffer field(601);
-    allocationsFail = true;
-    Node(value).utf8To(field.get(), 600);
-    allocationsFail = false;
-    EXPECT_TRUE(field.untouched());
-}
-
-TEST(Node, Utf8ToNeedsNoMemoryForAShortText) {
-    const Json::Value value = "text";
-    Buffer field(8);
-    allocationsFail = true;
-    Node(value).utf8To(field.get(), 8);
-    allocationsFail = false;
-    EXPECT_EQ(field.text(), "text");
-}
-
 TEST(Node, StringToCopiesTextsAndEmptiesTheFieldForAllElse) {
     for (const auto& [value, text] : Texts()) {
         Buffer field(kField);
@@ -743,14 +713,6 @@ TEST(Node, HeapUtf8IsZeroToTheEndOfItsBytes) {
     const Json::Value value = "abc\0def"s;
     const std::unique_ptr<char[]> heap(Node(value).heapUtf8());
     EXPECT_EQ(std::string(heap.get(), 8), "abc\0\0\0\0\0"s);
-}
-
-TEST(Node, HeapUtf8GivesNullWithoutMemory) {
-    const Json::Value value = "text";
-    allocationsFail = true;
-    const char* const heap = Node(value).heapUtf8();
-    allocationsFail = false;
-    EXPECT_EQ(heap, nullptr);
 }
 
 // ---- text as such

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "testing/record.h"
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/wire/node.h"
@@ -324,6 +325,39 @@ TEST(Observer, SeesNumbersBeyondAllLimits) {
 /2 | real | double, cut to 64-bit integer | [0]
  | array | size | [3]
 )");
+}
+
+TEST(Observer, SeesThatAFieldHasNoRoom) {
+    const auto read = [](Node node) {
+        char field = 'x';
+        node.utf8To(&field, 0);
+        node.stringTo(&field, 0);
+        node.renderTo(&field, 0);
+        node.stringTo(&field, -1);
+        node.renderTo(&field, -1);
+    };
+    EXPECT_EQ(Observed(Json(R"("abc")"), read),
+              " | string | text from UTF-8, limit 0 | [\"\"] cut from 3 to 0 bytes\n"
+              " | string | string, size 0 | [] no room, left as it was\n"
+              " | string | rendered, size 0 | [] no room, left as it was\n"
+              " | string | string, size -1 | [] no room, left as it was\n"
+              " | string | rendered, size -1 | [] no room, left as it was\n");
+}
+
+TEST(Observer, SeesThatATextIsBothCutAndReplaced) {
+    const testing_tools::ThreadLocale locale("zh_CN.GBK");
+    const auto read = [](Node node) {
+        char field[8] = {};
+        node.stringTo(field, 4);
+    };
+    EXPECT_EQ(Observed(Json::Value("a\U0001F697bcde"), read),
+              " | string | string, size 4 | [\"a?b\"] cut from 6 to 3 bytes; 1 character replaced by \"?\"\n");
+}
+
+TEST(Observer, SeesAnErrorCodeOfAReal) {
+    const auto read = [](Node node) { node.asErrorCode(); };
+    EXPECT_EQ(Observed(Json("7.5"), read), " | real | error code | [7] fraction cut\n");
+    EXPECT_EQ(Observed(Json("7"), read), " | int | error code | [7]\n");
 }
 
 TEST(Observer, PathsAreJsonPointers) {

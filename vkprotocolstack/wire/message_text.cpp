@@ -28,10 +28,9 @@ std::optional<std::size_t> Steps(std::string_view pointer, TextStep (&steps)[Tex
     return count;
 }
 
-/// The place to which the pointer leads from an entry.
+/// The place to which the pointer, empty or with a slash first, leads from an entry.
 Place OnTape(const TextEntry* entry, std::string_view pointer) {
     while (entry != nullptr && !pointer.empty()) {
-        if (pointer.front() != '/') return {};
         const TextStep step = TakeStep(pointer);
         const TextEntry* found = nullptr;
         if (entry->type == TextType::Object) {
@@ -106,9 +105,8 @@ std::size_t Depth(const MessageTextOptions& options) {
 void MessageReading::RefuseAt(MessageText& text, std::size_t line, std::size_t column, std::string_view what) {
     const Lines lines(text.text_);
     std::size_t begin = 0;
-    for (std::size_t i = 1; i < line && begin != std::string_view::npos; ++i) begin = lines.next(begin);
-    const std::size_t position =
-        std::min(text.text_.size(), begin == std::string_view::npos ? begin : begin + column - 1);
+    for (std::size_t i = 1; i < line; ++i) begin = lines.next(begin);
+    const std::size_t position = std::min(text.text_.size(), begin + column - 1);
     text.error_ = std::make_unique<MessageTextError>(MessageTextError{position, line, column, std::string(what)});
 }
 
