@@ -72,6 +72,15 @@ finds() {
     [ "$status" -eq 0 ]
 }
 
+@test "encode refuses whole numbers that their field has not" {
+    finds tagRANGE '{"fMax": 16777217}' 1:10 '/fMax: found 16777217, expected a number that the field has: the nearest is 16777216'
+    finds tagRANGE '{"fMin": -1234567890}' 1:10 '/fMin: found -1234567890, expected a number that the field has: the nearest is -1234568000'
+    for number in 16777216 16777218 2147483600 2147483648 -1234568000 123456792 0.1 0.123456789123; do
+        run "$JSONPARSER" encode tagRANGE/float <<<"{\"fMax\": $number}"
+        [ "$status" -eq 0 ]
+    done
+}
+
 @test "encode takes coordinates to a hundredth of a second, and only those that readers take" {
     for degrees in 0 120.51 120.123456789 359.99999 1e-9; do
         run "$JSONPARSER" encode Coordinate <<<"{\"dbDegrees\": $degrees}"

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstring>
 #include <optional>
 #include <set>
@@ -148,40 +149,47 @@ bool IsReadBack(const Element& element, const unsigned char* record, const unsig
 struct Loss {
     Finding finding;
     Json::Value instead;  ///< what the message has, as the form would state it
-    bool isImpossible;    ///< no message could have the value
+    std::size_t record;   ///< offset of the record that has the field
 };
 
-/// The first loss but for those on the known paths; one that no message could have comes before all others.
-std::optional<Loss> FirstLoss(const CatalogueEntry& entry, const Json::Value& form, RecordBuffer& record,
-                              const Json::Value& message, const std::set<std::string>& known) {
+/// Losses that are none of another's, but for those on the known paths: all that no message could have; else the first
+/// of the outermost record; else the first of each nested one. Those behind a first one may be lost only along with it.
+std::vector<Loss> LossesIn(const CatalogueEntry& entry, const Json::Value& form, RecordBuffer& record,
+                           const Json::Value& message, const std::set<std::string>& known) {
     const unsigned char* const written = record.bytes();
     RecordBuffer buffer(*entry.layout);
     buffer.lendBuffers();
     if (entry.readBack != nullptr) entry.readBack(message, written, buffer.bytes());
     const unsigned char* const back = buffer.bytes();
 
-    std::optional<Loss> loss;
+    std::vector<Loss> impossible;
+    std::vector<Loss> outer;
+    std::vector<Loss> nested;
     const auto compare = [&](const Element& element) {
-        if (loss && loss->isImpossible) return;
         const char* const possible = PossibleInstead(element, written);
-        if (possible == nullptr && (loss || entry.readBack == nullptr || IsReadBack(element, written, back))) return;
+        const bool isOuter = &element.layout == entry.layout;
+        std::vector<Loss>& losses = possible != nullptr ? impossible : isOuter ? outer : nested;
+        if (possible == nullptr) {
+            if (entry.readBack == nullptr || IsReadBack(element, written, back)) return;
+            if (!losses.empty() && (isOuter || losses.back().record == element.record)) return;
+        }
         const auto unwritten = entry.unwritten;
         if (std::find(unwritten.begin(), unwritten.end(), NamesOf(element.step)) != unwritten.end()) return;
         const std::string path = PathOf(element.step);
         if (known.contains(path)) return;
+        Json::Value instead = element.text(written) ? Json::Value("") : Json::Value(0);
+        std::string expected;
         if (possible != nullptr) {
-            const bool isText = element.text(written).has_value();
-            loss = {Unexpected(element.value, path, possible), isText ? Json::Value("") : Json::Value(0), true};
-            return;
+            expected = possible;
+        } else {
+            ReadStrictly(element.json(back), 1, instead);
+            expected = fmt::format("a value that the message carries (read back as {}; {}: {})", Shown(instead),
+                                   element.field.name, element.field.meaning);
         }
-        Json::Value instead;
-        ReadStrictly(element.json(back), 1, instead);
-        const std::string expected = fmt::format("a value that the message carries (read back as {}; {}: {})",
-                                                 Shown(instead), element.field.name, element.field.meaning);
-        loss = {Unexpected(element.value, path, expected), std::move(instead), false};
+        losses.push_back({Unexpected(element.value, path, expected), std::move(instead), element.record});
     };
     Walk(form, *entry.layout, 0, nullptr, compare);
-    return loss;
+    return !impossible.empty() ? impossible : !outer.empty() ? outer : nested;
 }
 
 }  // namespace
@@ -189,20 +197,22 @@ std::optional<Loss> FirstLoss(const CatalogueEntry& entry, const Json::Value& fo
 bool MessageHasAll(const CatalogueEntry& entry, const Document& document, RecordBuffer& record,
                    const Json::Value& message, std::vector<Finding>& findings) {
     std::set<std::string> known;
-    std::optional<Loss> loss = FirstLoss(entry, document.node, record, message, known);
-    if (!loss) return true;
+    std::vector<Loss> losses = LossesIn(entry, document.node, record, message, known);
+    if (losses.empty()) return true;
 
-    // What the message has instead goes into the form, so that what was lost only along with the value comes back.
+    // What the message has instead goes into the form, so that what was lost only along with it comes back.
     Json::Value form = document.node;
     std::vector<Finding> none;
-    while (loss) {
-        *ValueAt(form, loss->finding.path, none) = loss->instead;
-        known.insert(loss->finding.path);
-        findings.push_back(std::move(loss->finding));
+    while (!losses.empty()) {
+        for (Loss& loss : losses) {
+            *ValueAt(form, loss.finding.path, none) = loss.instead;
+            known.insert(loss.finding.path);
+            findings.push_back(std::move(loss.finding));
+        }
         RecordBuffer restated(*entry.layout);
         Json::Value rewritten;
         if (!ReadRecord(form, document.text, restated, none) || !entry.encode(restated.bytes(), rewritten)) break;
-        loss = FirstLoss(entry, form, restated, rewritten, known);
+        losses = LossesIn(entry, form, restated, rewritten, known);
     }
     return false;
 }
