@@ -172,6 +172,32 @@ finds() {
     [[ "${stderr_lines[6]}" == *":1:39: /fMin: found \"NaN\", "* ]]
 }
 
+@test "encode reports what no message could have along with what is wrong in the form" {
+    run --separate-stderr "$JSONPARSER" encode tagRANGE <<<'{"fMax": "NaN", "other": 1, "fMin": "Infinity", "bHasStep": 1}'
+    [ "$status" -eq 1 ]
+    [ "${#stderr_lines[@]}" -eq 12 ]
+    [[ "${stderr_lines[0]}" == *":1:10: /fMax: found \"NaN\", "* ]]
+    [[ "${stderr_lines[3]}" == *":1:17: /other: "* ]]
+    [[ "${stderr_lines[6]}" == *":1:37: /fMin: found \"Infinity\", "* ]]
+    [[ "${stderr_lines[9]}" == *":1:61: /bHasStep: "* ]]
+}
+
+@test "encode takes no form for a record that is none" {
+    for form in '[1]' 'null' '{"stuFacePicInfo": [1, {"pszFilePath": 1}]}' '{"stuFacePicInfo": {"dwOffset": 1}}' \
+        "{\"stuFacePicInfo\": [$(printf '{},%.0s' {1..48}){\"wWidth\": 1}]}"; do
+        for record in tagFACERECOGNITION_PERSON_INFO tagFACERECOGNITION_PERSON_INFOEX; do
+            run --separate-stderr "$JSONPARSER" encode $record <<<"$form"
+            [ "$status" -eq 1 ]
+            [[ "${stderr_lines[0]}" == *", expected a"* ]]
+        done
+    done
+    for form in '{"stuTimeSection": [[1], 2, [[]]]}' '{"stuTimeSection": [[{}, {}, {}, {}, {}, {}, {"nEndMin": 1}]]}'; do
+        run --separate-stderr "$JSONPARSER" encode tagCFG_TIME_SCHEDULE <<<"$form"
+        [ "$status" -eq 1 ]
+        [[ "${stderr_lines[0]}" == *", expected an "* ]]
+    done
+}
+
 @test "encode goes on with the next document" {
     echo '{"nRight": 3000000000}' >"$BATS_TEST_TMPDIR/bad"
     echo '{"nRight": 3}' >"$BATS_TEST_TMPDIR/good"

@@ -60,7 +60,10 @@ bool EncodeWithFindings(const CatalogueEntry& entry, const Document& document, J
                         std::vector<Finding>& findings) {
     const TraceCollector trace;
     RecordBuffer record(*entry.layout);
-    if (!ReadRecordToWrite(document.node, document.text, record, findings)) return false;
+    if (!ReadRecordToWrite(document.node, document.text, record, findings)) {
+        FindImpossible(entry, document, record, findings);
+        return false;
+    }
     if (!entry.encode(record.bytes(), node)) {
         findings.push_back(Unwritable(entry, document.node));
         return false;

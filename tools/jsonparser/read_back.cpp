@@ -64,9 +64,16 @@ struct Element {
     }
 };
 
-/// Calls visit with every element that the form of a record at that offset states, in the order of the fields.
+/// Elements of an array that its field can hold; none where it is no such array.
+std::size_t Elements(const Json::Value& array, std::size_t extent) {
+    return array.isArray() && array.size() <= extent ? array.size() : 0;
+}
+
+/// Calls visit with every element that the form of a record at that offset states, in the order of the fields. What is
+/// no form of its field is passed over.
 template <class Visit>
 void Walk(const Json::Value& form, const RecordLayout& layout, std::size_t record, const Step* before, Visit& visit) {
+    if (!form.isObject()) return;
     for (const Field& field : layout) {
         const std::string_view name = field.name;
         const Json::Value* const stated = form.find(name.data(), name.data() + name.size());
@@ -81,11 +88,12 @@ void Walk(const Json::Value& form, const RecordLayout& layout, std::size_t recor
             element(*stated, 0, whole);
             continue;
         }
-        for (Json::ArrayIndex i = 0; i < stated->size(); ++i) {
-            const Step row = {&whole, "", i};
-            if (field.rank == 1) element((*stated)[i], i, row);
-            for (Json::ArrayIndex j = 0; field.rank == 2 && j < (*stated)[i].size(); ++j) {
-                element((*stated)[i][j], i * field.extents[1] + j, {&row, "", j});
+        for (Json::ArrayIndex i = 0; i < Elements(*stated, field.extents[0]); ++i) {
+            const Json::Value& row = (*stated)[i];
+            const Step rowStep = {&whole, "", i};
+            if (field.rank == 1) element(row, i, rowStep);
+            for (Json::ArrayIndex j = 0; field.rank == 2 && j < Elements(row, field.extents[1]); ++j) {
+                element(row[j], i * field.extents[1] + j, {&rowStep, "", j});
             }
         }
     }
@@ -154,12 +162,14 @@ struct Loss {
 
 /// Losses that are none of another's, but for those on the known paths: all that no message could have; else the first
 /// of the outermost record; else the first of each nested one. Those behind a first one may be lost only along with it.
+/// @param message null where there is none: then only the former are looked for
 std::vector<Loss> LossesIn(const CatalogueEntry& entry, const Json::Value& form, RecordBuffer& record,
-                           const Json::Value& message, const std::set<std::string>& known) {
+                           const Json::Value* message, const std::set<std::string>& known) {
     const unsigned char* const written = record.bytes();
+    const bool isRead = message != nullptr && entry.readBack != nullptr;
     RecordBuffer buffer(*entry.layout);
     buffer.lendBuffers();
-    if (entry.readBack != nullptr) entry.readBack(message, written, buffer.bytes());
+    if (isRead) entry.readBack(*message, written, buffer.bytes());
     const unsigned char* const back = buffer.bytes();
 
     std::vector<Loss> impossible;
@@ -170,7 +180,7 @@ std::vector<Loss> LossesIn(const CatalogueEntry& entry, const Json::Value& form,
         const bool isOuter = &element.layout == entry.layout;
         std::vector<Loss>& losses = possible != nullptr ? impossible : isOuter ? outer : nested;
         if (possible == nullptr) {
-            if (entry.readBack == nullptr || IsReadBack(element, written, back)) return;
+            if (!isRead || IsReadBack(element, written, back)) return;
             if (!losses.empty() && (isOuter || losses.back().record == element.record)) return;
         }
         const auto unwritten = entry.unwritten;
@@ -194,10 +204,15 @@ std::vector<Loss> LossesIn(const CatalogueEntry& entry, const Json::Value& form,
 
 }  // namespace
 
+void FindImpossible(const CatalogueEntry& entry, const Document& document, RecordBuffer& record,
+                    std::vector<Finding>& findings) {
+    for (Loss& loss : LossesIn(entry, document.node, record, nullptr, {})) findings.push_back(std::move(loss.finding));
+}
+
 bool MessageHasAll(const CatalogueEntry& entry, const Document& document, RecordBuffer& record,
                    const Json::Value& message, std::vector<Finding>& findings) {
     std::set<std::string> known;
-    std::vector<Loss> losses = LossesIn(entry, document.node, record, message, known);
+    std::vector<Loss> losses = LossesIn(entry, document.node, record, &message, known);
     if (losses.empty()) return true;
 
     // What the message has instead goes into the form, so that what was lost only along with it comes back.
@@ -212,7 +227,7 @@ bool MessageHasAll(const CatalogueEntry& entry, const Document& document, Record
         RecordBuffer restated(*entry.layout);
         Json::Value rewritten;
         if (!ReadRecord(form, document.text, restated, none) || !entry.encode(restated.bytes(), rewritten)) break;
-        losses = LossesIn(entry, form, restated, rewritten, known);
+        losses = LossesIn(entry, form, restated, &rewritten, known);
     }
     return false;
 }

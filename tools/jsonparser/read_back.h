@@ -22,6 +22,12 @@ namespace tool {
 bool MessageHasAll(const CatalogueEntry& entry, const Document& document, RecordBuffer& record,
                    const Json::Value& message, std::vector<Finding>& findings);
 
+/// The findings of MessageHasAll that need no message: numbers that JSON has not, texts that are not UTF-8 in a
+/// message.
+/// @param record what the form was read into, as far as it is one
+void FindImpossible(const CatalogueEntry& entry, const Document& document, RecordBuffer& record,
+                    std::vector<Finding>& findings);
+
 }  // namespace tool
 
 #endif
