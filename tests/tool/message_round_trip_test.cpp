@@ -265,7 +265,9 @@ void ForHostile(const Json::Value& message, const std::vector<Json::Value>& valu
             hostile[name] = message[name];
         }
     } else if (message.isArray()) {
-        for (Json::ArrayIndex i = 0; i < std::min(message.size(), 2U); ++i) {
+        // Of elements of elements the first: the others are like it.
+        const bool isNested = message.size() > 0 && message[0].isArray();
+        for (Json::ArrayIndex i = 0; i < (isNested ? 1U : std::min(message.size(), 4U)); ++i) {
             const auto replace = [&](const Json::Value& value) {
                 hostile[i] = value;
                 use(hostile);
@@ -279,7 +281,7 @@ void ForHostile(const Json::Value& message, const std::vector<Json::Value>& valu
 std::vector<Json::Value> Values() {
     std::vector<Json::Value> values;
     for (const Json::Value& value : testing_tools::HostileValues()) {
-        if (Text(value).size() < 1000) values.push_back(value);
+        if (Text(value).size() < 300) values.push_back(value);
     }
     for (const char* text :
          {"Male", "VIP", "Kerberos", "CMNET", "1990-00-03", "300 08:00:00-17:30:00", "1 8:0:0-17:30:0", "-001-02-03",
@@ -314,24 +316,37 @@ void ExpectTaken(const CatalogueEntry& entry, const Json::Value& message, std::s
     }
 }
 
-TEST(MessageRoundTrip, IsTakenByEncodeOrReallyLosesWhateverIsDecoded) {
+class WhateverIsDecoded : public testing::TestWithParam<const CatalogueEntry*> {};
+
+TEST_P(WhateverIsDecoded, IsTakenByEncodeOrReallyLost) {
+    const CatalogueEntry& entry = *GetParam();
     const std::vector<Json::Value> values = Values();
-    std::size_t all = 0;
-    for (const CatalogueEntry& entry : tool::Catalogue()) {
-        if (entry.decode == nullptr || entry.encode == nullptr) continue;
-        std::size_t taken = 0;
-        for (const RoundTrip& trip : kRoundTrips) {
-            if (trip.entry != entry.name) continue;
-            ExpectTaken(entry, Json(trip.message), taken);
-            ForHostile(Json(trip.message), values, [&](const Json::Value& message) {
-                if (!testing::Test::HasFatalFailure()) ExpectTaken(entry, message, taken);
-            });
-        }
-        EXPECT_GT(taken, 0U) << entry.name;
-        all += taken;
+    std::size_t taken = 0;
+    for (const RoundTrip& trip : kRoundTrips) {
+        if (trip.entry != entry.name) continue;
+        ExpectTaken(entry, Json(trip.message), taken);
+        ForHostile(Json(trip.message), values, [&](const Json::Value& message) {
+            if (!testing::Test::HasFatalFailure()) ExpectTaken(entry, message, taken);
+        });
     }
-    EXPECT_GT(all, 1000U);
+    EXPECT_GT(taken, 0U);
 }
+
+std::vector<const CatalogueEntry*> EntriesWithBothWays() {
+    std::vector<const CatalogueEntry*> entries;
+    for (const CatalogueEntry& entry : tool::Catalogue()) {
+        if (entry.decode != nullptr && entry.encode != nullptr) entries.push_back(&entry);
+    }
+    return entries;
+}
+
+std::string NameOf(const testing::TestParamInfo<const CatalogueEntry*>& entry) {
+    std::string name(entry.param->name);
+    std::replace(name.begin(), name.end(), '/', '_');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Catalogue, WhateverIsDecoded, testing::ValuesIn(EntriesWithBothWays()), NameOf);
 
 TEST(MessageRoundTrip, IsTriedOfEveryEntryWithBothWays) {
     for (const CatalogueEntry& entry : tool::Catalogue()) {

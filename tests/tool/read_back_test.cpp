@@ -228,7 +228,7 @@ TEST_P(ReadBack, LeavesOutTheFieldsThatNoMessageHas) {
     const CatalogueEntry& entry = *GetParam();
     std::set<std::string> written;
     std::set<std::string> all;
-    for (unsigned seed = 1; seed <= 60; ++seed) {
+    for (unsigned seed = 1; seed <= 30; ++seed) {
         FormMaker maker(seed, false);
         Json::Value form = maker.form(*entry.layout);
         std::set<std::string> tried;  // an element of each field is enough
@@ -293,7 +293,7 @@ bool IsCarried(const Element& stated, const std::map<std::string, Element>& back
 
 TEST_P(ReadBack, FindsWhatTheMessageLosesAndNothingElse) {
     const CatalogueEntry& entry = *GetParam();
-    for (unsigned seed = 1; seed <= 60; ++seed) {
+    for (unsigned seed = 1; seed <= 30; ++seed) {
         Json::Value form = FormMaker(seed, seed % 2 == 0).form(*entry.layout);
         // What is found is taken out of the form until the message carries what is left.
         Encoded encoded;
