@@ -70,9 +70,8 @@ class Node {
     bool isUInt() const { return passes<&Place::isUInt, kIsUInt>(); }
     /// Elements of an array, 0 for anything else.
     std::size_t size() const {
-        if (place_.isWatched()) [[unlikely]]
-            return reportedSize(place_);
-        return place_.size();
+        if (place_.isArray()) return place_.size();
+        return place_.isWatched() ? reportedSize(place_) : 0;
     }
 
     // ---- way down
@@ -80,8 +79,6 @@ class Node {
     /// at of the first N indexes, faster than one by one.
     template <std::size_t N>
     [[gnu::always_inline]] std::array<Node, N> first() const {
-        if (place_.isWatched()) [[unlikely]]
-            return eachOf<N>(place_);
         const std::array<Place, N> places = place_.first<N>();
         return [&]<std::size_t... I>(std::index_sequence<I...>) { return std::array{Node(places[I])...}; }
         (std::make_index_sequence<N>());
@@ -217,11 +214,6 @@ class Node {
         const std::size_t converted = ScanInto(valueOf(watched).text(storage), format, signs, words...);
         reportScan(watched, format.text(), converted, sizeof...(Word));
         return converted == sizeof...(Word);
-    }
-    template <std::size_t N>
-    [[gnu::cold, gnu::noinline]] static std::array<Node, N> eachOf(Place watched) {
-        return [=]<std::size_t... I>(std::index_sequence<I...>) { return std::array{Node(watched.element(I))...}; }
-        (std::make_index_sequence<N>());
     }
     template <class Visit>
     [[gnu::cold, gnu::noinline]] static bool eachElement(Place watched, std::size_t most, Visit& visit) {

@@ -276,7 +276,7 @@ Place Place::member(std::string_view name) const {
     return found;
 }
 
-Place Place::watchedElement(std::size_t index) const { return trail().element(index); }
+Place Place::WatchedElement(Place watched, std::size_t index) { return watched.trail().element(index); }
 
 void Place::watchedMembers(const NameIndex& names, Place* found) const {
     std::transform(names.names, names.names + names.count, found,
