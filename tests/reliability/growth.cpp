@@ -99,13 +99,13 @@ void CountReader(const Reader& reader) {
             for (Json::ArrayIndex i = 0; i < n; ++i) message["Unknown" + std::to_string(10000 + i)] = 1;
             return message;
         });
-    }
-    for (const Json::ArrayIndex length : {kFew, kMany}) {
         CountReader(reader, "arrays in place of scalars", length, [&](Json::ArrayIndex n) {
             Json::Value array(Json::arrayValue);
             for (Json::ArrayIndex i = 0; i < n; ++i) array.append(1);
             return Message(places, {array, 4, true});
         });
+    }
+    for (const Json::ArrayIndex length : {kFew, kMany}) {
         for (const Path& path : ArraysOf(places)) {
             const auto ofLength = [&](Json::ArrayIndex n, const Json::Value* element) {
                 Json::Value message = Message(places, segments);

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
 #include <optional>
 #include <thread>
 
@@ -130,6 +133,27 @@ TEST(LocalEncoding, IsThereForWhatRunsWhenTheThreadsOwnDescriptorsAreClosed) {
     }).join();
     pthread_key_delete(key);
     EXPECT_EQ(rounds, 0);
+}
+
+bool IsConverted() {
+    char name[8];
+    GetJsonString(Json::Value("路"), name, sizeof name, true);
+    return std::strcmp(name, "\xC2\xB7") == 0;
+}
+
+struct ConvertAtProgramEnd {
+    ~ConvertAtProgramEnd() { std::_Exit(IsConverted() && IsConverted() ? 0 : 1); }
+};
+
+TEST(LocalEncodingDeathTest, IsThereUntilTheProgramEnds) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            std::setlocale(LC_ALL, "zh_CN.GBK");
+            static const ConvertAtProgramEnd last;  // made before the library's keys, so that it goes after them
+            std::exit(IsConverted() ? 2 : 3);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

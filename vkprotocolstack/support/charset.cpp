@@ -160,14 +160,14 @@ class Keys {
     ThreadPointer::Lifetime toUtf8_{keptToUtf8, closing()};
 };
 
-/// Has both descriptors closed when the thread ends, or neither.
+/// Has both descriptors closed when the thread ends, unless the program ends before. False where there is no memory.
 bool Keep(iconv_t toLocal, iconv_t toUtf8) {
     static const Keys keys;
-    if (keptToLocal.isOver()) return true;
-    if (!keptToLocal.set(toLocal)) return false;
-    if (keptToUtf8.set(toUtf8)) return true;
-    keptToLocal.set(nullptr);
-    return false;
+    if (keptToLocal.set(toLocal)) {
+        if (keptToUtf8.set(toUtf8)) return true;
+        keptToLocal.set(nullptr);
+    }
+    return keptToUtf8.isOver();
 }
 
 bool AsciiIsSame() {

@@ -31,8 +31,11 @@ bool ForElements(const Json::Value& array, std::size_t count, Visit visit) {
     auto element = array.begin();
     const Json::ArrayIndex size = array.size();
     if (size > kFew || array.end() - element != static_cast<std::ptrdiff_t>(size)) {
+        // The tree may lack elements: the next that it has then stands further on.
         for (Json::ArrayIndex i = 0; i < count; ++i) {
-            if (!visit(array[i])) return false;
+            const bool has = element.index() == i;
+            if (!visit(has ? *element : Json::Value::nullSingleton())) return false;
+            if (has) ++element;
         }
         return true;
     }
