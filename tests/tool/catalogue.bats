@@ -74,7 +74,7 @@ assert records["VK_POINT"] == {"name": "VK_POINT", "size": 4, "decode": True, "e
 }
 
 @test "what is near to nothing is answered without a proposal" {
-    for arguments in frobnicate "decode VK_RECT --frobnicate" "fields Zzzzzzzz" "keywords Zzzzzzzz"; do
+    for arguments in frobnicate -V "decode VK_RECT -j" "decode VK_RECT --frobnicate" "fields Zzzzzzzz" "keywords Zzzzzzzz"; do
         run "$JSONPARSER" $arguments
         [ "$status" -eq 2 ]
         [[ "$output" != *"did you mean"* ]]

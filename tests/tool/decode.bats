@@ -75,6 +75,15 @@ CAR=tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
     [[ "$stderr" == "jsonparser: $BATS_TEST_TMPDIR/bad.json:2:1: "* ]]
 }
 
+@test "decode heads standard input by its name, and shows a file's name harmlessly" {
+    file=$BATS_TEST_TMPDIR/$'a\e[31m.json'
+    echo "[1, 2]" >"$file"
+    run "$JSONPARSER" decode VK_POINT - "$file" <<<"[3, 4]"
+    [ "$status" -eq 0 ]
+    [ "${lines[0]}" = "== <stdin>" ]
+    [ "${lines[4]}" = "== $BATS_TEST_TMPDIR/a\x1b[31m.json" ]
+}
+
 @test "decode says what a converter does not take, shows the record and gives 1" {
     run --separate-stderr bash -c 'echo "[1, 2, 3]" | "$JSONPARSER" decode VK_RECT'
     [ "$status" -eq 1 ]

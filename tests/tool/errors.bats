@@ -112,6 +112,14 @@ END
     encode tagFACERECOGNITION_PERSON_INFO <<<'{"szUID": "a\u0000b"}'
     [ "$status" -eq 1 ]
     [[ "${stderr_lines[0]}" == *'/szUID: found "a\x00b", expected a text of at most 32 bytes'* ]]
+    for field in szUID pszGroupID; do
+        for bytes in 00 4100 410042; do
+            encode tagFACERECOGNITION_PERSON_INFO <<<"{\"$field\": {\"hex\": \"$bytes\"}}"
+            [ "$status" -eq 1 ]
+            [ "$output" = "" ]
+            [[ "${stderr_lines[0]}" == *"/$field: found an object, expected a text of at most "* ]]
+        done
+    done
 }
 
 @test "a long value is cut in the message" {

@@ -84,6 +84,28 @@ explain_car() { run "$JSONPARSER" explain $CAR; }
     [[ "$(row /VehicleSize)" == *" keyword unknown" ]]
 }
 
+@test "words whose functions take no node" {
+    while read -r record word code conversion; do
+        run "$JSONPARSER" explain "$record" <<<"$word"
+        [ "$status" -eq 0 ]
+        [ "$(row /)" = "/ text $word isString keyword, $conversion $code kept" ]
+        run "$JSONPARSER" decode "$record" --strict <<<"$word"
+        [ "$status" -eq 0 ]
+    done <<'END'
+SeatBelt/exact "WithSafeBelt" 1 exact
+ObjectAction "appear" 1 ignoring case
+StorageError "RaidFailed" 5 exact
+RaidError "RaidFailed" 1 exact
+Resolution "d1" 0 ignoring case
+END
+    run "$JSONPARSER" explain SeatBelt/exact <<<'"withSafeBelt"'
+    [ "$status" -eq 1 ]
+    [ "$(row /)" = '/ text "withSafeBelt" isString keyword, exact 0 keyword unknown; did you mean "WithSafeBelt"?' ]
+    run "$JSONPARSER" explain Resolution <<<'704'
+    [ "$status" -eq 1 ]
+    [ "$(row /)" = "/ integer 704 not isString refused by isString, left as it was" ]
+}
+
 @test "the wrong type" {
     explain_car <<<'{"Speed": "87", "StereoGarage": 5, "Redundance": "x", "PlateColor": {}}'
     [ "$status" -eq 1 ]

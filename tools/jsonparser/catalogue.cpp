@@ -6,9 +6,14 @@
 #include <iterator>
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/analytics/object_keywords.h"
 #include "vkprotocolstack/face/person_keywords.h"
+#include "vkprotocolstack/status/fault_keywords.h"
+#include "vkprotocolstack/status/resolution_keywords.h"
 #include "vkprotocolstack/support/support.h"
+#include "vkprotocolstack/traffic/vehicle_words_keywords.h"
 #include "vkprotocolstack/wire/keywords.h"
+#include "vkprotocolstack/wire/node.h"
 
 namespace tool {
 
@@ -112,6 +117,7 @@ struct FieldsOf<tool::Degrees> {
 namespace tool {
 namespace {
 
+using jsonparser::Node;
 using vkrecords::kLayout;
 
 /// A record that is only read. read(node, record) says whether it succeeded.
@@ -166,13 +172,16 @@ constexpr CatalogueEntry ReadsWord(std::string_view name, std::string_view meani
     });
 }
 
-/// The code of a word whose function takes no node.
-template <class Read>
-constexpr CatalogueEntry ReadsText(std::string_view name, std::string_view meaning, Read) {
-    constexpr auto read = [](Json::Value& node, void* code) {
+/// The code of a word whose function takes no node. lookUp(node) looks up as the function does, so that an observer is
+/// told of it.
+template <class Read, class LookUp>
+constexpr CatalogueEntry ReadsText(std::string_view name, std::string_view meaning, Read, LookUp) {
+    constexpr auto read = [](Json::Value& value, void* code) {
+        const Node node(value);
         if (!node.isString()) return false;
-        std::string word = node.asString();
+        std::string word = value.asString();
         static_cast<Code*>(code)->nCode = Read{}(word);
+        LookUp{}(node);
         return true;
     };
     return {name, meaning, &kLayout<Code>, read, nullptr, nullptr};
@@ -339,8 +348,10 @@ constexpr CatalogueEntry kCatalogue[] = {
                  [](auto& node, auto& state) { return ParseStrobeState(node, state.byState); }),
     Reads<State>("SeatBelt", "whether a seat belt is worn",
                  [](auto& node, auto& state) { return ParseSeatBelt(node, state.byState); }),
-    ReadsText("SeatBelt/exact", "whether a seat belt is worn; upper and lower case differ",
-              [](auto& word) { return ParseSafeBeltStatue(word); }),
+    ReadsText(
+        "SeatBelt/exact", "whether a seat belt is worn; upper and lower case differ",
+        [](auto& word) { return ParseSafeBeltStatue(word); },
+        [](Node node) { return node.firstExact(jsonparser::kSeatBeltStates, 0); }),
 
     // ---- analytics
     Reads<VK_MSG_OBJECT>("VK_MSG_OBJECT", "detected object, first generation",
@@ -358,7 +369,9 @@ constexpr CatalogueEntry kCatalogue[] = {
                                     [](auto& node, auto& face) { return ParseFaceAttributes(node, face); }),
     Reads<tagNET_BULLET_HOLES_INFO>("tagNET_BULLET_HOLES_INFO", "bullet hole of a target analysis",
                                     [](auto& node, auto& hole) { return ParseBulletHolesInfo(node, &hole) == 1; }),
-    ReadsText("ObjectAction", "what a detected object does", [](auto& word) { return ActionToInt(word.data()); }),
+    ReadsText(
+        "ObjectAction", "what a detected object does", [](auto& word) { return ActionToInt(word.data()); },
+        [](Node node) { return node.firstIgnoringCase(jsonparser::kObjectActions, 0); }),
     Reads<Similarities>("ColorSimilarity", "similarity to eight reference colours",
                         [](auto& node, auto& colors) {
                             ParseColorsimilar(node, colors.bySimilarities, sizeof colors.bySimilarities);
@@ -435,9 +448,15 @@ constexpr CatalogueEntry kCatalogue[] = {
                            code.nCode = ParseErrorCode(node);
                            return true;
                        }),
-    ReadsText("StorageError", "fault of a storage", [](auto& word) { return ParseStorageError(word); }),
-    ReadsText("RaidError", "fault of an array of disks", [](auto& word) { return ParseRaidError(word); }),
-    ReadsText("Resolution", "video resolution", [](auto& word) { return ParseResolutionString(word.c_str()); }),
+    ReadsText(
+        "StorageError", "fault of a storage", [](auto& word) { return ParseStorageError(word); },
+        [](Node node) { return node.firstExact(jsonparser::kStorageErrors, 0); }),
+    ReadsText(
+        "RaidError", "fault of an array of disks", [](auto& word) { return ParseRaidError(word); },
+        [](Node node) { return node.firstExact(jsonparser::kRaidErrors, 0); }),
+    ReadsText(
+        "Resolution", "video resolution", [](auto& word) { return ParseResolutionString(word.c_str()); },
+        [](Node node) { return node.firstIgnoringCase(jsonparser::kResolutions, 255); }),
     Reads<Codes>("LogType", "kinds of logs",
                  [](auto& node, auto& codes) {
                      GetJsonLogType(node, codes.nCodes, static_cast<int>(std::size(codes.nCodes)), codes.nCount);

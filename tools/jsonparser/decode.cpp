@@ -48,7 +48,7 @@ int Decode(const DecodeOptions& options) {
     Progress progress("files", TotalBytes(files));
     int code = kGood;
     for (const std::string& file : files) {
-        if (files.size() > 1 && !options.json) Print(fmt::format("== {}\n", file));
+        if (files.size() > 1 && !options.json) Print(fmt::format("== {}\n", FileName(file)));
         code = std::max(code, DecodeFile(*entry, file, options));
         progress.advance(TotalBytes({file}).value_or(0), 1);
     }

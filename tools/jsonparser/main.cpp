@@ -121,7 +121,8 @@ std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
         expected = "an option of " + command;
         for (const CLI::App* owner : {&app, parsed.empty() ? &app : static_cast<const CLI::App*>(parsed.front())}) {
             for (const CLI::Option* option : owner->get_options()) {
-                for (std::string& name : OptionNames(*option)) names.push_back(std::move(name));
+                // Every letter is near to every other: none of them is a proposal.
+                for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
             }
         }
     } else if (parsed.empty()) {

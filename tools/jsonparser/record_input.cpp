@@ -23,7 +23,7 @@ using vkrecords::Field;
 using vkrecords::FieldKind;
 using vkrecords::RecordLayout;
 
-/// The bytes that {"hex": "..."} stands for.
+/// The bytes that {"hex": "..."} stands for; none of them is NUL, which would end the text.
 std::optional<std::string> BytesOf(const Json::Value& value) {
     if (!value.isObject() || value.size() != 1 || !value["hex"].isString()) return std::nullopt;
     const std::string digits = value["hex"].asString();
@@ -34,6 +34,7 @@ std::optional<std::string> BytesOf(const Json::Value& value) {
     for (std::size_t i = 0; i < digits.size(); i += 2) {
         bytes += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
     }
+    if (bytes.find('\0') != std::string::npos) return std::nullopt;
     return bytes;
 }
 
