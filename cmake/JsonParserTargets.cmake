@@ -76,7 +76,9 @@ function(jsonparser_add_library name)
                               LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${jsonparser_soversion})
         if(kind STREQUAL shared)
             jsonparser_harden(${target}_${kind})
-            target_link_options(${target}_${kind} PRIVATE LINKER:--version-script=${jsonparser_exports})
+            # Never unloaded: what threads keep for their next message is released when they end, not before.
+            target_link_options(${target}_${kind} PRIVATE LINKER:--version-script=${jsonparser_exports}
+                                LINKER:-z,nodelete)
             set_target_properties(${target}_${kind} PROPERTIES LINK_DEPENDS ${jsonparser_exports})
         endif()
     endforeach()

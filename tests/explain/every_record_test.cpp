@@ -24,7 +24,9 @@ using jsonparser::Explain;
 using jsonparser::Explanation;
 using jsonparser::Outcome;
 using jsonparser::Reading;
+using testing_tools::At;
 using testing_tools::HostileValues;
+using testing_tools::Steps;
 using testing_tools::Text;
 using tool::CatalogueEntry;
 
@@ -34,30 +36,6 @@ std::string Contents(const std::string& file) {
     std::ostringstream text;
     text << stream.rdbuf();
     return text.str();
-}
-
-std::vector<std::string> Steps(std::string_view pointer) {
-    std::vector<std::string> steps;
-    for (std::size_t i = 0; i < pointer.size(); ++i) {
-        if (pointer[i] == '/') {
-            steps.emplace_back();
-        } else if (pointer[i] == '~') {
-            steps.back() += pointer[++i] == '1' ? '/' : '~';
-        } else {
-            steps.back() += pointer[i];
-        }
-    }
-    return steps;
-}
-
-Json::Value& Child(Json::Value& value, const std::string& step) {
-    return value.isArray() ? value[static_cast<Json::ArrayIndex>(std::stoul(step))] : value[step];
-}
-
-Json::Value& At(Json::Value& root, std::string_view pointer) {
-    Json::Value* value = &root;
-    for (const std::string& step : Steps(pointer)) value = &Child(*value, step);
-    return *value;
 }
 
 std::string Parent(const std::string& pointer) { return pointer.substr(0, pointer.rfind('/')); }

@@ -75,6 +75,9 @@ std::set<Path> ArraysOf(const Places& places) {
     return arrays;
 }
 
+/// Elements of an array of these are found by steps from one to the next.
+const Json::Value kArray = testing_tools::Json("[[1]]");
+
 void CountReader(const Reader& reader) {
     const Places& places = PlacesOf(reader);
     const Filling segments{"1 08:00:00-17:30:00", 4, true};
@@ -104,16 +107,54 @@ void CountReader(const Reader& reader) {
             return Message(places, {array, 4, true});
         });
         for (const Path& path : ArraysOf(places)) {
-            CountReader(reader, "array " + Pointer(path), length, [&](Json::ArrayIndex n) {
+            const auto ofLength = [&](Json::ArrayIndex n, const Json::Value* element) {
                 Json::Value message = Message(places, segments);
-                Json::Value& array = At(message, path);
-                const Json::Value element = array[3];
+                Json::Value& array = testing_tools::At(message, Pointer(path));
+                const Json::Value repeated = element == nullptr ? array[3] : *element;
                 array.resize(3);
-                while (array.size() < n) array.append(element);
+                while (array.size() < n) array.append(repeated);
                 return message;
-            });
+            };
+            CountReader(reader, "array " + Pointer(path), length,
+                        [&](Json::ArrayIndex n) { return ofLength(n, nullptr); });
+            CountReader(reader, "arrays in array " + Pointer(path), length,
+                        [&](Json::ArrayIndex n) { return ofLength(n, &kArray); });
         }
     }
+}
+
+/// Readers that take as many elements as the caller has room for.
+void CountReadersIntoArrays() {
+    const auto count = [](const std::string& name, auto read) {
+        for (const bool ofArrays : {false, true}) {
+            for (const Json::ArrayIndex length : {kFew, kMany}) {
+                for (const Json::ArrayIndex n : {length, 2 * length}) {
+                    Json::Value value(Json::arrayValue);
+                    for (Json::ArrayIndex i = 0; i < n; ++i) value.append(ofArrays ? kArray : Json::Value("Log"));
+                    const std::string text = testing_tools::Text(value);
+                    Count(
+                        name + (ofArrays ? ", arrays" : ", texts"), n, [] {},
+                        [&] {
+                            jsonparser::MessageText source(text);
+                            read(source.at(""), static_cast<int>(n));
+                        });
+                }
+            }
+        }
+    };
+    std::vector<int> types(2 * kMany);
+    std::vector<tagVK_TSECT> sections(2 * kMany);
+    std::vector<tagCFG_TIME_SECTION> maskedSections(2 * kMany);
+    std::vector<tagNET_TIME_SECTION> group(2 * kMany);
+    using jsonparser::MessagePlace;
+    count("GetJsonLogType, all", [&](MessagePlace place, int n) { GetJsonLogType(place, types.data(), n, n); });
+    count("GetJsonTimeSchedule, rows",
+          [&](MessagePlace place, int n) { GetJsonTimeSchedule(place, sections.data(), n, 1, nullptr); });
+    count("GetJsonTimeSchedule, masked rows",
+          [&](MessagePlace place, int n) { GetJsonTimeSchedule(place, maskedSections.data(), n, 1, nullptr); });
+    count("GetJsonTimeGroup/1, segments",
+          [&](MessagePlace place, int n) { GetJsonTimeGroup(place, maskedSections.data(), n); });
+    count("GetJsonTimeGroup/2, segments", [&](MessagePlace place, int n) { GetJsonTimeGroup(place, group.data(), n); });
 }
 
 /// Writers whose input has a length.
@@ -182,6 +223,7 @@ int main(int argc, char** argv) {
     CALLGRIND_START_INSTRUMENTATION;
     for (const fuzz::Reader* reader : readers) reliability::CountReader(*reader);
     if (!chosen.empty()) return 0;
+    reliability::CountReadersIntoArrays();
     reliability::CountWriters();
     reliability::CountTextReaders();
     return 0;

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -15,6 +17,8 @@
 #include "fuzz/text_road_case.h"
 #include "places.h"
 #include "testing/json.h"
+#include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace reliability {
 namespace {
@@ -62,7 +66,7 @@ TEST_P(EveryReader, TakesAnyValueWhereverItLooks) {
     ASSERT_GE(values.size(), 24U);
     for (const auto& [path, filling] : places) {
         Json::Value message = Message(places, filling);
-        Json::Value& place = At(message, path);
+        Json::Value& place = testing_tools::At(message, Pointer(path));
         for (std::size_t i = 0; i < values.size(); ++i) {
             place.swap(values[i]);
             Read(reader, message);
@@ -85,7 +89,7 @@ TEST_P(EveryReader, TakesAnyTextWhereverItLooks) {
     unsigned form = 0;
     for (const auto& [path, filling] : places) {
         Json::Value message = Message(places, filling);
-        Json::Value& place = At(message, path);
+        Json::Value& place = testing_tools::At(message, Pointer(path));
         for (Json::Value& value : values) {
             place.swap(value);
             const fuzz::Case test{&reader, &kRoot, testing_tools::Text(message), {}, form++ % 3, false};
@@ -102,6 +106,76 @@ TEST_P(EveryReader, LooksNowhereElseInTheSamples) {
         for (const Path& path : Looks(*GetParam(), sample)) {
             EXPECT_TRUE(places.contains(path)) << GetParam()->name << " at " << Pointer(path);
         }
+    }
+}
+
+/// Seconds of this thread's time.
+double TimeOf(const std::function<void()>& call) {
+    const auto now = [] {
+        timespec time;
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+    };
+    const double begin = now();
+    call();
+    return now() - begin;
+}
+
+/// Steps from one array to the next: as many as their number squared take seconds, as many as their number a
+/// millisecond.
+constexpr Json::ArrayIndex kManyArrays = 100000;
+constexpr double kSecondsForAll = 2;
+
+/// A message with an array of arrays at a place.
+std::string WithArraysAt(Json::Value message, const Path& path) {
+    testing_tools::At(message, Pointer(path)) = "here";
+    std::string arrays = "[[1]";
+    for (Json::ArrayIndex i = 1; i < kManyArrays; ++i) arrays += ",[1]";
+    arrays += ']';
+    std::string text = testing_tools::Text(message);
+    return text.replace(text.find("\"here\""), 6, arrays);
+}
+
+TEST_P(EveryReader, WalksAnArrayOfArraysOnce) {
+    const Places& places = PlacesOf(*GetParam());
+    for (const auto& [path, filling] : places) {
+        const bool isElement = !path.empty() && std::holds_alternative<Json::ArrayIndex>(path.back());
+        if (!isElement || std::get<Json::ArrayIndex>(path.back()) != 0) continue;
+        const Path array(path.begin(), path.end() - 1);
+        const std::string text = WithArraysAt(Message(places, filling), array);
+        Memory memory(GetParam()->target);
+        const double seconds = TimeOf([&] {
+            jsonparser::MessageText source(text);
+            GetParam()->text(source.at(""), memory.get());
+            EXPECT_TRUE(source.accepted());
+        });
+        EXPECT_LT(seconds, kSecondsForAll) << Pointer(array);
+    }
+}
+
+/// Those that take as many elements as the caller has room for.
+TEST(ReadersIntoArrays, WalkAnArrayOfArraysOnce) {
+    const std::string text = WithArraysAt(Json::Value(), {});
+    constexpr int kAll = kManyArrays;
+    int count = 0;
+    std::vector<int> types(kManyArrays);
+    std::vector<tagVK_TSECT> sections(kManyArrays);
+    std::vector<tagCFG_TIME_SECTION> masked(kManyArrays);
+    std::vector<tagNET_TIME_SECTION> group(kManyArrays);
+    const std::function<void(jsonparser::MessagePlace)> readers[] = {
+        [&](jsonparser::MessagePlace at) { GetJsonLogType(at, types.data(), kAll, count); },
+        [&](jsonparser::MessagePlace at) { GetJsonTimeSchedule(at, sections.data(), kAll, 1, nullptr); },
+        [&](jsonparser::MessagePlace at) { GetJsonTimeSchedule(at, masked.data(), kAll, 1, nullptr); },
+        [&](jsonparser::MessagePlace at) { GetJsonTimeGroup(at, masked.data(), kAll); },
+        [&](jsonparser::MessagePlace at) { GetJsonTimeGroup(at, group.data(), kAll); },
+    };
+    for (const auto& read : readers) {
+        const double seconds = TimeOf([&] {
+            jsonparser::MessageText source(text);
+            read(source.at(""));
+            EXPECT_TRUE(source.accepted());
+        });
+        EXPECT_LT(seconds, kSecondsForAll) << &read - readers;
     }
 }
 

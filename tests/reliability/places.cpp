@@ -133,21 +133,6 @@ Places FindPlaces(const fuzz::Reader& reader) {
     return complete;
 }
 
-/// Of a pointer in which digits are an index.
-Path PathOf(const std::string& pointer) {
-    Path path;
-    std::istringstream steps(pointer);
-    steps.ignore(1);
-    for (std::string step; std::getline(steps, step, '/');) {
-        if (step.find_first_not_of("0123456789") != step.npos) {
-            path.emplace_back(step);
-        } else {
-            path.emplace_back(static_cast<Json::ArrayIndex>(std::stoul(step)));
-        }
-    }
-    return path;
-}
-
 Json::Value FromFile(const std::string& file) {
     std::ifstream stream(std::string(JSONPARSER_MESSAGES) + '/' + file);
     EXPECT_TRUE(stream.is_open()) << file;
@@ -165,15 +150,6 @@ std::string Pointer(const Path& path) {
         pointer += '/' + (name != nullptr ? *name : std::to_string(std::get<Json::ArrayIndex>(step)));
     }
     return pointer;
-}
-
-Json::Value& At(Json::Value& root, const Path& path) {
-    Json::Value* node = &root;
-    for (const Step& step : path) {
-        const auto* name = std::get_if<std::string>(&step);
-        node = name != nullptr ? &(*node)[*name] : &(*node)[std::get<Json::ArrayIndex>(step)];
-    }
-    return *node;
 }
 
 const Places& PlacesOf(const fuzz::Reader& reader) {
@@ -206,7 +182,7 @@ std::vector<Json::Value> Samples(const fuzz::Reader& reader) {
         words >> file >> record >> place;
         if (reader.target.layout == nullptr || record != reader.target.layout->name) continue;
         Json::Value message = FromFile(file);
-        samples.push_back(At(message, PathOf(place)));
+        samples.push_back(testing_tools::At(message, place));
         EXPECT_FALSE(samples.back().isNull()) << line;
     }
     return samples;

@@ -21,9 +21,6 @@ using Path = std::vector<Step>;
 /// As a JSON pointer.
 std::string Pointer(const Path& path);
 
-/// The value at a path that exists.
-Json::Value& At(Json::Value& root, const Path& path);
-
 /// What messages for readers have at a place that is neither an array's nor an object's.
 struct Filling {
     Json::Value scalar;

@@ -30,6 +30,28 @@ std::string Text(const Json::Value& value) {
     return Json::writeString(builder, value);
 }
 
+std::vector<std::string> Steps(std::string_view pointer) {
+    std::vector<std::string> steps;
+    for (std::size_t i = 0; i < pointer.size(); ++i) {
+        if (pointer[i] == '/') {
+            steps.emplace_back();
+        } else if (pointer[i] == '~') {
+            steps.back() += pointer[++i] == '1' ? '/' : '~';
+        } else {
+            steps.back() += pointer[i];
+        }
+    }
+    return steps;
+}
+
+Json::Value& At(Json::Value& root, std::string_view pointer) {
+    Json::Value* value = &root;
+    for (const std::string& step : Steps(pointer)) {
+        value = value->isArray() ? &(*value)[static_cast<Json::ArrayIndex>(std::stoul(step))] : &(*value)[step];
+    }
+    return *value;
+}
+
 const std::vector<Json::Value>& HostileValues() {
     static const std::vector<Json::Value> values = [] {
         using Int = std::numeric_limits<Json::Int64>;

@@ -12,6 +12,8 @@
 #include <memory>
 #include <new>
 
+#include "vkprotocolstack/support/thread_pointer.h"
+
 namespace jsonparser::support {
 
 struct LocalForm {
@@ -120,22 +122,53 @@ std::string_view FormOf(Conversion& conversion, std::string_view character, char
 }
 
 thread_local Conversion theConversion;
+constinit ThreadPointer keptToLocal;
+constinit ThreadPointer keptToUtf8;
 
 /// Stands for one that there is no memory for: every text becomes empty.
 constinit Conversion noMemory{};
 
+/// False for what the C library has closed, since the thread ends: what else runs then may convert too.
+bool IsKept(const ThreadPointer& kept, iconv_t converter) { return kept.isOver() || kept.get() == converter; }
+
+bool AreKept() { return IsKept(keptToLocal, theConversion.toLocal) && IsKept(keptToUtf8, theConversion.toUtf8); }
+
+void Close(ThreadPointer& kept, iconv_t converter) {
+    if (!IsKept(kept, converter)) return;
+    kept.set(nullptr);
+    iconv_close(converter);
+}
+
 void Close() {
     if (theConversion.codeset[0] == '\0') return;
-    iconv_close(theConversion.toLocal);
-    iconv_close(theConversion.toUtf8);
+    Close(keptToLocal, theConversion.toLocal);
+    Close(keptToUtf8, theConversion.toUtf8);
     theConversion.codeset[0] = '\0';
 }
 
-/// Apart from the conversion, so that this can be used, and is opened again, even by what runs later at the thread's
-/// end.
-struct CloseAtThreadEnd {
-    ~CloseAtThreadEnd() { Close(); }
+/// Both descriptors' keys. They end together, closed and forgotten on the calling thread, which may convert once more.
+class Keys {
+  public:
+    ~Keys() { Close(); }
+
+  private:
+    using Release = void (*)(void*);
+    /// In two steps, since it returns what nobody looks at.
+    static Release closing() { return reinterpret_cast<Release>(reinterpret_cast<void (*)()>(iconv_close)); }
+
+    ThreadPointer::Lifetime toLocal_{keptToLocal, closing()};
+    ThreadPointer::Lifetime toUtf8_{keptToUtf8, closing()};
 };
+
+/// Has both descriptors closed when the thread ends, or neither.
+bool Keep(iconv_t toLocal, iconv_t toUtf8) {
+    static const Keys keys;
+    if (keptToLocal.isOver()) return true;
+    if (!keptToLocal.set(toLocal)) return false;
+    if (keptToUtf8.set(toUtf8)) return true;
+    keptToLocal.set(nullptr);
+    return false;
+}
 
 bool AsciiIsSame() {
     char ascii[128];
@@ -164,6 +197,11 @@ int Open(const char* codeset) {
         iconv_close(theConversion.toLocal);
         return error;
     }
+    if (!Keep(theConversion.toLocal, theConversion.toUtf8)) {
+        iconv_close(theConversion.toLocal);
+        iconv_close(theConversion.toUtf8);
+        return ENOMEM;
+    }
     std::memcpy(theConversion.codeset, codeset, size);
     theConversion.asciiIsSame = AsciiIsSame();
     std::fill(std::begin(theConversion.forms), std::end(theConversion.forms), LocalForm{});
@@ -172,8 +210,7 @@ int Open(const char* codeset) {
 
 /// The conversion for an encoding, null where iconv does not know it, noMemory where there is none for it.
 [[gnu::noinline]] Conversion* ConversionFor(const char* codeset) {
-    if (std::strcmp(codeset, theConversion.codeset) != 0) {
-        static thread_local const CloseAtThreadEnd closer;
+    if (std::strcmp(codeset, theConversion.codeset) != 0 || !AreKept()) {
         Close();
         if (Open(codeset) == ENOMEM) return &noMemory;
     }

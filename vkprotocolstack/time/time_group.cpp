@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <type_traits>
 
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/time/time_section.h"
@@ -22,14 +22,17 @@ int Write(Json::Value& value, const Section* sections, int count) {
     return 1;
 }
 
-void Read(Node group, tagCFG_TIME_SECTION* sections, int count) {
-    const std::size_t segments = std::min(group.size(), static_cast<std::size_t>(count));
-    for (std::size_t i = 0; i < segments; ++i) ReadLenient(group.at(i), sections[i]);
-}
-
-void Read(Node group, tagNET_TIME_SECTION* sections, int count) {
-    // Elements that are missing are looked up too; they convert nothing.
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) ReadLenient(group.at(i), sections[i]);
+template <class Section>
+void Read(Node group, Section* sections, int count) {
+    const auto most = static_cast<std::size_t>(count);
+    group.forElements(most, [=](Node segment, std::size_t i) {
+        ReadLenient(segment, sections[i]);
+        return true;
+    });
+    if constexpr (std::is_same_v<Section, tagNET_TIME_SECTION>) {
+        // Elements that are missing are looked up too; they convert nothing.
+        for (std::size_t i = group.size(); i < most; ++i) ReadLenient(group.at(i), sections[i]);
+    }
 }
 
 template <class Section>

@@ -22,16 +22,26 @@ inline int PrintedFirstWord(const tagNET_TIME_SECTION& section) {
 
 /// Calls use with the seven words of a segment's text.
 template <class Section, class Use>
-bool WithWords(Section& section, Use use) {
+[[gnu::always_inline]] inline bool WithWords(Section& section, Use use) {
     return use(FirstWord(section), section.nBeginHour, section.nBeginMin, section.nBeginSec, section.nEndHour,
                section.nEndMin, section.nEndSec);
 }
 
+inline constexpr NumberFormat<7> kLenientFormat = "%d %d:%d:%d-%d:%d:%d";
+
 /// As the readers of schedules and time groups: any number of digits.
 template <class Section>
+[[gnu::noinline]] bool ReadAnyLenient(Node node, Section& section) {
+    return WithWords(section, [node](auto&... word) { return node.scan(kLenientFormat, Signs::Allowed, word...); });
+}
+
+/// The same, faster for texts as most are.
+template <class Section>
 bool ReadLenient(Node node, Section& section) {
-    return WithWords(section,
-                     [node](auto&... word) { return node.scan("%d %d:%d:%d-%d:%d:%d", Signs::Allowed, word...); });
+    const auto scan = [node](auto&... word) __attribute__((always_inline)) {
+        return node.scanPlain(kLenientFormat, word...);
+    };
+    return WithWords(section, scan) || ReadAnyLenient(node, section);
 }
 
 /// As TimeSection::parse: at most two digits to a number of the times.

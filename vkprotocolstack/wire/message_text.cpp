@@ -8,7 +8,6 @@
 #include <cstring>
 #include <exception>
 #include <locale>
-#include <new>
 #include <utility>
 
 #include "vkprotocolstack/wire/copied_text.h"
@@ -135,7 +134,8 @@ void MessageReading::ReadTree(MessageText& text) {
     bool accepted = false;
     try {
         accepted = reader->parse(terminated.data(), terminated.data() + terminated.size(), tree.get(), &errors);
-    } catch (const Json::RuntimeError&) {
+    } catch (const Json::RuntimeError& error) {
+        if (std::strstr(error.what(), "stackLimit") == nullptr) throw;
         return Refuse(text, 0, "nested deeper than " + std::to_string(Depth(text.options_)) + " levels");
     }
     if (accepted) {
@@ -215,7 +215,7 @@ std::optional<Place> MessageReading::PlaceAt(const MessagePlace& place, const Na
             if (text.tree_ == nullptr) return OnTape(text.part_, pointer);
         }
         return InTree(*text.tree_, pointer);
-    } catch (const std::bad_alloc&) {
+    } catch (const std::exception&) {  // no memory, which jsoncpp reports by one of its own
         text.state_ = MessageText::State::Refused;
         return std::nullopt;
     }

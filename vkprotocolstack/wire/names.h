@@ -32,7 +32,8 @@ inline bool SameBytes(const char* a, const char* b, std::size_t size) {
         return left == right;
     };
     if (size >= 8) {
-        for (std::size_t i = 0; i + 8 < size; i += 8) {
+        if (!same(a, b, std::uint64_t{})) return false;
+        for (std::size_t i = 8; i + 8 < size; i += 8) {
             if (!same(a + i, b + i, std::uint64_t{})) return false;
         }
         return same(a + size - 8, b + size - 8, std::uint64_t{});

@@ -102,6 +102,7 @@ long Node::utcSeconds() const { return number<int, &Place::asInt, kUtcSeconds>()
 long Node::unsignedUtcSeconds() const { return number<unsigned, &Place::asUInt, kUnsignedUtcSeconds>(); }
 
 void Node::rawTo(char* field, std::size_t count) const {
+    if (place_.isPlain()) return CopyText(place_.plain().substr(0, count), field);
     std::string storage;
     const std::string_view taken = place_.text(storage).substr(0, count);
     if (taken.empty() && place_.isWatched()) [[unlikely]] {
@@ -115,7 +116,7 @@ void Node::rawTo(char* field, std::size_t count) const {
 
 void Node::utf8To(char* field, int limit) const {
     if (place_.isCopied()) {
-        if (limit >= 0) CopyText(place_.copied().substr(0, static_cast<std::size_t>(limit)), field);
+        if (limit >= 0) CopyText(place_.plain().substr(0, static_cast<std::size_t>(limit)), field);
     } else if (place_.isPresent()) {
         CopyUtf8(place_, field, limit);
     } else if (place_.isWatched()) {

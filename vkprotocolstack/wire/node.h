@@ -147,10 +147,15 @@ class Node {
     /// Scans the text (see Scan) into the words of a record; those that do not convert are left as they were.
     /// @return whether all converted
     template <class... Word>
-    [[gnu::always_inline]] bool scan(NumberFormat<sizeof...(Word)> format, Signs signs, Word&... words) const {
+    bool scan(const NumberFormat<sizeof...(Word)>& format, Signs signs, Word&... words) const {
         std::string storage;
         if (ScanInto(place_.text(storage), format, signs, words...) == sizeof...(Word)) return true;
         return place_.isWatched() && reportedScan(place_, format, signs, words...);
+    }
+    /// Scans a text that looks as most do; of any other it does nothing, and reports nothing.
+    template <class... Word>
+    [[gnu::always_inline]] bool scanPlain(const NumberFormat<sizeof...(Word)>& format, Word&... words) const {
+        return ScanPlainInto(place_.plainText(), format, words...);
     }
     /// The code of the first row with exactly this text, or otherwise.
     int firstExact(Keywords table, int otherwise) const;
@@ -206,7 +211,7 @@ class Node {
         return number;
     }
     template <class... Word>
-    [[gnu::cold, gnu::noinline]] static bool reportedScan(Place watched, NumberFormat<sizeof...(Word)> format,
+    [[gnu::cold, gnu::noinline]] static bool reportedScan(Place watched, const NumberFormat<sizeof...(Word)>& format,
                                                           Signs signs, Word&... words) {
         std::string storage;
         const std::size_t converted = ScanInto(valueOf(watched).text(storage), format, signs, words...);

@@ -100,6 +100,28 @@ void FindMembers(const Json::Value& object, const NameIndex& names, Place* found
     }
 }
 
+/// The same of an object on the tape.
+void FindOnTape(const TextEntry& object, const NameIndex& names, Place* found) {
+    const TextEntry* child = object.first();
+    const TextEntry* const end = object.behind();
+    if (object.matched == names.names) {
+        for (; child != end; child = child->next()) {
+            if (child->slot != 0) found[child->slot - 1] = Place(child);
+        }
+        return;
+    }
+    const std::string_view* next = names.names;
+    const std::string_view* const last = next + names.count;
+    for (; child != end; child = child->next()) {
+        if (next == last || next->size() != child->nameSize || !SameBytes(next->data(), child->name, child->nameSize)) {
+            const std::size_t slot = names.find(child->name, child->nameSize);
+            if (slot == 0) continue;
+            next = names.names + slot - 1;
+        }
+        found[next++ - names.names] = Place(child);
+    }
+}
+
 /// Null where there is no memory for the tree.
 Json::Value TreeOrNull(const TextEntry& entry) {
     try {
@@ -205,6 +227,13 @@ bool Place::is32Bits() const {
     }
 }
 
+std::string_view Place::TextOf(const Json::Value& text) {
+    const char* begin = nullptr;
+    const char* end = nullptr;
+    text.getString(&begin, &end);
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
 std::string_view Place::otherText(std::string& storage) const {
     if (isOnTape()) return MadeText(entry(), storage);
     switch (type()) {
@@ -255,30 +284,13 @@ void Place::watchedMembers(const NameIndex& names, Place* found) const {
 
 void Place::members(const NameIndex& names, Place* found) const {
     std::fill_n(found, names.count, Place());
-    if (type() != Json::objectValue) {
-        if (isWatched()) watchedMembers(names, found);
-        return;
+    if (isOnTape() && entry().type == TextType::Object) {
+        FindOnTape(entry(), names, found);
+    } else if (type() == Json::objectValue) {
+        FindMembers(*address(), names, found);
+    } else if (isWatched()) {
+        watchedMembers(names, found);
     }
-    if (isOnTape()) {
-        const TextEntry* child = entry().first();
-        const TextEntry* const end = entry().behind();
-        if (entry().matched == names.names) {
-            for (; child != end; child = child->next()) {
-                if (child->slot != 0) found[child->slot - 1] = Place(child);
-            }
-            return;
-        }
-        for (std::size_t next = 0; child != end; child = child->next()) {
-            const bool isNext = next < names.count && names.names[next].size() == child->nameSize &&
-                                SameBytes(names.names[next].data(), child->name, child->nameSize);
-            const std::size_t slot = isNext ? next + 1 : names.find(child->name, child->nameSize);
-            if (slot == 0) continue;
-            found[slot - 1] = Place(child);
-            next = slot;
-        }
-        return;
-    }
-    FindMembers(*address(), names, found);
 }
 
 }  // namespace jsonparser

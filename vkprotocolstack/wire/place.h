@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -25,8 +26,27 @@ inline constexpr bool kWithObservers = true;
 
 /// The text and a terminator. Texts are short: this is faster than a call.
 inline void CopyText(std::string_view text, char* field) {
-    text.copy(field, text.size());
-    field[text.size()] = '\0';
+    const char* const from = text.data();
+    const std::size_t size = text.size();
+    const auto ends = [=]<std::size_t Bytes>(std::array<char, Bytes> first) {
+        std::array<char, Bytes> last;
+        std::memcpy(first.data(), from, Bytes);
+        std::memcpy(last.data(), from + size - Bytes, Bytes);
+        std::memcpy(field, first.data(), Bytes);
+        std::memcpy(field + size - Bytes, last.data(), Bytes);
+    };
+    if (size > 32) {
+        std::memcpy(field, from, size);
+    } else if (size >= 16) {
+        ends(std::array<char, 16>());
+    } else if (size >= 8) {
+        ends(std::array<char, 8>());
+    } else if (size >= 4) {
+        ends(std::array<char, 4>());
+    } else {
+        for (std::size_t i = 0; i < size; ++i) field[i] = from[i];
+    }
+    field[size] = '\0';
 }
 
 /// A value in jsoncpp's tree or on the tape of a message text, or no value at all. What is missing reads as null. So
@@ -67,23 +87,28 @@ class Place {
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
-    /// The text; one that does not stand in the message as it is, is kept in storage. On the tape, one for which there
-    /// is no memory is empty.
+    /// The text where it stands as it is; empty without a null pointer, and so is any other.
+    std::string_view plainText() const {
+        if (isOnTape()) return entry().isPlainText() ? plain() : std::string_view("");
+        return type() == Json::stringValue ? TextOf(*address()) : std::string_view("");
+    }
+    /// The text; one that does not stand as it is, is kept in storage. On the tape, one for which there is no memory is
+    /// empty.
     std::string_view text(std::string& storage) const {
         if (isOnTape()) {
-            if (entry().isPlainText()) return {entry().text, entry().size};
+            if (entry().isPlainText()) return plain();
         } else if (type() == Json::stringValue) {
-            const char* begin = nullptr;
-            const char* end = nullptr;
-            address()->getString(&begin, &end);
-            return {begin, static_cast<std::size_t>(end - begin)};
+            return TextOf(*address());
         }
         return otherText(storage);
     }
 
-    /// A text that the text functions would copy, byte for byte, and that has no NUL.
+    /// A text on the tape without escapes, and so without a NUL.
+    bool isPlain() const { return isOnTape() && entry().isPlainText(); }
+    /// One that the text functions would copy, byte for byte.
     bool isCopied() const { return isOnTape() && entry().type == TextType::CopiedText; }
-    std::string_view copied() const { return {entry().text, entry().size}; }
+    /// Its characters.
+    std::string_view plain() const { return {entry().text, entry().size}; }
 
     /// GetJsonString and parseJsonNodeToStr of the value. On the tape they are given a value of the same type; the
     /// first of them, in place of an array or an object, null, which is no text either.
@@ -154,10 +179,12 @@ class Place {
         if (isOnTape()) return entry().type >= first && entry().type <= last;
         return bits_ != 0 && address()->type() == Type;
     }
+    // Not of this place: its address would keep it out of a register.
+    static std::string_view TextOf(const Json::Value& text);
     /// A text that is only copied, and needs no cut.
     bool copiesTo(char* field, int size) const {
         if (!isCopied() || std::int64_t{entry().size} >= size) return false;
-        CopyText(copied(), field);
+        CopyText(plain(), field);
         return true;
     }
     bool convertedStringTo(char* field, int size) const;

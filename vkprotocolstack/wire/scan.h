@@ -9,6 +9,7 @@
 #include <cstring>
 #include <span>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 
 #include "vkprotocolstack/wire/number_format.h"
@@ -39,7 +40,7 @@ std::size_t Scan(std::string_view text, std::span<const NumberStep> steps, Signs
 }
 
 /// Three numbers of ScanPlain at once, from the eight bytes of 00:00:00.
-[[gnu::always_inline]] inline bool ScanTime(const char* at, int* values) {
+[[gnu::always_inline]] inline bool ScanTime(const char* at, int& hours, int& minutes, int& seconds) {
     static_assert(std::endian::native == std::endian::little);
     constexpr std::uint64_t kZero = 0x30303A30303A3030;    // 00:00:00
     constexpr std::uint64_t kAbove9 = 0x7676007676007676;  // takes what is more than 9 to the highest bit
@@ -49,18 +50,19 @@ std::size_t Scan(std::string_view text, std::span<const NumberStep> steps, Signs
     digits ^= kZero;
     if (((digits | (digits + kAbove9)) & kNone) != 0) return false;
     const std::uint64_t numbers = digits * 10 + (digits >> 8);
-    values[0] = static_cast<int>(numbers & 0xFF);
-    values[1] = static_cast<int>(numbers >> 24 & 0xFF);
-    values[2] = static_cast<int>(numbers >> 48 & 0xFF);
+    hours = static_cast<int>(numbers & 0xFF);
+    minutes = static_cast<int>(numbers >> 24 & 0xFF);
+    seconds = static_cast<int>(numbers >> 48 & 0xFF);
     return true;
 }
 
 /// Scans what texts look like as a rule: numbers without signs, those between colons of two digits, no number of very
 /// many, and before each what the format has and no more. The compiler unrolls it for each format.
+/// @param values a tuple of as many int; for an array the compiler would guard the caller's frame
 /// @return whether the text is such a one; what is in values counts only then
-template <std::size_t I = 0, std::size_t N>
-[[gnu::always_inline]] inline bool ScanPlain(const char* at, const char* end, NumberFormat<N> format,
-                                             std::array<int, N>& values) {
+template <std::size_t I = 0, std::size_t N, class Values>
+[[gnu::always_inline]] inline bool ScanPlain(const char* at, const char* end, const NumberFormat<N>& format,
+                                             Values& values) {
     if constexpr (I == N) {
         return true;
     } else {
@@ -72,24 +74,34 @@ template <std::size_t I = 0, std::size_t N>
                 const char* const behind = at + length;
                 const bool isWhole =
                     format.steps()[I + 2].width != 0 || behind == end || *behind < '0' || *behind > '9';
-                return isWhole && ScanTime(behind - 8, &values[I]) && ScanPlain<I + 3>(behind, end, format, values);
+                return isWhole &&
+                       ScanTime(behind - 8, std::get<I>(values), std::get<I + 1>(values), std::get<I + 2>(values)) &&
+                       ScanPlain<I + 3>(behind, end, format, values);
             }
         }
-        return ScanPlainNumber(at, end, format.steps()[I], values[I]) && ScanPlain<I + 1>(at, end, format, values);
+        return ScanPlainNumber(at, end, format.steps()[I], std::get<I>(values)) &&
+               ScanPlain<I + 1>(at, end, format, values);
     }
+}
+
+/// Scans such a text into the words of a record, which are left as they were where it is another.
+template <class... Word>
+[[gnu::always_inline]] inline bool ScanPlainInto(std::string_view text, const NumberFormat<sizeof...(Word)>& format,
+                                                 Word&... words) {
+    std::tuple<decltype(sizeof(Word), int())...> values;
+    if (!ScanPlain(text.data(), text.data() + text.size(), format, values)) return false;
+    std::apply([&](auto... value) { ((words = static_cast<Word>(value)), ...); }, values);
+    return true;
 }
 
 /// Scan into the words of a record; those that do not convert are left as they were.
 /// @return how many were converted
 template <class... Word>
-[[gnu::always_inline]] inline std::size_t ScanInto(std::string_view text, NumberFormat<sizeof...(Word)> format,
+[[gnu::always_inline]] inline std::size_t ScanInto(std::string_view text, const NumberFormat<sizeof...(Word)>& format,
                                                    Signs signs, Word&... words) {
+    if (ScanPlainInto(text, format, words...)) return sizeof...(Word);
     std::array<int, sizeof...(Word)> values;
-    std::size_t converted = sizeof...(Word);
-    if (!ScanPlain(text.data(), text.data() + text.size(), format, values)) {
-        const NumberFormat<sizeof...(Word)> copy = format;
-        converted = Scan(text, copy.steps(), signs, values.data());
-    }
+    const std::size_t converted = Scan(text, format.steps(), signs, values.data());
     std::size_t i = 0;
     const auto store = [&](auto& word) {
         if (i < converted) word = static_cast<std::remove_reference_t<decltype(word)>>(values[i]);

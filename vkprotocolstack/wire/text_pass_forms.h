@@ -6,6 +6,7 @@
 //   Structure(p)              of 64 bytes: quotes, backslashes, opening and closing brackets
 // Everything here is in an unnamed namespace and nothing is shared with other files: a form for wider instructions is
 // compiled with them, and the linker must not take its code for all.
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -30,6 +31,13 @@ inline unsigned DigitOf(char byte) { return static_cast<unsigned char>(byte) - u
 inline bool IsDigit(char byte) { return DigitOf(byte) <= 9; }
 
 inline bool IsContainer(char byte) { return byte == '{' || byte == '['; }
+
+/// What a number that is no integer has behind its first digits.
+constexpr auto kNumberGoesOn = [] {
+    std::array<bool, 256> goesOn{};
+    for (const char byte : {'.', 'e', 'E'}) goesOn[static_cast<unsigned char>(byte)] = true;
+    return goesOn;
+}();
 
 /// Bit i is set when an odd number of bits from it downward are.
 inline std::uint64_t ShiftedPrefixXor(std::uint64_t bits) {
@@ -95,7 +103,7 @@ class Pass {
         return skipManyBlanks(p);
     }
 
-    const char* skipManyBlanks(const char* p) const {
+    [[gnu::noinline]] const char* skipManyBlanks(const char* p) const {
         while (static_cast<std::size_t>(end_ - p) >= Blocks::kWidth) {
             const auto others = static_cast<std::uint32_t>(~Blocks::Blanks(p) & Blocks::kAll);
             if (others != 0) return p + __builtin_ctz(others);
@@ -105,21 +113,22 @@ class Pass {
         return p;
     }
 
-    /// The closing quote of the text whose characters begin at p. What ends runs of characters is found for many blocks
-    /// ahead: so a text's end is known without waiting for that of the text before, and wherever it begins.
-    ALWAYS_INLINE const char* endOfText(const char* p, bool& escaped) {
+    /// The closing quote of the text whose characters begin at p, where that is a short one without escapes; else null.
+    /// What ends runs of characters is found for many blocks ahead: so a text's end is known without waiting for that
+    /// of the text before, and wherever it begins.
+    ALWAYS_INLINE const char* endOfShortText(const char* p) const {
         const auto offset = static_cast<std::size_t>(p - ahead_);
-        if (offset < aheadSize_) {
-            const std::uint64_t endings = endingsFrom(offset);
-            if (endings != 0) {
-                const char* const ending = p + __builtin_ctzll(endings);
-                if (*ending == '"') return ending;
-            }
-        }
-        return endOfLongText(p, escaped);
+        if (offset >= aheadSize_) [[unlikely]]
+            return nullptr;
+        const std::uint64_t endings = endingsFrom(offset);
+        if (endings == 0) [[unlikely]]
+            return nullptr;
+        const char* const ending = p + __builtin_ctzll(endings);
+        return *ending == '"' ? ending : nullptr;
     }
 
-    [[gnu::noinline]] const char* endOfLongText(const char* p, bool& escaped) {
+    /// Of any text, or null where it has none.
+    [[gnu::noinline]] const char* endOfText(const char* p, bool& escaped) {
         for (;;) {
             p = nextEnding(p);
             if (p == end_) return declined(p);
@@ -129,6 +138,17 @@ class Pass {
             p = skipEscape(p);
             if (p == nullptr) return nullptr;
         }
+    }
+
+    /// Of a name, which has no escapes and not too many bytes, or null.
+    ALWAYS_INLINE const char* endOfName(const char* p) {
+        const char* const end = endOfShortText(p);
+        return end != nullptr ? end : endOfLongName(p);
+    }
+    [[gnu::noinline]] const char* endOfLongName(const char* p) {
+        bool escaped = false;
+        const char* const end = endOfText(p, escaped);
+        return end == nullptr || (!escaped && end - p <= 0xFFFF) ? end : declined(p);
     }
 
     /// The next byte, from p on, that is no ordinary character of a text; the end when there is none.
@@ -207,15 +227,18 @@ class Pass {
         return second >= 0xDC00 && second <= 0xDFFF ? p + 12 : declined(p);
     }
 
-    /// Reads the text at p into entry.
+    /// Reads the text whose characters begin at p into entry.
     ALWAYS_INLINE const char* text(const char* p, TextEntry& entry) {
-        ++p;
-        bool escaped = false;
-        const char* const close = endOfText(p, escaped);
-        if (close == nullptr) return nullptr;
+        entry.type = plainText_;
+        const char* close = endOfShortText(p);
+        if (close == nullptr) [[unlikely]] {
+            bool escaped = false;
+            close = endOfText(p, escaped);
+            if (close == nullptr) return nullptr;
+            if (escaped) entry.type = TextType::EscapedText;
+        }
         entry.text = p;
         entry.size = static_cast<std::uint32_t>(close - p);
-        entry.type = escaped ? TextType::EscapedText : plainText_;
         return close + 1;
     }
 
@@ -245,7 +268,7 @@ class Pass {
 
     /// Reads the scalar at p into entry.
     ALWAYS_INLINE const char* scalar(const char* p, TextEntry& entry) {
-        if (*p == '"') return text(p, entry);
+        if (*p == '"') return text(p + 1, entry);
         return IsDigit(*p) ? number(p, p, entry) : word(p, entry);
     }
 
@@ -255,12 +278,17 @@ class Pass {
         std::uint64_t value = DigitOf(*p);
         if (value > 9) return declined(begin);
         unsigned digit = DigitOf(*++p);
-        if (value == 0 && digit <= 9) return declined(begin);
-        for (; digit <= 9; digit = DigitOf(*++p)) value = value * 10 + digit;
-        // What is none of . e E is so as a digit too.
-        if (p - digits > 18 || digit == DigitOf('.') || (digit | 0x20) == DigitOf('e')) {
-            return longNumber(begin, p, value, entry);
+        if (digit <= 9) {
+            if (value == 0) return declined(begin);
+            do {
+                value = value * 10 + digit;
+                digit = DigitOf(*++p);
+            } while (digit <= 9);
+            if (p - digits > 18) [[unlikely]]
+                return longNumber(begin, p, value, entry);
         }
+        if (kNumberGoesOn[static_cast<unsigned char>(*p)]) [[unlikely]]
+            return longNumber(begin, p, value, entry);
         entry.integer = static_cast<std::int64_t>(digits == begin ? value : 0 - value);
         entry.type = TextType::Integer;
         return p;
@@ -313,8 +341,38 @@ class Pass {
     /// Behind the value at p, which stands in depth containers.
     ALWAYS_INLINE const char* other(const char* p, std::size_t depth) {
         if (IsContainer(*p)) return job_.skipOthers ? skipContainer(p) : checkContainer(p, depth);
+        if (*p == '"') return checkText(p + 1);
+        return IsDigit(*p) ? checkNumber(p) : checkWord(p);
+    }
+
+    /// Behind the text whose characters begin at p.
+    ALWAYS_INLINE const char* checkText(const char* p) {
+        const char* close = endOfShortText(p);
+        if (close == nullptr) [[unlikely]] {
+            bool escaped = false;
+            close = endOfText(p, escaped);
+            if (close == nullptr) return nullptr;
+        }
+        return close + 1;
+    }
+
+    /// The number that begins with the digit at p.
+    ALWAYS_INLINE const char* checkNumber(const char* p) {
+        const char* const digits = p;
+        do {
+            ++p;
+        } while (IsDigit(*p));
+        const bool isUnusual = p - digits > 18 || (p - digits > 1 && *digits == '0');
+        if (kNumberGoesOn[static_cast<unsigned char>(*p)] || isUnusual) [[unlikely]] {
+            TextEntry entry;
+            return number(digits, digits, entry);
+        }
+        return p;
+    }
+
+    const char* checkWord(const char* p) {
         TextEntry entry;
-        return scalar(p, entry);
+        return word(p, entry);
     }
 
     /// Behind the container at p, which stands in outer containers.
@@ -322,45 +380,78 @@ class Pass {
         std::uint64_t kinds = 0;  // of the open containers, the innermost lowest: 1 is an object
         std::uint64_t outerKinds[TextPass::kMaxDepth / 64 + 1];
         std::size_t depth = 0;
-        bool isObject = false;
-        TextEntry entry;
     open:
-        isObject = *p == '{';
         if (depth % 64 == 0) outerKinds[depth / 64] = kinds;
-        kinds = kinds << 1 | (isObject ? 1 : 0);
         ++depth;
-        p = skipBlanks(p + 1);
-        if (*p == (isObject ? '}' : ']')) goto close;
-        if (outer + depth >= maxDepth_) return declined(p);
-        if (!isObject) goto value;
-    member : {
-        if (*p != '"') return declined(p);
-        bool escaped = false;
-        p = endOfText(p + 1, escaped);
-        if (p == nullptr) return nullptr;
-        p = skipBlanks(p + 1);
-        if (*p != ':') return declined(p);
-        p = skipBlanks(p + 1);
-    }
-    value:
-        if (IsContainer(*p)) goto open;
-        p = scalar(p, entry);
-        if (p == nullptr) return nullptr;
-    behind:
-        p = skipBlanks(p);
-        if (*p == ',') {
+        kinds <<= 1;
+        if (*p == '[') {
             p = skipBlanks(p + 1);
-            if (isObject) goto member;
-            goto value;
+            if (*p == ']') goto close;
+            if (outer + depth >= maxDepth_) return declined(p);
+            goto element;
         }
-        if (*p != (isObject ? '}' : ']')) return declined(p);
+        ++kinds;
+        p = skipBlanks(p + 1);
+        if (*p == '}') goto close;
+        if (outer + depth >= maxDepth_) return declined(p);
+    member:
+        p = skipQuote(p);
+        if (p == nullptr) return nullptr;
+        p = checkText(p);
+        if (p == nullptr) return nullptr;
+        p = skipColon(p);
+        if (p == nullptr) return nullptr;
+    memberValue:
+        if (*p == '"') {
+            p = checkText(p + 1);
+        } else if (IsDigit(*p)) {
+            p = checkNumber(p);
+        } else if (IsContainer(*p)) {
+            goto open;
+        } else if (IsBlank(*p)) [[unlikely]] {
+            p = skipManyBlanks(p);
+            goto memberValue;
+        } else {
+            p = checkWord(p);
+        }
+        if (p == nullptr) return nullptr;
+    behindMember:
+        if (*p != ',') {
+            p = skipBlanks(p);
+            if (*p == '}') goto close;
+            if (*p != ',') return declined(p);
+        }
+        ++p;
+        goto member;
+    element:
+        if (IsDigit(*p)) {
+            p = checkNumber(p);
+        } else if (IsContainer(*p)) {
+            goto open;
+        } else if (*p == '"') {
+            p = checkText(p + 1);
+        } else if (IsBlank(*p)) [[unlikely]] {
+            p = skipManyBlanks(p);
+            goto element;
+        } else {
+            p = checkWord(p);
+        }
+        if (p == nullptr) return nullptr;
+    behindElement:
+        if (*p != ',') {
+            p = skipBlanks(p);
+            if (*p == ']') goto close;
+            if (*p != ',') return declined(p);
+        }
+        ++p;
+        goto element;
     close:
         ++p;
         if (--depth == 0) return p;
         if (p == end_) return declined(p);
         kinds = depth % 64 == 0 ? outerKinds[depth / 64] : kinds >> 1;
-        isObject = (kinds & 1) != 0;
-        goto behind;
+        if ((kinds & 1) != 0) goto behindMember;
+        goto behindElement;
     }
 
     /// Behind the container at p, following only quotes and brackets.
@@ -425,13 +516,24 @@ class Pass {
         return true;
     }
 
-    /// Behind what is between a name and its value; null where that is no colon.
+    // Messages have few blanks or none, so what looks for a value's first byte looks for blanks last.
+
+    /// Behind the colon between a name and its value; null where there is none.
     ALWAYS_INLINE const char* skipColon(const char* p) {
         if (*p != ':') {
             p = skipBlanks(p);
             if (*p != ':') return declined(p);
         }
-        return skipBlanks(p + 1);
+        return p + 1;
+    }
+
+    /// Behind the quote of the name that is due at p; null where there is none.
+    ALWAYS_INLINE const char* skipQuote(const char* p) {
+        if (*p != '"') {
+            p = skipBlanks(p);
+            if (*p != '"') return declined(p);
+        }
+        return p + 1;
     }
 
     /// Takes down the container at p, whose entry is the tape's last, and what is in it.
@@ -457,12 +559,10 @@ class Pass {
         if (*p == '}') goto close;
         if (depth >= maxDepth_) return declined(p);
     member : {
-        if (*p != '"') return declined(p);
-        const char* const name = p + 1;
-        bool escaped = false;
-        p = endOfText(name, escaped);
+        const char* const name = skipQuote(p);
+        if (name == nullptr) return nullptr;
+        p = endOfName(name);
         if (p == nullptr) return nullptr;
-        if (escaped || p - name > 0xFFFF) return declined(name);
         if (next == limit_) [[unlikely]] {
             const std::size_t index = indexOf(container);
             const std::size_t used = indexOf(next);
@@ -476,17 +576,28 @@ class Pass {
         p = skipColon(p + 1);
         if (p == nullptr) return nullptr;
         ++children;
-        if (IsContainer(*p)) goto nested;
-        p = scalar(p, *entry);
-        if (p == nullptr) return nullptr;
     }
+    memberValue:
+        if (*p == '"') {
+            p = text(p + 1, *entry);
+        } else if (IsDigit(*p)) {
+            p = number(p, p, *entry);
+        } else if (IsContainer(*p)) {
+            goto nested;
+        } else if (IsBlank(*p)) [[unlikely]] {
+            p = skipManyBlanks(p);
+            goto memberValue;
+        } else {
+            p = word(p, *entry);
+        }
+        if (p == nullptr) return nullptr;
     behindMember:
         if (*p != ',') {
             p = skipBlanks(p);
             if (*p == '}') goto close;
             if (*p != ',') return declined(p);
         }
-        p = skipBlanks(p + 1);
+        ++p;
         goto member;
     element:
         if (next == limit_) [[unlikely]] {
@@ -498,13 +609,19 @@ class Pass {
         }
         entry = next++;
         ++children;
+    elementValue:
         if (IsDigit(*p)) {
             p = number(p, p, *entry);
         } else if (IsContainer(*p)) {
             entry->name = nullptr;  // which also says that no list's slots are in its members
             goto nested;
+        } else if (*p == '"') {
+            p = text(p + 1, *entry);
+        } else if (IsBlank(*p)) [[unlikely]] {
+            p = skipManyBlanks(p);
+            goto elementValue;
         } else {
-            p = scalar(p, *entry);
+            p = word(p, *entry);
         }
         if (p == nullptr) return nullptr;
     behindElement:
@@ -513,7 +630,7 @@ class Pass {
             if (*p == ']') goto close;
             if (*p != ',') return declined(p);
         }
-        p = skipBlanks(p + 1);
+        ++p;
         goto element;
     nested:
         container->size = children;
@@ -551,8 +668,8 @@ class Pass {
         if (*p == '}') return closeExpected(p, members);
         if (depth >= maxDepth_) return declined(p);
         for (;;) {
-            if (*p != '"') return declined(p);
-            const char* const name = p + 1;
+            const char* const name = skipQuote(p);
+            if (name == nullptr) return nullptr;
             if (next == limit_) [[unlikely]] {
                 const std::size_t used = indexOf(next);
                 if (!grow(next)) return declined(name);
@@ -566,10 +683,8 @@ class Pass {
                 ++quoted;
                 entry->slot = static_cast<std::uint8_t>(quoted - expected.quoted);
             } else {
-                bool escaped = false;
-                p = endOfText(name, escaped);
+                p = endOfName(name);
                 if (p == nullptr) return nullptr;
-                if (escaped || p - name > 0xFFFF) return declined(name);
                 const std::size_t found = expected.find(name, static_cast<std::size_t>(p - name));
                 if (found != 0) quoted = expected.quoted + found;
                 entry->slot = static_cast<std::uint8_t>(found);
@@ -577,13 +692,21 @@ class Pass {
             entry->nameSize = static_cast<std::uint16_t>(p - name);
             p = skipColon(p + 1);
             if (p == nullptr) return nullptr;
-            if (IsContainer(*p)) {
+        value:
+            if (*p == '"') {
+                p = text(p + 1, *entry);
+            } else if (IsDigit(*p)) {
+                p = number(p, p, *entry);
+            } else if (IsContainer(*p)) {
                 next_ = next;
                 p = tapeContainer(p, depth);
                 next = next_;
                 if (p == end_) return declined(p);
+            } else if (IsBlank(*p)) [[unlikely]] {
+                p = skipManyBlanks(p);
+                goto value;
             } else {
-                p = scalar(p, *entry);
+                p = word(p, *entry);
             }
             if (p == nullptr) return nullptr;
             if (*p != ',') {
@@ -591,7 +714,7 @@ class Pass {
                 if (*p == '}') break;
                 if (*p != ',') return declined(p);
             }
-            p = skipBlanks(p + 1);
+            ++p;
         }
         next_ = next;
         return closeExpected(p, members);
@@ -668,14 +791,12 @@ class Pass {
     member : {
         if (*p != '"') return declined(p);
         const char* const name = p + 1;
-        bool escaped = false;
-        p = endOfText(name, escaped);
+        p = endOfName(name);
         if (p == nullptr) return nullptr;
-        if (escaped) return declined(name);
         const auto size = static_cast<std::size_t>(p - name);
-        p = skipBlanks(p + 1);
-        if (*p != ':') return declined(p);
-        p = skipBlanks(p + 1);
+        p = skipColon(p + 1);
+        if (p == nullptr) return nullptr;
+        p = skipBlanks(p);
         const TextStep& step = job_.steps[depth - 1];
         if ((step.size == size || step.escaped) && IsStepTo(step, name, size)) {
             forgetPart();  // of members with the same name the last one counts

@@ -2,46 +2,44 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
+
+#include "vkprotocolstack/support/thread_pointer.h"
 
 namespace jsonparser {
 namespace {
 
-struct Block {
-    TextEntry* entries;
-    std::size_t capacity;
-};
-
-/// The thread's spare block. Larger ones are not kept: one long message should not hold memory for good.
-constinit thread_local Block spare{nullptr, 0};
+/// The thread's spare block, whose first entry has its capacity as its span. Larger ones are not kept: one long message
+/// should not hold memory for good.
+constinit support::ThreadPointer spare;
 constexpr std::size_t kSmallest = 256;
 constexpr std::size_t kLargestSpare = 4096;
 
-/// Apart from the block, so that this can be used, and is filled again, even by what runs later at the thread's end.
-struct FreeAtThreadEnd {
-    ~FreeAtThreadEnd() {
-        std::free(spare.entries);
-        spare = {nullptr, 0};
-    }
-};
+bool LeaveAsSpare(TextEntry* entries, std::size_t capacity) {
+    static const support::ThreadPointer::Lifetime lifetime(spare, std::free);
+    if (capacity > kLargestSpare || spare.get() != nullptr) return false;
+    entries->span = capacity;
+    return spare.set(entries);
+}
+
+TextEntry* TakeSpare() {
+    auto* const entries = static_cast<TextEntry*>(spare.get());
+    if (entries != nullptr) spare.set(nullptr);
+    return entries;
+}
 
 }  // namespace
 
 TextTape::~TextTape() {
-    if (entries == nullptr) return;
-    if (spare.entries == nullptr && capacity <= kLargestSpare) {
-        static thread_local const FreeAtThreadEnd freeing;
-        spare = {entries, capacity};
-    } else {
-        std::free(entries);
-    }
+    if (entries != nullptr && !LeaveAsSpare(entries, capacity)) std::free(entries);
 }
 
 bool TextTape::grow(std::size_t used) {
-    if (entries == nullptr && spare.entries != nullptr) {
-        entries = std::exchange(spare.entries, nullptr);
-        capacity = spare.capacity;
-        return true;
+    if (entries == nullptr) {
+        entries = TakeSpare();
+        if (entries != nullptr) {
+            capacity = entries->span;
+            return true;
+        }
     }
     const std::size_t newCapacity = std::max(kSmallest, 2 * capacity);
     auto* const newEntries = static_cast<TextEntry*>(std::malloc(newCapacity * sizeof(TextEntry)));

@@ -1,0 +1,215 @@
+#include "vkprotocolstack/wire/place.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "taken.h"
+#include "testing/json.h"
+
+namespace {
+
+using jsonparser::NameList;
+using jsonparser::Place;
+using jsonparser::TextEntry;
+using testing_tools::Json;
+using testing_tools::Taken;
+
+// A place tells the two kinds of addresses apart by the lowest bit.
+static_assert(alignof(TextEntry) >= 2 && alignof(Json::Value) >= 2);
+static_assert(sizeof(Place) == sizeof(void*));
+
+const char* const kTexts[] = {
+    "null",
+    "true",
+    "false",
+    "0",
+    "-0",
+    "1",
+    "-1",
+    "127",
+    "128",
+    "-128",
+    "-129",
+    "255",
+    "256",
+    "32767",
+    "32768",
+    "-32768",
+    "-32769",
+    "65535",
+    "65536",
+    "2147483647",
+    "2147483648",
+    "-2147483648",
+    "-2147483649",
+    "4294967295",
+    "4294967296",
+    "9223372036854775807",
+    "9223372036854775808",
+    "-9223372036854775808",
+    "-9223372036854775809",
+    "18446744073709551615",
+    "18446744073709551616",
+    "0.0",
+    "-0.0",
+    "0.5",
+    "-0.5",
+    "1.0",
+    "255.0",
+    "2147483647.0",
+    "2147483647.5",
+    "2147483648.0",
+    "-2147483648.0",
+    "-2147483649.0",
+    "4294967295.0",
+    "4294967295.5",
+    "4294967296.0",
+    "1e99",
+    "-1e99",
+    "1e-99",
+    "9223372036854775808.0",
+    "18446744073709551616.0",
+    "\"\"",
+    "\"1\"",
+    "\"true\"",
+    "\"\\u8def\"",
+    "\"a\\nb\"",
+    "[]",
+    "[1]",
+    "[[1]]",
+    "{}",
+    "{\"a\":1}",
+};
+
+TEST(Place, OnATapeIsWhatItIsInATree) {
+    for (const char* text : kTexts) {
+        const Taken taken(std::string("[") + text + ']');
+        const Json::Value value = Json(text);
+        const Place tape(&taken.first());
+        const Place tree(&value);
+        EXPECT_TRUE(tape.isOnTape()) << text;
+        EXPECT_FALSE(tree.isOnTape()) << text;
+        EXPECT_FALSE(tape.isWatched()) << text;
+        EXPECT_TRUE(tape.exists() && tree.exists()) << text;
+        EXPECT_EQ(tape.isPresent(), tree.isPresent()) << text;
+        EXPECT_EQ(tape.type(), tree.type()) << text;
+        EXPECT_EQ(tape.type(), value.type()) << text;
+        EXPECT_EQ(tape.isArray(), tree.isArray()) << text;
+        EXPECT_EQ(tape.isString(), tree.isString()) << text;
+        EXPECT_EQ(tape.isBool(), tree.isBool()) << text;
+        EXPECT_EQ(tape.isInt(), tree.isInt()) << text;
+        EXPECT_EQ(tape.isUInt(), tree.isUInt()) << text;
+        EXPECT_EQ(tree.isInt(), value.isInt()) << text;
+        EXPECT_EQ(tree.isUInt(), value.isUInt()) << text;
+        EXPECT_EQ(tape.asInt(), tree.asInt()) << text;
+        EXPECT_EQ(tape.asUInt(), tree.asUInt()) << text;
+        EXPECT_EQ(tape.asDouble(), tree.asDouble()) << text;
+        EXPECT_EQ(tape.asBool(), tree.asBool()) << text;
+        EXPECT_EQ(tape.is32Bits(), tree.is32Bits()) << text;
+        EXPECT_EQ(tape.size(), tree.size()) << text;
+        std::string onTape;
+        std::string inTree;
+        EXPECT_EQ(tape.text(onTape), tree.text(inTree)) << text;
+        for (const int size : {1, 2, 5, 100}) {
+            std::vector<char> first(static_cast<std::size_t>(size));
+            std::vector<char> second(static_cast<std::size_t>(size));
+            EXPECT_EQ(tape.stringTo(first.data(), size), tree.stringTo(second.data(), size)) << text;
+            EXPECT_EQ(first, second) << text;
+            tape.renderTo(first.data(), size);
+            tree.renderTo(second.data(), size);
+            EXPECT_EQ(first, second) << text;
+        }
+    }
+}
+
+TEST(Place, OfNothingReadsAsNull) {
+    for (const Place place : {Place(), Place(static_cast<const Json::Value*>(nullptr))}) {
+        EXPECT_FALSE(place.exists());
+        EXPECT_FALSE(place.isPresent());
+        EXPECT_EQ(place.type(), Json::nullValue);
+        EXPECT_EQ(place.asInt(), 0);
+        EXPECT_EQ(place.asDouble(), 0.0);
+        EXPECT_EQ(place.size(), 0U);
+        EXPECT_FALSE(place.element(0).exists());
+        EXPECT_FALSE(place.member("a").exists());
+        std::string storage;
+        EXPECT_EQ(place.text(storage), "");
+    }
+}
+
+/// What stands at each element by each way to get there.
+template <std::size_t N>
+void ExpectElements(const Place& array, const int (&expected)[N]) {
+    ASSERT_EQ(array.size(), N);
+    const auto numberAt = [](Place place) { return place.isArray() ? -static_cast<int>(place.size()) : place.asInt(); };
+    const auto first = array.first<N + 2>();
+    for (std::size_t i = 0; i < N; ++i) {
+        EXPECT_EQ(numberAt(array.element(i)), expected[i]) << i;
+        EXPECT_EQ(numberAt(first[i]), expected[i]) << i;
+    }
+    EXPECT_FALSE(array.element(N).exists());
+    EXPECT_FALSE(first[N].exists());
+    EXPECT_FALSE(first[N + 1].exists());
+    std::size_t walked = 0;
+    EXPECT_TRUE(array.forElements(N, [&](Place element) {
+        EXPECT_EQ(numberAt(element), expected[walked]) << walked;
+        ++walked;
+        return true;
+    }));
+    EXPECT_EQ(walked, N);
+    std::size_t left = 3;
+    EXPECT_FALSE(array.forElements(N, [&left](Place /*element*/) { return --left > 0; }));
+    EXPECT_EQ(left, 0U);
+}
+
+TEST(Place, ElementsAreTheSameByIndexTogetherAndOneAfterTheOther) {
+    const struct {
+        const char* text;
+        int expected[5];
+    } rows[] = {
+        {"[1,2,3,4,5]",                        {1, 2, 3, 4, 5}   },
+        {"[[],2,[1,2,3],4,[[[1]],2]]",         {0, 2, -3, 4, -2} },
+        {"[1,[[2]],[[],[],[[]]],[[[[9]]]],5]", {1, -1, -3, -1, 5}},
+    };
+    for (const auto& row : rows) {
+        const Taken taken(row.text);
+        const Json::Value value = Json(row.text);
+        ExpectElements(Place(&taken.root()), row.expected);
+        ExpectElements(Place(&value), row.expected);
+    }
+}
+
+TEST(Place, WhatIsNoArrayHasNoElements) {
+    for (const char* text : {"null", "1", "\"[1]\"", "{\"0\":1}"}) {
+        const Taken taken(std::string("[") + text + ']');
+        const Place place(&taken.first());
+        EXPECT_FALSE(place.element(0).exists()) << text;
+        EXPECT_FALSE(place.first<2>()[0].exists()) << text;
+        EXPECT_TRUE(place.forElements(0, [](Place /*element*/) { return false; })) << text;
+    }
+}
+
+TEST(Place, MembersAreTheSameByNameAndTogether) {
+    static constexpr NameList kNames{"c", "missing", "a", "", "long name of more than 16"};
+    const char* const text =
+        R"({"x":[1,{"a":9}],"a":[[7]],"b":{"c":8},"c":3,"":4,"long name of more than 16":5,"a":6,"y":[[]]})";
+    const Taken taken(text);
+    const Json::Value value = Json(text);
+    for (const Place place : {Place(&taken.root()), Place(&value)}) {
+        Place found[5];
+        place.members(kNames.index(), found);
+        const int expected[] = {3, 0, 6, 4, 5};
+        for (std::size_t i = 0; i < 5; ++i) {
+            EXPECT_EQ(found[i].exists(), i != 1) << i;
+            EXPECT_EQ(found[i].asInt(), expected[i]) << i;
+            EXPECT_EQ(place.member(kNames.names[i]).exists(), i != 1) << i;
+            EXPECT_EQ(place.member(kNames.names[i]).asInt(), expected[i]) << i;
+        }
+        EXPECT_EQ(place.member("b").member("c").asInt(), 8);
+        EXPECT_FALSE(place.member("x").member("a").exists());
+    }
+}
+
+}  // namespace
