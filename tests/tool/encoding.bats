@@ -43,3 +43,28 @@ decode_car() { "$JSONPARSER" decode $CAR "$@" --at /params/Events/0/TrafficCar "
     [[ "$output" == *'"Max" : 2.5'* ]]
     [[ "$output" == *'"Min" : -0.5'* ]]
 }
+
+@test "encode under ISO-8859-1 refuses characters that it does not have" {
+    export LOCPATH=$LOCALES LC_ALL=de_DE.ISO-8859-1
+    for field in szUID pszGroupID; do
+        run --separate-stderr "$JSONPARSER" encode tagFACERECOGNITION_PERSON_INFO <<<"{\"$field\": \"5 €\"}"
+        [ "$status" -eq 1 ]
+        [ -z "$output" ]
+        [[ "${stderr_lines[0]}" == *"/$field: found \"5 €\", expected a text of characters that the local encoding has" ]]
+    done
+    run --separate-stderr "$JSONPARSER" encode tagFACERECOGNITION_PERSON_INFO <<<'{"szUID": "Mü?", "pszGroupID": "Ü"}'
+    [ "$status" -eq 0 ]
+    [[ "$output" == *'"UID" : "Mü?"'* ]]
+}
+
+@test "encode under GBK refuses bytes that are no text there, and takes texts that fill their field" {
+    export LOCPATH=$LOCALES LC_ALL=zh_CN.GBK
+    run --separate-stderr "$JSONPARSER" encode tagFACERECOGNITION_PERSON_INFO <<<'{"szUID": {"hex": "41ff"}}'
+    [ "$status" -eq 1 ]
+    [[ "${stderr_lines[0]}" == *'/szUID: found an object, expected a value that the message carries (read back as "A?"; '* ]]
+    text=$(printf '王%.0s' {1..16})
+    run --separate-stderr "$JSONPARSER" encode tagFACERECOGNITION_PERSON_INFO <<<"{\"szUID\": \"$text\", \"szCountry\": \"A王\"}"
+    [ "$status" -eq 0 ]
+    [[ "$output" == *"\"UID\" : \"$text\""* ]]
+    [[ "$output" == *'"Country" : "A王"'* ]]
+}

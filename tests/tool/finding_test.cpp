@@ -57,6 +57,31 @@ TEST(Described, SortsByPlace) {
     EXPECT_NE(at.back(), std::string::npos);
 }
 
+TEST(Described, GivesARemarkOneLine) {
+    const std::vector<Finding> findings = {
+        {Finding::kNowhere, "",                  "remark: of the document", true},
+        {4,                 "/a",                "found"                  },
+        {0,               "", "remark: of a line",                      true    }
+    };
+    EXPECT_EQ(Described("a.json", "{\n\n\n1}", findings, 10),
+              "jsonparser: a.json:10: remark: of a line\n"
+              "jsonparser: a.json:13:1: /a: found\n"
+              "   13 | 1}\n"
+              "      | ^\n"
+              "jsonparser: a.json: remark: of the document\n");
+}
+
+TEST(HasDefects, CountsNoRemarks) {
+    EXPECT_FALSE(tool::HasDefects({}));
+    EXPECT_FALSE(tool::HasDefects({
+        {0, "", "remark", true}
+    }));
+    EXPECT_TRUE(tool::HasDefects({
+        {0, "", "remark", true},
+        {0, "",   "found"        }
+    }));
+}
+
 TEST(Described, EscapesWhatATerminalWouldObey) {
     const std::string all = Described("f\x1B[2J\n", "\x1B[31m\x07\x9B",
                                       {

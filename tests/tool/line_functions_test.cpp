@@ -2,17 +2,20 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <fstream>
 #include <iterator>
 #include <set>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "tools/jsonparser/explain.h"
 #include "tools/jsonparser/finding.h"
 #include "tools/jsonparser/record_buffer.h"
 #include "tools/jsonparser/record_form.h"
+#include "vkprotocolstack/support/support.h"
 
 namespace {
 
@@ -280,6 +283,97 @@ TEST(DecodeLine, TakesEveryRecordFromTheTextAlone) {
                                                   "Resolution"};
         EXPECT_EQ(entry.decodeText != nullptr, entry.decode != nullptr && !words.contains(entry.name)) << entry.name;
     }
+}
+
+// ---- what converters tell the trace
+
+void Trace(const char* message) {
+    SetBasicInfo("source.cpp", 7, 1);
+    SDKLogTraceOut(0, message);
+}
+
+/// An entry whose converters say something of each record.
+CatalogueEntry Talkative() {
+    std::vector<std::string> alternatives;
+    CatalogueEntry entry = *tool::FindEntry("VK_POINT", alternatives);
+    static const CatalogueEntry kPoint = entry;
+    entry.decode = [](Json::Value& node, void* record) {
+        Trace("read \x1b");
+        return kPoint.decode(node, record);
+    };
+    entry.decodeText = [](const jsonparser::MessagePlace& place, void* record) {
+        Trace("read \x1b");
+        return kPoint.decodeText(place, record);
+    };
+    entry.encode = [](const void* record, Json::Value& node) {
+        for (const char* message : {"written", "twice", "written"}) Trace(message);
+        return kPoint.encode(record, node);
+    };
+    return entry;
+}
+
+/// What DecodeLine or EncodeLine makes of a line, and what reaches standard error.
+Result Converted(const tool::LineFunction& function, const std::string& line) {
+    static const std::string kFile = "-";
+    Result result;
+    testing::internal::CaptureStderr();
+    result.good = (function.attempt && function.attempt(line, result.output)) ||
+                  function.convert({kFile, 7}, line, result.output, result.findings);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    return result;
+}
+
+TEST(TraceOfConverters, IsARemarkOnALineThatIsDecoded) {
+    const CatalogueEntry entry = Talkative();
+    for (const bool strict : {false, true}) {
+        EXPECT_EQ(Converted(DecodeLine(entry, "", strict, {}), "[1, 2]"),
+                  (Result{"{\"nx\":1,\"ny\":2}\n", "jsonparser: <stdin>:7: remark: read \\x1b\n", true}));
+    }
+}
+
+TEST(TraceOfConverters, StandsBesideTheFindingsOfALineThatIsDecoded) {
+    const CatalogueEntry entry = Talkative();
+    const Result result = Converted(DecodeLine(entry, "", false, {}), "[1]");
+    EXPECT_FALSE(result.good);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.findings,
+              "jsonparser: <stdin>:7:1: /: found an array of 1, expected a whole VK_POINT\n"
+              "    7 | [1]\n      | ^\n"
+              "jsonparser: <stdin>:7: remark: read \\x1b\n");
+}
+
+TEST(TraceOfConverters, IsARemarkOnALineThatIsEncodedEachMessageOnce) {
+    const CatalogueEntry entry = Talkative();
+    EXPECT_EQ(
+        Converted(EncodeLine(entry, {}), R"({"nx": 1, "ny": 2})"),
+        (Result{"[1,2]\n", "jsonparser: <stdin>:7: remark: written\njsonparser: <stdin>:7: remark: twice\n", true}));
+}
+
+TEST(TraceOfConverters, IsCollectedByEachThreadForItself) {
+    const CatalogueEntry entry = Talkative();
+    const tool::LineFunction encode = EncodeLine(entry, {});
+    const tool::LineFunction decode = DecodeLine(entry, "", false, {});
+    const Result encoded = Converted(encode, "{}");
+    const Result decoded = Converted(decode, "[1, 2]");
+    static const std::string kFile = "-";
+    std::vector<std::thread> threads;
+    std::atomic<int> wrong = 0;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&, i] {
+            for (int line = 0; line < 500; ++line) {
+                Result result;
+                if (i % 2 == 0) {
+                    encode.convert({kFile, 7}, "{}", result.output, result.findings);
+                } else {
+                    decode.convert({kFile, 7}, "[1, 2]", result.output, result.findings);
+                }
+                wrong += result == (i % 2 == 0 ? encoded : decoded) ? 0 : 1;
+            }
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(wrong, 0);
+    EXPECT_NE(encoded, decoded);
 }
 
 }  // namespace

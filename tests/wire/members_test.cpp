@@ -151,7 +151,7 @@ TEST(Members, FindInRandomObjectsWhatFindFinds) {
         std::vector<std::size_t> sorted(names.size());
         std::iota(sorted.begin(), sorted.end(), std::size_t{0});
         std::sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) { return names[a] < names[b]; });
-        std::vector<Place> found(names.size(), Place(&object));
+        std::vector<Place> found(names.size());
         std::array<std::uint8_t, 64> slots{};
         for (std::size_t i = 0; i < names.size(); ++i) {
             std::size_t slot = HashOfName(names[i].data(), names[i].size()) % slots.size();

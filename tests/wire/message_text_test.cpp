@@ -660,4 +660,26 @@ TEST(MessageText, ReadersSayThatTheMessageIsRefused) {
     EXPECT_EQ(Json_dimension(1)(message.at("")), -1);
 }
 
+// What a text on the tape may only be copied for is asked anew by each reader.
+TEST(MessageText, TextsAreInTheEncodingOfTheLocaleAtTheTimeOfEachReader) {
+    constexpr std::string_view kUtf8 = "\xE8\xB7\xAF";
+    constexpr std::string_view kGbk = "\xC2\xB7";
+    const std::string text = R"({"PlateNumber":")" + std::string(kUtf8) + R"(","VehicleSign":")" + std::string(kUtf8) +
+                             R"(","DefendCode":")" + std::string(kUtf8) + R"("})";
+    MessageText body(text);
+    const auto expectTexts = [&body](std::string_view expected) {
+        Placed<tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO> car;
+        EXPECT_EQ(ParseStrtoTrafficCar(body.at(""), car.get()), 0);
+        EXPECT_EQ(std::string_view(car->szPlateNumber), expected);
+        EXPECT_EQ(std::string_view(car->szVehicleSign), expected);
+        EXPECT_EQ(std::string_view(car->szDefendCode), expected);
+    };
+    for (int i = 0; i < 2; ++i) {
+        const testing_tools::ThreadLocale utf8("C.UTF-8");
+        expectTexts(kUtf8);
+        const testing_tools::ThreadLocale gbk("zh_CN.GBK");
+        expectTexts(kGbk);
+    }
+}
+
 }  // namespace

@@ -13,6 +13,7 @@ namespace {
 using jsonparser::NameList;
 using jsonparser::Place;
 using jsonparser::TextEntry;
+using jsonparser::TextType;
 using testing_tools::Json;
 using testing_tools::Taken;
 
@@ -83,9 +84,13 @@ const char* const kTexts[] = {
     "{\"a\":1}",
 };
 
-TEST(Place, OnATapeIsWhatItIsInATree) {
+class PlaceOnATape : public testing::TestWithParam<TextType> {};
+
+INSTANTIATE_TEST_SUITE_P(WithTextsThatAre, PlaceOnATape, testing::Values(TextType::Text, TextType::CopiedText));
+
+TEST_P(PlaceOnATape, IsWhatItIsInATree) {
     for (const char* text : kTexts) {
-        const Taken taken(std::string("[") + text + ']');
+        const Taken taken(std::string("[") + text + ']', 128, GetParam());
         const Json::Value value = Json(text);
         const Place tape(&taken.first());
         const Place tree(&value);
@@ -209,6 +214,16 @@ TEST(Place, MembersAreTheSameByNameAndTogether) {
         }
         EXPECT_EQ(place.member("b").member("c").asInt(), 8);
         EXPECT_FALSE(place.member("x").member("a").exists());
+    }
+}
+
+TEST(CopyText, WritesTheTextAndATerminatorAndNoMore) {
+    for (std::size_t size = 0; size <= 100; ++size) {
+        std::string text(size, '\0');
+        for (std::size_t i = 0; i < size; ++i) text[i] = static_cast<char>('!' + i % 90);
+        std::string field(size + 2, '\xA5');
+        jsonparser::CopyText(text, field.data());
+        EXPECT_EQ(field, text + '\0' + '\xA5');
     }
 }
 

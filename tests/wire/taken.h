@@ -14,10 +14,13 @@ namespace testing_tools {
 /// The whole of a text.
 class Taken {
   public:
-    explicit Taken(std::string text, std::size_t maxDepth = 128) : text_(std::move(text)) {
+    explicit Taken(std::string text, std::size_t maxDepth = 128,
+                   jsonparser::TextType plainText = jsonparser::TextType::Text)
+        : text_(std::move(text)) {
         pass_.begin = pass_.stop = text_.data();
         pass_.end = pass_.begin + text_.size();
         pass_.maxDepth = maxDepth;
+        pass_.plainText = plainText;
         pass_.tape = &tape_;
         accepted_ = jsonparser::RunTextPass(pass_);
     }

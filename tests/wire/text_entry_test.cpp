@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <string>
 
@@ -175,6 +176,27 @@ TEST(TreeOf, HasTextsWithNulsWhole) {
     const Json::Value tree = TreeOf(Taken(R"(["a\u0000b", "\u0000"])").root());
     EXPECT_EQ(tree[0].asString(), std::string("a\0b", 3));
     EXPECT_EQ(tree[1].asString(), std::string(1, '\0'));
+}
+
+// Short ones are quotients of integers, others go through the standard library.
+TEST(TextEntry, DecimalsOfAnyLengthAreTheNearestDouble) {
+    unsigned long random = 12345;
+    for (int i = 0; i < 20000; ++i) {
+        std::string text = i % 3 == 0 ? "-" : "";
+        const int whole = 1 + i % 7;
+        const int fraction = 1 + i / 7 % 16;
+        for (int digit = 0; digit < whole + fraction; ++digit) {
+            if (digit == whole) text += '.';
+            random = random * 6364136223846793005U + 1442695040888963407U;
+            const bool isFirst = digit == 0 && whole > 1;
+            text += static_cast<char>('0' + (isFirst ? 1 + (random >> 33) % 9 : (random >> 33) % 10));
+        }
+        const Taken taken(InArray(text));
+        ASSERT_EQ(taken.first().type, TextType::Real) << text;
+        const double expected = std::strtod(text.c_str(), nullptr);
+        ASSERT_EQ(DoubleOf(taken.first()), expected) << text;
+        ASSERT_EQ(std::signbit(DoubleOf(taken.first())), std::signbit(expected)) << text;
+    }
 }
 
 }  // namespace

@@ -112,6 +112,17 @@ TEST_P(EveryForm, FindsTheEndOfATextWhereverBlocksEnd) {
     }
 }
 
+// Endings are found for some kilobytes at once, then for the next from where the pass stands.
+TEST_P(EveryForm, FindsTheEndsOfManyTextsAndOfLongOnes) {
+    for (const std::size_t length : {1U, 7U, 56U, 57U, 63U, 64U, 65U, 250U, 2046U, 2047U, 2048U, 2049U, 5000U}) {
+        std::string text = "[";
+        for (std::size_t i = 0; i < 80; ++i) text += '"' + std::string(length + i % 9, 'x') + "\",";
+        const Taken taken(text + "0]");
+        ASSERT_EQ(taken.root().size, 81U) << length;
+        for (std::size_t i = 0; i < 80; ++i) ASSERT_EQ(taken.root().element(i)->size, length + i % 9) << i;
+    }
+}
+
 TEST_P(EveryForm, TakesNoEscapedQuoteForTheEndWhereverBlocksEnd) {
     for (std::size_t size = 0; size < 140; ++size) {
         for (const std::string escapes : {"\\\"", "\\\\", "\\\\\\\"", "\\u0022\\\\"}) {

@@ -128,7 +128,7 @@ TEST(TextEntry, AnArrayOfScalarsHasOneEntryForEach) {
     const TextEntry& array = taken.root();
     EXPECT_EQ(array.type, TextType::Array);
     EXPECT_EQ(array.size, 5U);
-    EXPECT_EQ(array.span, 6U);
+    EXPECT_EQ(array.behind() - &array, 6);
     const TextType types[] = {TextType::Integer, TextType::Text, TextType::Null, TextType::Real, TextType::True};
     for (std::size_t i = 0; i < 5; ++i) {
         EXPECT_EQ(array.element(i), &array + 1 + i);
@@ -146,7 +146,7 @@ TEST(TextEntry, ElementsBehindNestedOnesAreFoundByStepping) {
         EXPECT_EQ(array.element(i), stepped) << i;
         EXPECT_EQ(stepped->next() - stepped, static_cast<std::ptrdiff_t>(spans[i])) << i;
     }
-    EXPECT_EQ(stepped, &array + array.span);
+    EXPECT_EQ(stepped, array.behind());
     EXPECT_EQ(array.element(1)->integer, 1);
     EXPECT_EQ(array.element(2)->element(0)->element(1)->element(0)->integer, 3);
     EXPECT_EQ(array.element(2)->element(1)->type, TextType::Object);
@@ -166,7 +166,7 @@ TEST(TextEntry, OfAMessageThatOutgrowsTheTapeStaysWhole) {
     const Taken taken(text + "3000]");
     const TextEntry& array = taken.root();
     ASSERT_EQ(array.size, 3001U);
-    EXPECT_EQ(array.span, 6002U);
+    EXPECT_EQ(array.behind() - &array, 6002);
     const TextEntry* element = array.first();
     for (int i = 0; i < 3000; ++i, element = element->next()) {
         ASSERT_EQ(element->size, 1U);

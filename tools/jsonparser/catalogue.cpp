@@ -1,9 +1,14 @@
 #include "catalogue.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstring>
 #include <iterator>
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/face/person_keywords.h"
+#include "vkprotocolstack/support/support.h"
+#include "vkprotocolstack/wire/keywords.h"
 
 namespace tool {
 
@@ -126,11 +131,25 @@ constexpr CatalogueEntry Writes(std::string_view name, std::string_view meaning,
             }};
 }
 
-/// A record that is read and written.
-template <class Record, class Read, class Write>
-constexpr CatalogueEntry ReadsAndWrites(std::string_view name, std::string_view meaning, Read read, Write write) {
+/// What is read back as it was written.
+struct AsRead {
+    template <class Record>
+    void operator()(const Json::Value& /*node*/, const Record& /*written*/, Record& /*back*/) const {}
+};
+
+/// A record that is read and written. mend(node, written, back) gives back, which read filled from the node that
+/// written became, what read does not take, or otherwise than it was written.
+template <class Record, class Read, class Write, class Mend = AsRead>
+constexpr CatalogueEntry ReadsAndWrites(std::string_view name, std::string_view meaning, Read read, Write write,
+                                        std::span<const std::string_view> unwritten = {}, Mend = {}) {
     CatalogueEntry entry = Reads<Record>(name, meaning, read);
     entry.encode = Writes<Record>(name, meaning, write).encode;
+    entry.readBack = [](const Json::Value& node, const void* written, void* record) {
+        Record& back = *static_cast<Record*>(record);
+        Read{}(node, back);
+        Mend{}(node, *static_cast<const Record*>(written), back);
+    };
+    entry.unwritten = unwritten;
     return entry;
 }
 
@@ -161,6 +180,66 @@ constexpr CatalogueEntry ReadsText(std::string_view name, std::string_view meani
 
 std::size_t ElementsOf(const Json::Value& node) { return node.isArray() ? node.size() : 0; }
 std::size_t ElementsOf(const jsonparser::MessagePlace& place) { return place.size(); }
+
+// ---- where readers and writers are no mirrors of each other
+
+constexpr std::string_view kUnwrittenOfTimeEx[] = {"dwUTC", "dwReserved"};
+constexpr std::string_view kUnwrittenOfDate[] = {"dwHour", "dwMinute", "dwSecond"};
+constexpr std::string_view kUnwrittenOfPerson[] = {"byAge", "emEmotion", "stuFacePicInfo/pszFilePath"};
+constexpr std::string_view kUnwrittenOfMobileData[] = {"nIndex"};
+
+/// "IsDetected" is written as a number, and read as a bool only.
+template <class Person>
+void MendPictures(const Json::Value& person, Person& back) {
+    for (Json::ArrayIndex i = 0; i < back.wFacePicNum; ++i) {
+        back.stuFacePicInfo[i].bIsDetected = static_cast<unsigned char>(person["Image"][i]["IsDetected"].asUInt());
+    }
+}
+
+/// The short name is written as the name where there is no other, and read into the other. It is read as the custom
+/// category, too.
+void Mend(const Json::Value& person, const tagFACERECOGNITION_PERSON_INFO& /*written*/,
+          tagFACERECOGNITION_PERSON_INFO& back) {
+    MendPictures(person, back);
+    if (back.byIsCustomType != 1) std::memcpy(back.szPersonName, back.szPersonNameEx, sizeof back.szPersonName);
+}
+
+/// "Age" and "Emotion" are written as arrays, from fields that nothing reads, the custom texts as objects.
+void Mend(const Json::Value& person, const tagFACERECOGNITION_PERSON_INFOEX& /*written*/,
+          tagFACERECOGNITION_PERSON_INFOEX& back) {
+    MendPictures(person, back);
+    if (const Json::Value& age = person["Age"]; !age.isNull()) {
+        back.bAgeEnable = 1;
+        back.nAgeRange[0] = age[0].asInt();
+        back.nAgeRange[1] = age[1].asInt();
+    }
+    const Json::Value& emotions = person["Emotion"];
+    back.nEmotionValidNum = static_cast<int>(emotions.size());
+    for (Json::ArrayIndex i = 0; i < emotions.size(); ++i) {
+        const jsonparser::Keyword* row = jsonparser::FirstExact(jsonparser::kFeatureTypes, emotions[i].asString());
+        back.emEmotions[i] = row == nullptr ? 0 : row->code;
+    }
+    const Json::Value& texts = person["CustomPersonInfo"];
+    for (Json::ArrayIndex i = 0; i < texts.size(); ++i) {
+        char* const text = back.stuCustomPersonInfo[i].szPersonInfo;
+        GetJsonString(texts[i]["PersonInfo"], text, sizeof back.stuCustomPersonInfo[i].szPersonInfo, true);
+    }
+}
+
+/// Read as millionths of a degree, written from degrees and cut to hundredths of a second.
+void Mend(const Json::Value& /*coordinate*/, const Degrees& written, Degrees& back) {
+    constexpr double kHundredth = 1.001 / 360000;
+    back.dbDegrees /= 1000000;
+    if (std::abs(back.dbDegrees - written.dbDegrees) < kHundredth) back = written;
+}
+
+/// A code that says unknown leaves its member out. What is missing is read as 0, which of these two is another code.
+void Mend(const Json::Value& info, const tagNET_NETAPP_WIRELESS& /*written*/, tagNET_NETAPP_WIRELESS& back) {
+    if (!info.isMember("WorkMode")) back.emWorkMode = -1;
+    if (!info.isMember("3GFluxTactic")) back.em3GFluxTactic = 0;
+}
+
+constexpr auto kMend = [](const Json::Value& node, const auto& written, auto& back) { Mend(node, written, back); };
 
 constexpr CatalogueEntry kCatalogue[] = {
     // ---- foundation
@@ -194,11 +273,11 @@ constexpr CatalogueEntry kCatalogue[] = {
         [](auto& node, auto& time) { return SetJsonTimeB(node, time); }),
     ReadsAndWrites<tagNET_TIME>(
         "tagNET_TIME/date", "date, 2024-01-05", [](auto& node, auto& time) { return GetJsonDate(node, time); },
-        [](auto& node, auto& time) { return SetJsonDate(node, time); }),
+        [](auto& node, auto& time) { return SetJsonDate(node, time); }, kUnwrittenOfDate),
     ReadsAndWrites<tagNET_TIME_EX>(
         "tagNET_TIME_EX", "calendar time with milliseconds, 2024-01-05 09:30:00.250",
         [](auto& node, auto& time) { return GetJsonTime(node, time); },
-        [](auto& node, auto& time) { return SetJsonTime(node, time); }),
+        [](auto& node, auto& time) { return SetJsonTime(node, time); }, kUnwrittenOfTimeEx),
     ReadsAndWrites<tagCFG_NET_TIME_EX>(
         "tagCFG_NET_TIME_EX", "calendar time with milliseconds of the configuration layer",
         [](auto& node, auto& time) { return GetJsonTime(node, time); },
@@ -294,11 +373,11 @@ constexpr CatalogueEntry kCatalogue[] = {
     ReadsAndWrites<tagFACERECOGNITION_PERSON_INFO>(
         "tagFACERECOGNITION_PERSON_INFO", "person of the face database, first generation",
         [](auto& node, auto& info) { return ParsePersonInfo(node, info), true; },
-        [](auto& node, auto& info) { return PacketPersonInfo(node, info); }),
+        [](auto& node, auto& info) { return PacketPersonInfo(node, info); }, kUnwrittenOfPerson, kMend),
     ReadsAndWrites<tagFACERECOGNITION_PERSON_INFOEX>(
         "tagFACERECOGNITION_PERSON_INFOEX", "person of the face database, second generation",
         [](auto& node, auto& info) { return ParsePersonInfo(node, info), true; },
-        [](auto& node, auto& info) { return PacketPersonInfo(node, info); }),
+        [](auto& node, auto& info) { return PacketPersonInfo(node, info); }, kUnwrittenOfPerson, kMend),
     Reads<tagCANDIDATE_INFO>("tagCANDIDATE_INFO", "candidate of a recognition, first generation",
                              [](auto& node, auto& info) { return ParseCandidate(node, info), true; }),
     Reads<tagCANDIDATE_INFOEX>("tagCANDIDATE_INFOEX", "candidate of a recognition, second generation",
@@ -344,7 +423,8 @@ constexpr CatalogueEntry kCatalogue[] = {
         [](auto& node, auto& coordinate) {
             TransLongitudeToJson(node, coordinate.dbDegrees);
             return true;
-        }),
+        },
+        {}, kMend),
     Reads<Microdegrees>("Coordinate/integer", "coordinate in single precision",
                         [](auto& node, auto& coordinate) {
                             coordinate.nCoordinate = TransLongitudetoUInt(node);
@@ -378,7 +458,7 @@ constexpr CatalogueEntry kCatalogue[] = {
             ParseWirelessInfo(node, info);
             return true;
         },
-        [](auto& node, auto& info) { return PacketWirelessInfo(info, node); }),
+        [](auto& node, auto& info) { return PacketWirelessInfo(info, node); }, kUnwrittenOfMobileData, kMend),
     Reads<tagALARM_TALKING_INVITE_INFO>("tagALARM_TALKING_INVITE_INFO", "invitation to an intercom talk",
                                         [](auto& node, auto& info) {
                                             ParseTalkingCallerType(node, &info);

@@ -25,6 +25,12 @@ struct CatalogueEntry {
     bool (*decodeText)(const jsonparser::MessagePlace& place, void* record);
     /// Writes a record; null where the record is only read. @return what the converter says of its success
     bool (*encode)(const void* record, Json::Value& node);
+    /// Reads what encode wrote into a cleared record, in the terms of the record that it was written from; null where
+    /// nothing reads it. Mends what decode takes otherwise than encode writes it, by the contracts of both.
+    void (*readBack)(const Json::Value& node, const void* written, void* record) = nullptr;
+    /// The fields that encode never writes, by its contract: names, "/" between that of a record and those of its
+    /// fields.
+    std::span<const std::string_view> unwritten = {};
 };
 
 std::span<const CatalogueEntry> Catalogue();

@@ -22,7 +22,7 @@ int WithDocument(const std::string& file, const std::string& at, const ReadingOp
     Json::Value* node = ParseDocument(text, options, root, findings) ? ValueAt(root, at, findings) : nullptr;
     if (node != nullptr) use({text, *node, at}, findings);
     PrintFindings(file, text, findings);
-    return findings.empty() ? kGood : kFindings;
+    return HasDefects(findings) ? kFindings : kGood;
 }
 
 }  // namespace tool

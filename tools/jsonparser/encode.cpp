@@ -14,9 +14,11 @@
 #include "input.h"
 #include "line_functions.h"
 #include "progress.h"
+#include "read_back.h"
 #include "record_buffer.h"
 #include "record_input.h"
 #include "record_name.h"
+#include "trace_collector.h"
 #include "vkprotocolstack/vocabulary.h"
 
 namespace tool {
@@ -56,11 +58,19 @@ int EncodeFile(const CatalogueEntry& entry, const std::string& file, const Readi
 
 bool EncodeWithFindings(const CatalogueEntry& entry, const Document& document, Json::Value& node,
                         std::vector<Finding>& findings) {
+    const TraceCollector trace;
     RecordBuffer record(*entry.layout);
-    if (!ReadRecordToWrite(document.node, document.text, record, findings)) return false;
-    if (entry.encode(record.bytes(), node)) return true;
-    findings.push_back(Unwritable(entry, document.node));
-    return false;
+    if (!ReadRecordToWrite(document.node, document.text, record, findings)) {
+        FindImpossible(entry, document, record, findings);
+        return false;
+    }
+    if (!entry.encode(record.bytes(), node)) {
+        findings.push_back(Unwritable(entry, document.node));
+        return false;
+    }
+    if (!MessageHasAll(entry, document, record, node, findings)) return false;
+    trace.addRemarks(findings);
+    return true;
 }
 
 int Encode(const EncodeOptions& options) {

@@ -13,7 +13,8 @@
 namespace tool {
 
 /// Reads the record from the form that the document is, and writes its message to node.
-/// @return false, with what is wrong in findings, when the form is none or its record cannot be written
+/// @return false, with what is wrong in findings, when the form is none, its record cannot be written, or the message
+///         has not all that the form states; findings may have remarks otherwise
 bool EncodeWithFindings(const CatalogueEntry& entry, const Document& document, Json::Value& node,
                         std::vector<Finding>& findings);
 

@@ -15,6 +15,7 @@
 #include "record_name.h"
 #include "strict_reader.h"
 #include "suggestion.h"
+#include "trace_collector.h"
 #include "utf8.h"
 #include "vkprotocolstack/vocabulary.h"
 
@@ -195,6 +196,7 @@ void AddFindings(const Document& document, const Explanation& explanation, std::
 
 bool DecodeWithFindings(const CatalogueEntry& entry, const Document& document, bool strict, void* record,
                         std::vector<Finding>& findings) {
+    const TraceCollector trace;
     bool whole = false;
     if (strict) {
         const Explained explained = DecodeExplained(entry, document.node, record);
@@ -207,6 +209,7 @@ bool DecodeWithFindings(const CatalogueEntry& entry, const Document& document, b
         findings.push_back(Unexpected(document.node, std::string(document.path),
                                       fmt::format("a whole {}{}", entry.name, ProposedWord(entry, document.node))));
     }
+    trace.addRemarks(findings);
     return whole;
 }
 
@@ -291,14 +294,16 @@ int Explain(const ExplainOptions& options) {
         return kUsage;
     }
     bool hasFindings = false;
-    const int code =
-        WithDocument(options.file, options.at, options.reading, [&](const Document& document, std::vector<Finding>&) {
+    const int code = WithDocument(
+        options.file, options.at, options.reading, [&](const Document& document, std::vector<Finding>& findings) {
+            const TraceCollector trace;
             RecordBuffer record(*entry->layout);
             record.lendBuffers();
             const Explained explained = DecodeExplained(*entry, document.node, record.bytes());
             hasFindings = !explained.whole || explained.explanation.findings() > 0;
             Print(options.json ? ExplanationAsJson(*entry, document, explained)
                                : ExplanationAsText(*entry, document, explained, StyleOf(stdout)));
+            trace.addRemarks(findings);
         });
     return Flushed(code == kGood && hasFindings ? static_cast<int>(kFindings) : code);
 }

@@ -30,12 +30,6 @@ std::string_view CutTo(std::string_view text, std::size_t size) {
     return text.substr(0, end);
 }
 
-/// text without what a terminal would obey.
-std::string Harmless(std::string_view text) {
-    std::string quoted = QuotedText(text);
-    return quoted.substr(1, quoted.size() - 2);
-}
-
 /// Finds the places of offsets that come in rising order, in one walk over the text.
 class PlaceFinder {
   public:
@@ -221,21 +215,30 @@ std::vector<Place> PlacesOf(std::string_view text, const std::vector<std::size_t
     return places;
 }
 
+bool HasDefects(const std::vector<Finding>& findings) {
+    return std::any_of(findings.begin(), findings.end(), [](const Finding& finding) { return !finding.isRemark; });
+}
+
 std::string Described(const std::string& file, std::string_view text, std::vector<Finding> findings,
                       std::size_t firstLine, const Styler& style) {
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& a, const Finding& b) { return a.offset < b.offset; });
     PlaceFinder finder(text);
-    const std::string lead = style(Style::kError, "jsonparser:");
     std::string all;
     const auto out = std::back_inserter(all);
     for (const Finding& finding : findings) {
+        const std::string lead = style(finding.isRemark ? Style::kWarning : Style::kError, "jsonparser:");
         if (finding.offset == Finding::kNowhere) {
             fmt::format_to(out, "{} {} {}\n", lead, style(Style::kLocation, FileName(file) + ':'), finding.text);
             continue;
         }
         const auto [line, column] = finder.find(finding.offset);
         const std::size_t number = firstLine + line - 1;
+        if (finding.isRemark) {
+            fmt::format_to(out, "{} {} {}\n", lead,
+                           style(Style::kLocation, fmt::format("{}:{}:", FileName(file), number)), finding.text);
+            continue;
+        }
         const std::string place = fmt::format("{}:{}:{}: {}:", FileName(file), number, column,
                                               finding.path.empty() ? "/" : Harmless(finding.path));
         fmt::format_to(out, "{} {} {}\n", lead, style(Style::kLocation, place), finding.text);

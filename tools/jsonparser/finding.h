@@ -20,7 +20,12 @@ struct Finding {
     std::size_t offset;  ///< in bytes from the start of the document's text, or kNowhere
     std::string path;    ///< JSON pointer to the value, "" for the document itself
     std::string text;    ///< what was found, what was expected
+    /// Something to know, about a line or the document as a whole: nothing is wrong.
+    bool isRemark = false;
 };
+
+/// Whether one of them is no remark.
+bool HasDefects(const std::vector<Finding>& findings);
 
 /// A value that is not what was expected of it. Its reader has set its offset.
 Finding Unexpected(const Json::Value& value, std::string path, std::string_view expected);
@@ -49,7 +54,8 @@ std::vector<Place> PlacesOf(std::string_view text, const std::vector<std::size_t
 
 /// The findings about a document in the order of their places, each as file:line:column: path: found, expected, and
 /// below it the line of the document around the place with a caret. Lines end with a line end; none is longer than some
-/// 90 columns, but for what path, file and finding take. What a terminal would obey is escaped.
+/// 90 columns, but for what path, file and finding take. What a terminal would obey is escaped. A remark is one line,
+/// without column, path and excerpt.
 /// @param firstLine the number of the text's first line
 std::string Described(const std::string& file, std::string_view text, std::vector<Finding> findings,
                       std::size_t firstLine = 1, const Styler& style = Styler(false));

@@ -13,6 +13,7 @@
 #include "record_buffer.h"
 #include "record_form.h"
 #include "style.h"
+#include "trace_collector.h"
 #include "vkprotocolstack/message_text.h"
 
 namespace tool {
@@ -31,6 +32,7 @@ LineFunction WithTree(const std::string& at, const ReadingOptions& reading,
             if (node != nullptr) use({text, *node, at}, output, findings);
         }
         if (findings.empty()) return true;
+        const bool isGood = !HasDefects(findings);
         // The line is the place of what is said of the document as a whole.
         for (Finding& finding : findings) finding.offset = finding.offset == Finding::kNowhere ? 0 : finding.offset;
         std::string lines = Described(place.file, text, std::move(findings), place.number, style);
@@ -39,14 +41,14 @@ LineFunction WithTree(const std::string& at, const ReadingOptions& reading,
         } else {
             described += lines;
         }
-        return false;
+        return isGood;
     };
     return {nullptr, convert};
 }
 
 /// Appends the record to output, straight from the line's text. What is strictly valid there is so for both of the
 /// tool's readers, and means the same.
-/// @return false when there is no such record, or it is not whole, or only a tree can tell
+/// @return false when there is no such record, or it is not whole, or only a tree can tell, or there are remarks
 bool AppendRecordFromText(const CatalogueEntry& entry, const std::string& at, const ReadingOptions& reading,
                           std::string_view line, std::string& output) {
     jsonparser::MessageTextOptions options;
@@ -56,7 +58,8 @@ bool AppendRecordFromText(const CatalogueEntry& entry, const std::string& at, co
     const jsonparser::MessagePlace place = message.at(at);
     RecordBuffer record(*entry.layout);
     record.lendBuffers();
-    if (!entry.decodeText(place, record.bytes()) || !place.exists()) return false;
+    const TraceCollector trace;
+    if (!entry.decodeText(place, record.bytes()) || !place.exists() || !trace.isEmpty()) return false;
     AppendRecordLine(output, *entry.layout, record.bytes());
     return true;
 }

@@ -42,7 +42,8 @@ Memory does not grow with the input.
 )"                                                                                             },
     {"encode",  R"(Fields that the record's form lacks are zero.
 A field that the record lacks, a number that its field cannot hold and a text that is too long for its field are
-findings: nothing is cut without a word.
+findings, and so is a value that does not come back when the message is read: nothing is cut without a word, and nothing
+is printed for a record with findings.
 .Fl Fl lines
 works as for
 .Cm decode .
@@ -255,6 +256,9 @@ document around the place:
 is the JSON pointer to the value, / for the document itself.
 Line and column count from 1, columns in characters; they are left out where a document as a whole is meant.
 All findings of a run are printed, and so are the results of the messages that have none.
+What a converter tells the trace of the client library is a remark, a line with the file and no finding:
+.Pp
+.D1 jsonparser : Ar file : No remark : Ar what
 .Pp
 Progress, with rate and time left, is shown after a second where standard error is a terminal and standard output is
 not.

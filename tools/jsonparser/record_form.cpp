@@ -47,20 +47,6 @@ std::string JsonDigits(Real value) {
     return std::isfinite(value) ? Digits(value) : QuotedJson(Digits(value));
 }
 
-std::string_view TextIn(const Field& field, const unsigned char* bytes) {
-    const auto* text = reinterpret_cast<const char*>(bytes);
-    return {text, strnlen(text, field.elementSize)};
-}
-
-/// The text that a pointer of the record points to; nothing when it is null. That in a caller's buffer ends with it.
-std::optional<std::string_view> PointedText(const RecordLayout& layout, const unsigned char* record, const Field& field,
-                                            const unsigned char* bytes) {
-    const char* text = Load<const char*>(bytes);
-    if (text == nullptr) return std::nullopt;
-    if (field.kind == FieldKind::HeapText) return std::string_view(text);
-    return std::string_view(text, strnlen(text, record[LengthField(layout, field).offset]));
-}
-
 void AppendJsonText(std::string& out, std::string_view local) {
     if (local.empty()) {
         out += R"("")";
@@ -111,11 +97,9 @@ void AppendScalarAsText(std::string& out, const RecordLayout& layout, const unsi
             out += Digits(Load<double>(bytes));
             return;
         case FieldKind::Text:
-            out += QuotedText(ToUtf8(TextIn(field, bytes)));
-            return;
         case FieldKind::HeapText:
         case FieldKind::CallerText: {
-            const auto text = PointedText(layout, record, field, bytes);
+            const auto text = ElementText(layout, record, field, bytes);
             out += text ? QuotedText(ToUtf8(*text)) : "null";
             return;
         }
@@ -135,10 +119,9 @@ void AppendScalarAsJson(std::string& out, const RecordLayout& layout, const unsi
             out += JsonDigits(Load<double>(bytes));
             return;
         case FieldKind::Text:
-            return AppendJsonText(out, TextIn(field, bytes));
         case FieldKind::HeapText:
         case FieldKind::CallerText:
-            if (const auto text = PointedText(layout, record, field, bytes)) return AppendJsonText(out, *text);
+            if (const auto text = ElementText(layout, record, field, bytes)) return AppendJsonText(out, *text);
             out += "null";
             return;
         default:
@@ -284,6 +267,26 @@ std::string RecordAsJson(const RecordLayout& layout, const void* record) {
     std::string out;
     AppendJson(out, layout, static_cast<const unsigned char*>(record), 0);
     return out + '\n';
+}
+
+std::optional<std::string_view> ElementText(const RecordLayout& layout, const void* record, const Field& field,
+                                            const void* element) {
+    const auto* bytes = static_cast<const unsigned char*>(element);
+    const bool points = field.kind == FieldKind::HeapText || field.kind == FieldKind::CallerText;
+    if (!points && field.kind != FieldKind::Text) return std::nullopt;
+    const char* text = points ? Load<const char*>(bytes) : reinterpret_cast<const char*>(bytes);
+    if (text == nullptr) return std::nullopt;
+    if (field.kind == FieldKind::HeapText) return std::string_view(text);
+    const auto* lengths = static_cast<const unsigned char*>(record);
+    return std::string_view(text,
+                            strnlen(text, points ? lengths[LengthField(layout, field).offset] : field.elementSize));
+}
+
+std::string ElementAsJson(const RecordLayout& layout, const void* record, const Field& field, const void* element) {
+    std::string out;
+    AppendScalarAsJson(out, layout, static_cast<const unsigned char*>(record), field,
+                       static_cast<const unsigned char*>(element));
+    return out;
 }
 
 void AppendRecordLine(std::string& out, const RecordLayout& layout, const void* record) {

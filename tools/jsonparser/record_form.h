@@ -2,7 +2,9 @@
 #ifndef TOOLS_JSONPARSER_RECORD_FORM_H
 #define TOOLS_JSONPARSER_RECORD_FORM_H
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "vkrecords/fields.h"
 
@@ -15,6 +17,15 @@ std::string RecordAsText(const vkrecords::RecordLayout& layout, const void* reco
 /// that is not valid in the local encoding, or would not come back from UTF-8, is {"hex": its bytes}. Null pointers are
 /// null. Reserved bytes are left out.
 std::string RecordAsJson(const vkrecords::RecordLayout& layout, const void* record);
+
+/// The text that an element of a field of that record holds or points to, up to its terminator; that in a caller's
+/// buffer ends with it. Nothing for a null pointer and for what is no text.
+std::optional<std::string_view> ElementText(const vkrecords::RecordLayout& layout, const void* record,
+                                            const vkrecords::Field& field, const void* element);
+
+/// One element of a field of that record, which is no record itself, as RecordAsJson prints it.
+std::string ElementAsJson(const vkrecords::RecordLayout& layout, const void* record, const vkrecords::Field& field,
+                          const void* element);
 
 /// Appends what RecordAsJson prints on one line, without blanks.
 void AppendRecordLine(std::string& out, const vkrecords::RecordLayout& layout, const void* record);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <optional>
@@ -62,6 +63,15 @@ std::optional<Real> RealOf(const Json::Value& value) {
         if (std::abs(number) > Limits::max()) return number < 0 ? Limits::lowest() : Limits::max();
     }
     return static_cast<Real>(number);
+}
+
+/// Whether a field has the whole number that stands in the form, or is printed as it. Fractions are rounded, whole
+/// numbers are not.
+template <class Real>
+bool HasWhole(Real number, const Json::Value& value) {
+    if (value.isString() || std::trunc(value.asDouble()) != value.asDouble()) return true;
+    const std::string digits = fmt::format("{}", number);
+    return double{number} == value.asDouble() || std::strtod(digits.c_str(), nullptr) == value.asDouble();
 }
 
 class RecordReader {
@@ -203,22 +213,38 @@ class RecordReader {
     void storeReal(const Json::Value& value, unsigned char* bytes, const std::string& path) {
         const std::optional<Real> number = RealOf<Real>(value);
         if (!number) return find(path, value, R"(a number in range, "NaN", "Infinity" or "-Infinity")");
+        if (!HasWhole(*number, value)) {
+            return find(path, value, fmt::format("a number that the field has: the nearest is {}", *number));
+        }
         store(*number, bytes);
     }
 
-    void storeText(const Json::Value& value, const Field& field, unsigned char* bytes, const std::string& path) {
-        const std::optional<std::string> text = LocalText(value);
-        if (!text || text->size() > field.elementSize) {
-            return find(path, value,
-                        fmt::format("a text of at most {} bytes, or {{\"hex\": its bytes}}", field.elementSize));
+    /// The local text that a value stands for; nothing, with a finding, when it is no text of at most that many bytes.
+    std::optional<std::string> localText(const Json::Value& value, std::size_t most, const std::string& path,
+                                         const std::string& expected) {
+        std::optional<std::string> text = LocalText(value);
+        if (text && value.isString() && *text != value.asString() && ToUtf8(*text) != value.asString()) {
+            find(path, value, "a text of characters that the local encoding has");
+            return std::nullopt;
         }
+        if (text && text->size() <= most) return text;
+        find(path, value, expected);
+        return std::nullopt;
+    }
+
+    void storeText(const Json::Value& value, const Field& field, unsigned char* bytes, const std::string& path) {
+        const std::optional<std::string> text =
+            localText(value, field.elementSize, path,
+                      fmt::format("a text of at most {} bytes, or {{\"hex\": its bytes}}", field.elementSize));
+        if (!text) return;
         std::copy(text->begin(), text->end(), bytes);
     }
 
     void storeHeapText(const Json::Value& value, unsigned char* bytes, const std::string& path) {
         if (value.isNull()) return;
-        const std::optional<std::string> text = LocalText(value);
-        if (!text) return find(path, value, "a text, {\"hex\": its bytes} or null");
+        const std::optional<std::string> text =
+            localText(value, std::string::npos, path, "a text, {\"hex\": its bytes} or null");
+        if (!text) return;
         char* owned = new char[text->size() + 1];
         std::memcpy(owned, text->c_str(), text->size() + 1);
         store(owned, bytes);
@@ -229,12 +255,11 @@ class RecordReader {
                         std::optional<unsigned char> statedLength, const std::string& path) {
         if (value.isNull()) return;
         const std::size_t most = statedLength.value_or(kMaximumLength);
-        const std::optional<std::string> text = LocalText(value);
-        if (!text || text->size() > most) {
-            return find(path, value,
-                        fmt::format("a text of at most {} bytes, as {} has it, {{\"hex\": its bytes}} or null", most,
-                                    field.lengthField));
-        }
+        const std::optional<std::string> text =
+            localText(value, most, path,
+                      fmt::format("a text of at most {} bytes, as {} has it, {{\"hex\": its bytes}} or null", most,
+                                  field.lengthField));
+        if (!text) return;
         buffer_.lendText(layout, record, field, *text);
         if (statedLength) record[LengthField(layout, field).offset] = *statedLength;
     }

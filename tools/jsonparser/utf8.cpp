@@ -62,6 +62,11 @@ std::string QuotedText(std::string_view text) {
     return quoted + '"';
 }
 
+std::string Harmless(std::string_view text) {
+    const std::string quoted = QuotedText(text);
+    return quoted.substr(1, quoted.size() - 2);
+}
+
 std::string QuotedJson(std::string_view text) {
     std::string quoted = "\"";
     for (const char c : text) {

@@ -19,6 +19,9 @@ bool IsUtf8(std::string_view text);
 /// text in quotes for people: what is no well-formed UTF-8 as \xNN, control characters and quotes escaped.
 std::string QuotedText(std::string_view text);
 
+/// The same without the quotes around it.
+std::string Harmless(std::string_view text);
+
 /// text as a JSON string; text is UTF-8.
 std::string QuotedJson(std::string_view text);
 

@@ -13,13 +13,17 @@ const Keyword* FirstOf(Row begin, Row end, Matches matches) {
     return row == end ? nullptr : &*row;
 }
 
+std::string_view UpToNul(std::string_view text) { return text.substr(0, text.find('\0')); }
+
+/// Of texts without NULs.
+bool SameIgnoringCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
 }  // namespace
 
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-    a = a.substr(0, a.find('\0'));
-    b = b.substr(0, b.find('\0'));
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
-}
+bool EqualIgnoringCase(std::string_view a, std::string_view b) { return SameIgnoringCase(UpToNul(a), UpToNul(b)); }
 
 const Keyword* FirstExact(Keywords table, std::string_view text) {
     return FirstOf(table.begin(), table.end(), [text](const Keyword& row) { return row.text == text; });
@@ -27,18 +31,18 @@ const Keyword* FirstExact(Keywords table, std::string_view text) {
 
 const Keyword* FirstIgnoringCase(Keywords table, std::string_view text) {
     return FirstOf(table.begin(), table.end(),
-                   [text](const Keyword& row) { return EqualIgnoringCase(row.text, text); });
+                   [text = UpToNul(text)](const Keyword& row) { return SameIgnoringCase(row.text, text); });
 }
 
 const Keyword* LastIgnoringCase(Keywords table, std::string_view text) {
     return FirstOf(table.rbegin(), table.rend(),
-                   [text](const Keyword& row) { return EqualIgnoringCase(row.text, text); });
+                   [text = UpToNul(text)](const Keyword& row) { return SameIgnoringCase(row.text, text); });
 }
 
 const Keyword* FirstContained(Keywords table, std::string_view text) {
-    text = text.substr(0, text.find('\0'));
-    return FirstOf(table.begin(), table.end(),
-                   [text](const Keyword& row) { return text.find(row.text) != std::string_view::npos; });
+    return FirstOf(table.begin(), table.end(), [text = UpToNul(text)](const Keyword& row) {
+        return text.find(row.text) != std::string_view::npos;
+    });
 }
 
 const Keyword* FirstWithCode(Keywords table, int code) {

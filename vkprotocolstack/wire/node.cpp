@@ -16,6 +16,13 @@ namespace {
 /// Zeroes from new char[] for a text of that length, whose size must be an int. Null when they cannot be had.
 char* HeapText(std::size_t length) { return length >= INT_MAX ? nullptr : new (std::nothrow) char[length + 1](); }
 
+/// The text and a terminator from new char[]. Null when they cannot be had.
+char* HeapCopy(std::string_view text) {
+    char* const copy = new (std::nothrow) char[text.size() + 1];
+    if (copy != nullptr) CopyText(text, copy);
+    return copy;
+}
+
 /// @return whether field was written
 [[gnu::always_inline]] inline bool CopyUtf8(Place place, char* field, int limit) {
     if (!place.isPresent() || limit < 0) return false;
@@ -158,6 +165,7 @@ void Node::watchedRenderTo(char* field, int size) const {
 }
 
 char* Node::heapUtf8() const {
+    if (place_.isCopied()) return HeapCopy(place_.plain());
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {
@@ -171,6 +179,7 @@ char* Node::heapUtf8() const {
 }
 
 char* Node::heapString() const {
+    if (place_.isCopied()) return HeapCopy(place_.plain());
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {

@@ -195,6 +195,7 @@ double Place::convertedToDouble() const {
 bool Place::asBool() const {
     if (isOnTape()) {
         const TextEntry& e = entry();
+        if (e.type <= TextType::True) return e.type == TextType::True;
         return e.type == TextType::Real ? ScalarOf(e).asBool() : asDouble() != 0.0;
     }
     switch (type()) {
@@ -283,7 +284,6 @@ void Place::watchedMembers(const NameIndex& names, Place* found) const {
 }
 
 void Place::members(const NameIndex& names, Place* found) const {
-    std::fill_n(found, names.count, Place());
     if (isOnTape() && entry().type == TextType::Object) {
         FindOnTape(entry(), names, found);
     } else if (type() == Json::objectValue) {

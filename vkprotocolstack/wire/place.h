@@ -164,7 +164,7 @@ class Place {
         return false;
     }
     Place member(std::string_view name) const;
-    /// Looks up the names at one go.
+    /// Looks up the names at one go. What is not there is left in found, which holds missing places.
     void members(const NameIndex& names, Place* found) const;
 
     /// The value in jsoncpp's tree, or null when missing. Not for places on a tape.
