@@ -95,6 +95,20 @@ TEST(MessageText, ATreeThatThereIsNoMemoryForIsRenderedAsNothing) {
     EXPECT_STREQ(field, "[1,2,3]");
 }
 
+TEST(MessageText, AnEscapedTextThatThereIsNoMemoryForIsEmpty) {
+    const std::string text = "[\"\\u0041" + std::string(100, 'x') + "\"]";
+    MessageText message(text);
+    const auto node = NodeAt(message.at("/0"));
+    ASSERT_TRUE(node.has_value());
+    char field[200] = "before";
+    memoryIsGone = true;
+    node->rawTo(field, sizeof field - 1);
+    memoryIsGone = false;
+    EXPECT_STREQ(field, "");
+    node->rawTo(field, sizeof field - 1);
+    EXPECT_EQ(field, 'A' + std::string(100, 'x'));
+}
+
 TEST(MessageText, ALongTextThatThereIsNoMemoryForIsEmptyInItsField) {
     const std::string longText(5000, 'x');
     const std::string text = "[\"" + longText + "\",\"\\u0041" + longText + "\"]";
