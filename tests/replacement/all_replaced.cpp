@@ -10,6 +10,7 @@
 
 #include "own_functions.h"
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/message_text.h"
 
 namespace {
 
@@ -50,6 +51,16 @@ int main() {
     Expect(Calls("Change_Utf8_Assic") == 2, "Change_Utf8_Assic is called for field and address");
     Expect(std::strcmp(car->szVehicleSign, "own") == 0 && Calls("GetJsonString") == 1, "GetJsonString");
     Expect(std::strcmp(car->szDefendCode, "own") == 0 && Calls("parseJsonNodeToStr") == 1, "parseJsonNodeToStr");
+
+    jsonparser::MessageText body(
+        R"({"PlateNumber": "message", "VehicleSign": "message", "DefendCode": "message", "DeviceAddress": "message"})");
+    jsonparser::Owned<tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO> fromText;
+    ParseStrtoTrafficCar(body.at(""), fromText.get());
+    Expect(std::strcmp(fromText->szPlateNumber, "own") == 0, "Change_Utf8_Assic fills a field from text");
+    Expect(Calls("Change_Utf8_Assic") == 2, "Change_Utf8_Assic is called for field and address from text");
+    Expect(std::strcmp(fromText->szVehicleSign, "own") == 0 && Calls("GetJsonString") == 1, "GetJsonString from text");
+    Expect(std::strcmp(fromText->szDefendCode, "own") == 0 && Calls("parseJsonNodeToStr") == 1,
+           "parseJsonNodeToStr from text");
 
     Json::Value text;
     char local[] = "local";

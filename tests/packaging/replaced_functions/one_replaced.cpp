@@ -1,6 +1,7 @@
 // The argument names the one support function that one_function.cpp defines in this program: it is called, and of the
 // others the defaults are.
 #include <vkprotocolstack/JsonParser.h>
+#include <vkprotocolstack/message_text.h>
 
 #include <cstdio>
 #include <set>
@@ -27,9 +28,17 @@ std::set<std::string> Own() {
     for (const char* name : {"PlateNumber", "VehicleSign", "DefendCode"}) vehicle[name] = "message";
     jsonparser::Owned<tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO> car;
     ParseStrtoTrafficCar(vehicle, car.get());
-    if (car->szPlateNumber != std::string("message")) own.insert("Change_Utf8_Assic");
-    if (car->szVehicleSign != std::string("message")) own.insert("GetJsonString");
-    if (car->szDefendCode != std::string("message")) own.insert("parseJsonNodeToStr");
+    const auto ownOf = [&car] {
+        std::set<std::string> found;
+        if (car->szPlateNumber != std::string("message")) found.insert("Change_Utf8_Assic");
+        if (car->szVehicleSign != std::string("message")) found.insert("GetJsonString");
+        if (car->szDefendCode != std::string("message")) found.insert("parseJsonNodeToStr");
+        return found;
+    };
+    own = ownOf();
+    jsonparser::MessageText body(R"({"PlateNumber": "message", "VehicleSign": "message", "DefendCode": "message"})");
+    ParseStrtoTrafficCar(body.at(""), car.get());
+    if (ownOf() != own) own.insert("others when reading from text");
 
     Json::Value text;
     char local[] = "local";
