@@ -27,7 +27,11 @@ void* operator new(std::size_t size) {
 }
 
 void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-    return textMemoryIsGone ? nullptr : std::malloc(size == 0 ? 1 : size);
+    try {
+        return textMemoryIsGone ? nullptr : ::operator new[](size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
 }
 
 void operator delete(void* memory) noexcept { std::free(memory); }
