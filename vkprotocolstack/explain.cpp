@@ -73,8 +73,7 @@ std::string_view Wanted(std::string_view test) {
     if (test == "isUInt") return "an integer of 32 bits, 0 or more";
     if (test == "isBool") return "true or false";
     if (test == "isString") return "a text";
-    if (test == "isArray") return "an array";
-    return "a value";
+    return "an array";
 }
 
 /// Collects what converters look for, and afterwards compares it with the message.

@@ -254,7 +254,7 @@ TEST(JsonDimension, IsMinus1WithoutMemoryToKeepTrackOfTheArrays) {
     const long long depth = Json_dimension(1)(value);
     memoryIsGone = false;
     EXPECT_EQ(depth, -1);
-    EXPECT_EQ(Json_dimension(1)(value), 1);
+    EXPECT_EQ(Json_dimension(1)(value), 2);
 }
 
 }  // namespace

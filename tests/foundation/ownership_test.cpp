@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <new>
 #include <string>
 #include <type_traits>
 
@@ -56,6 +58,25 @@ struct FieldsOf<TestOuter> {
 
 namespace {
 
+thread_local int arraysAlive = 0;
+
+}  // namespace
+
+void* operator new[](std::size_t size) {
+    void* const memory = std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr) throw std::bad_alloc();
+    ++arraysAlive;
+    return memory;
+}
+
+void operator delete[](void* memory) noexcept {
+    if (memory != nullptr) --arraysAlive;
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t /*size*/) noexcept { operator delete[](memory); }
+
+namespace {
+
 using jsonparser::Owned;
 using jsonparser::ReleaseTexts;
 using testing_tools::Fields;
@@ -74,6 +95,16 @@ void GiveAddresses(Car& car) {
     car.pszDeviceAddress = HeapText("device");
     car.pszDetailedAddress = HeapText("detailed");
     car.pszMachineAddress = HeapText("machine");
+}
+
+TEST(ReleaseTexts, FreesEachText) {
+    Placed<Car> car;
+    car.clear();
+    const int before = arraysAlive;
+    GiveAddresses(*car);
+    EXPECT_EQ(arraysAlive, before + 3);
+    ReleaseTexts(*car);
+    EXPECT_EQ(arraysAlive, before);
 }
 
 TEST(ReleaseTexts, FreesAndNullsTheThreeAddressesOfTheTrafficCarAndLeavesEverythingElse) {

@@ -254,10 +254,11 @@ TEST(ParseStrtoTrafficCar, VehicleSizeComparesExactly) {
 }
 
 TEST(ParseStrtoTrafficCar, DrivingDirectionWithFiveElementsFillsThreeSlots) {
-    Car car(R"({"DrivingDirection": ["1", "2", "3", "4", "5"]})");
+    Car car(R"({"DrivingDirection": ["1", "2", "3", "a fourth one", "5"]})");
     EXPECT_STREQ(car->szDrivingDirection[0], "1");
     EXPECT_STREQ(car->szDrivingDirection[1], "2");
     EXPECT_STREQ(car->szDrivingDirection[2], "3");
+    EXPECT_EQ(car->pszDeviceAddress, nullptr);
 }
 
 TEST(ParseStrtoTrafficCar, DrivingDirectionWithOneElementFillsOnlyTheFirstSlot) {

@@ -387,6 +387,29 @@ TEST(ParseSafeBeltStatue, LengthCountsBeyondANulToo) {
     }
 }
 
+TEST(WordsOfText, AreReadAsThoseOfAValue) {
+    using Read = void (*)(const jsonparser::MessagePlace&, int&);
+    const struct {
+        Read read;
+        const char* word;
+        int code;
+    } rows[] = {
+        {GetJsonPlateColorType,   "yellow",  2 },
+        {GetJsonVehicleType,      "tractor", 20},
+        {GetJsonVehicleColorType, "yellow",  4 },
+        {GetJsonPlateType,        "tractor", 14}
+    };
+    for (const auto& [read, word, code] : rows) {
+        const std::string message = "[\"" + std::string(word) + "\",\"no word\"]";
+        jsonparser::MessageText text(message);
+        int type = kBefore;
+        read(text.at("/1"), type);
+        EXPECT_EQ(type, kBefore) << word;
+        read(text.at("/0"), type);
+        EXPECT_EQ(type, code) << word;
+    }
+}
+
 TEST(StatesOfText, AreLeftAsTheyWereWhereTheMessageIsRefused) {
     jsonparser::MessageText text(R"(["no word"])");
     jsonparser::MessageText refused("[");

@@ -27,7 +27,11 @@ void* operator new(std::size_t size) {
 }
 
 void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-    return textMemoryIsGone ? nullptr : std::malloc(size == 0 ? 1 : size);
+    try {
+        return textMemoryIsGone ? nullptr : ::operator new[](size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
 }
 
 void operator delete(void* memory) noexcept { std::free(memory); }
@@ -93,6 +97,20 @@ TEST(MessageText, ATreeThatThereIsNoMemoryForIsRenderedAsNothing) {
     EXPECT_STREQ(field, "");
     node->renderTo(field, sizeof field);
     EXPECT_STREQ(field, "[1,2,3]");
+}
+
+TEST(MessageText, AnEscapedTextThatThereIsNoMemoryForIsEmpty) {
+    const std::string text = "[\"\\u0041" + std::string(100, 'x') + "\"]";
+    MessageText message(text);
+    const auto node = NodeAt(message.at("/0"));
+    ASSERT_TRUE(node.has_value());
+    char field[200] = "before";
+    memoryIsGone = true;
+    node->rawTo(field, sizeof field - 1);
+    memoryIsGone = false;
+    EXPECT_STREQ(field, "");
+    node->rawTo(field, sizeof field - 1);
+    EXPECT_EQ(field, 'A' + std::string(100, 'x'));
 }
 
 TEST(MessageText, ALongTextThatThereIsNoMemoryForIsEmptyInItsField) {

@@ -415,7 +415,11 @@ TEST(MessageText, FindsOtherPlacesThanTheOneThatWasReadFirst) {
         {"",     0},
         {"/a",   1}
     };
-    for (const char* text : {R"({"a":1,"ab":2})", R"({"a":1,"ab":2,"c":[/**/3]})"}) {
+    for (const std::string text : {R"({"a":1,"ab":2})", R"({"a":1,"ab":2,"c":[/**/3]})"}) {
+        MessageText withRootSecond(text);
+        EXPECT_EQ(NodeAt(withRootSecond.at("/a"))->asInt(), 1);
+        EXPECT_TRUE(withRootSecond.at("").exists());
+        EXPECT_EQ(NodeAt(withRootSecond.at(""))->operator[]("ab").asInt(), 2);
         MessageText message(text);
         for (const auto& [pointer, expected] : rows) {
             const auto node = NodeAt(message.at(pointer));

@@ -16,6 +16,7 @@
 
 #include "testing/buffer.h"
 #include "testing/json.h"
+#include "testing/locale.h"
 
 namespace {
 
@@ -27,6 +28,7 @@ using testing_tools::Buffer;
 using testing_tools::Holding;
 using testing_tools::HostileValues;
 using testing_tools::Json;
+using testing_tools::Utf8Texts;
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
@@ -596,6 +598,7 @@ TEST(Node, RawToCutsByteForByte) {
 }
 
 TEST(Node, Utf8ToWritesTheTextOfAnyValueButNull) {
+    const Utf8Texts utf8;
     for (const auto& [value, text] : Texts()) {
         const auto length = static_cast<int>(text.size());
         for (const int limit : {0, 1, length - 1, length, length + 1, 260, INT_MAX}) {
@@ -631,6 +634,7 @@ TEST(Node, Utf8ToPutsTheTerminatorBehindTheLimit) {
 }
 
 TEST(Node, Utf8ToTakesSoManyBytesOfASourceThatIsCopied) {
+    const Utf8Texts utf8;
     const std::string expected[] = {"", "a", "a\xC3", "aé", "aé\xE8", "aé\xE8\xB7", "aé路", "aé路z", "aé路z"};
     const Json::Value value = "aé路z";
     for (std::size_t limit = 0; limit < std::size(expected); ++limit) {
@@ -641,6 +645,7 @@ TEST(Node, Utf8ToTakesSoManyBytesOfASourceThatIsCopied) {
 }
 
 TEST(Node, StringToCopiesTextsAndEmptiesTheFieldForAllElse) {
+    const Utf8Texts utf8;
     for (const auto& [value, text] : Texts()) {
         Buffer field(kField);
         EXPECT_EQ(Node(value).stringTo(field.get(), kField), value.isString()) << value;
@@ -652,6 +657,7 @@ TEST(Node, StringToCopiesTextsAndEmptiesTheFieldForAllElse) {
 }
 
 TEST(Node, RenderToWritesAnyValueAsText) {
+    const Utf8Texts utf8;
     for (const auto& [value, text] : Texts()) {
         if (value.isArray() || value.isObject()) continue;
         Buffer field(kField);
@@ -670,6 +676,7 @@ TEST(Node, RenderToWritesAnyValueAsText) {
 }
 
 TEST(Node, StringToAndRenderToCutBetweenCharacters) {
+    const Utf8Texts utf8;
     const std::string expected[] = {"",     "a",    "a",    "aé",    "aé",     "aé",    "aé路",
                                     "aé路", "aé路", "aé路", "aé路😀", "aé路😀z", "aé路😀z"};
     const Json::Value value = "aé路😀z";
@@ -695,6 +702,7 @@ TEST(Node, StringToAndRenderToWriteNothingForASizeOfZeroOrLess) {
 }
 
 TEST(Node, HeapUtf8GivesTheTextOfAnyValue) {
+    const Utf8Texts utf8;
     for (const auto& [value, text] : Texts()) {
         const std::unique_ptr<char[]> heap(Node(value).heapUtf8());
         ASSERT_NE(heap, nullptr) << value;

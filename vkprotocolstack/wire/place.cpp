@@ -31,11 +31,10 @@ Integer IntegerOf(Json::ValueType type, const Json::Value* value) {
     }
 }
 
+/// Of an entry that is no Integer.
 template <class Integer>
 Integer IntegerOf(const TextEntry& entry) {
     switch (entry.type) {
-        case TextType::Integer:
-            return static_cast<Integer>(entry.integer);
         case TextType::Unsigned:
             return static_cast<Integer>(entry.unsignedInteger);
         case TextType::Real:
