@@ -105,9 +105,6 @@ long long Node::watchedRealToInt64() const {
     return number;
 }
 
-long Node::utcSeconds() const { return number<int, &Place::asInt, kUtcSeconds>(); }
-long Node::unsignedUtcSeconds() const { return number<unsigned, &Place::asUInt, kUnsignedUtcSeconds>(); }
-
 void Node::rawTo(char* field, std::size_t count) const {
     if (place_.isPlain()) return CopyText(place_.plain().substr(0, count), field);
     std::string storage;

@@ -117,8 +117,8 @@ class Node {
     /// asDouble cut toward zero.
     long long realToInt64() const;
     /// asInt and asUInt of seconds since 1970-01-01 00:00:00 UTC.
-    long utcSeconds() const;
-    long unsignedUtcSeconds() const;
+    long utcSeconds() const { return number<int, &Place::asInt, kUtcSeconds>(); }
+    long unsignedUtcSeconds() const { return number<unsigned, &Place::asUInt, kUnsignedUtcSeconds>(); }
 
     // ---- text into a field
     /// As it stands: at most count bytes, up to the first NUL, and a terminator behind them.
