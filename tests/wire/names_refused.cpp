@@ -6,7 +6,7 @@ namespace {
 #ifdef NAME_TWICE
 constexpr jsonparser::NameList kNames{"Speed", "Lane", "Speed"};
 #elif defined(NAME_TOO_LONG)
-constexpr jsonparser::NameList kNames{"Lane", "NameOfThirtyTwoBytes123456789012"};
+constexpr jsonparser::NameList kNames{"Lane", "NameOfTwentySevenBytes12345"};
 #else
 constexpr jsonparser::NameList kNames{"Speed", "Lane"};
 #endif
