@@ -32,13 +32,6 @@ inline bool IsDigit(char byte) { return DigitOf(byte) <= 9; }
 
 inline bool IsContainer(char byte) { return byte == '{' || byte == '['; }
 
-/// What a number that is no integer has behind its first digits.
-constexpr auto kNumberGoesOn = [] {
-    std::array<bool, 256> goesOn{};
-    for (const char byte : {'.', 'e', 'E'}) goesOn[static_cast<unsigned char>(byte)] = true;
-    return goesOn;
-}();
-
 /// Bit i is set when an odd number of bits from it downward are.
 inline std::uint64_t ShiftedPrefixXor(std::uint64_t bits) {
     for (unsigned shift = 1; shift < 64; shift *= 2) bits ^= bits << shift;
@@ -91,6 +84,13 @@ class Pass {
     static constexpr std::size_t kBlock = 64;
     static constexpr std::size_t kMostAhead = 32 * kBlock;
     static constexpr std::size_t kAheadSkipping = 4 * kBlock;
+
+    /// What a number that is no integer has behind its first digits.
+    static constexpr auto kNumberGoesOn = [] {
+        std::array<bool, 256> goesOn{};
+        for (const char byte : {'.', 'e', 'E'}) goesOn[static_cast<unsigned char>(byte)] = true;
+        return goesOn;
+    }();
 
     const char* declined(const char* p) {
         job_.stop = p;
