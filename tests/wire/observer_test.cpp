@@ -355,9 +355,16 @@ TEST(Observer, SeesThatATextIsBothCutAndReplaced) {
 }
 
 TEST(Observer, SeesAnErrorCodeOfAReal) {
-    const auto read = [](Node node) { node.asErrorCode(); };
-    EXPECT_EQ(Observed(Json("7.5"), read), " | real | error code | [7] fraction cut\n");
-    EXPECT_EQ(Observed(Json("7"), read), " | int | error code | [7]\n");
+    const auto read = [](Node node) {
+        const auto only7 = [](unsigned device, unsigned& library) {
+            library = device == 7 ? 70 : library;
+            return device == 7;
+        };
+        node.errorCode(only7, 1);
+    };
+    EXPECT_EQ(Observed(Json("7.5"), read), " | real | error code | [70] fraction cut\n");
+    EXPECT_EQ(Observed(Json("7"), read), " | int | error code | [70]\n");
+    EXPECT_EQ(Observed(Json("8.5"), read), " | real | error code | [1] not in the table\n");
 }
 
 TEST(Observer, PathsAreJsonPointers) {
