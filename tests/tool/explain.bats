@@ -137,6 +137,22 @@ END
     [ "${lines[-1]}" = "$CAR: 47 values looked for, 4 findings" ]
 }
 
+@test "what is no array, or an empty one, where elements are read" {
+    for record in tagCFG_TIME_SECTION tagNET_TIME_SECTION; do
+        for message in null '[]'; do
+            run "$JSONPARSER" explain $record <<<"$message"
+            [ "$status" -eq 0 ]
+            [[ "$output" != *"nothing reads this"* ]]
+        done
+        for message in '{}' '"1 08:00:00-12:00:00"' 5; do
+            run "$JSONPARSER" explain $record <<<"$message"
+            [ "$status" -eq 1 ]
+            [[ "$(row /)" == *" size 0 "*"wrong type, read as no elements" ]]
+            [[ "$output" == *" looked for, 1 finding"* ]]
+        done
+    done
+}
+
 @test "a value that a test refuses" {
     explain_car <<<'{"Weight": "heavy", "VehicleColorRGB": [1]}'
     [ "$status" -eq 1 ]

@@ -83,7 +83,7 @@ class Node {
         (std::make_index_sequence<N>());
     }
     /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
-    /// for each, and reports none of its own.
+    /// for each. Reports size once, and of the elements what visit does with them.
     /// @return whether it never did
     template <class Visit>
     bool forElements(std::size_t most, Visit visit) const {
@@ -217,7 +217,7 @@ class Node {
     }
     template <class Visit>
     [[gnu::cold, gnu::noinline]] static bool eachElement(Place watched, std::size_t most, Visit& visit) {
-        const std::size_t size = std::min(valueOf(watched).size(), most);
+        const std::size_t size = std::min(reportedSize(watched), most);
         std::size_t index = 0;
         while (index < size && visit(Node(watched.element(index)), index)) ++index;
         return index == size;
