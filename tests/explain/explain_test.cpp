@@ -152,15 +152,36 @@ TEST(Explain, SaysWhatBecameOfOtherConversions) {
     EXPECT_EQ(At(ofPoint, "/0"), Lines{"kept: kept, as the 16 bits of -5"});
     EXPECT_EQ(At(ofPoint, "/1"), Lines{"wrapped: wrapped to the low 16 bits | 0 to 65535"});
 
-    const Json::Value reply = Json(R"({"error": {"code": "268632079"}})");
-    const Explanation ofReply = Explain(reply, [&] { ParseErrorCode(reply); });
-    EXPECT_EQ(At(ofReply, "/error/code"),
-              Lines{"wrong type: wrong type, read as no usable code | an integer of 32 bits"});
-
     const Json::Value notAnObject = "text";
     Explanation ofText = Explain(notAnObject, [&] { ParseErrorCode(notAnObject); });
     EXPECT_EQ(At(ofText, ""), Lines{"wrong type: wrong type, read as no members | an object"});
     EXPECT_EQ(ofText.findings(), 1U);
+}
+
+TEST(Explain, ShowsWhatTheRecordGetsForACodeOfAReply) {
+    const struct {
+        const char* code;
+        const char* value;
+        Lines became;
+    } rows[] = {
+        {"268632080",      "2147483727", {"kept: kept"}                                                            },
+        {"0",              "0",          {"kept: kept"}                                                            },
+        {"268959743",      "2147483669", {"unknown keyword: not in the table | a known device error code"}         },
+        {R"("268632080")", "2147483669", {"wrong type: wrong type, read as no usable code | an integer of 32 bits"}},
+        {"4563599376",     "2147483669", {"wrong type: wrong type, read as no usable code | an integer of 32 bits"}},
+        {"null",           "2147483669", {"default: written by default"}                                           },
+    };
+    for (const auto& row : rows) {
+        const Json::Value reply = Json(R"({"error": {"code": )" + std::string(row.code) + "}}");
+        unsigned library = 1;
+        const Explanation why = Explain(reply, [&] { library = ParseErrorCode(reply); });
+        EXPECT_EQ(At(why, "/error/code"), row.became) << row.code;
+        EXPECT_EQ(std::to_string(library), row.value) << row.code;
+        for (const Reading& reading : why.readings) {
+            if (reading.path != "/error/code") continue;
+            EXPECT_EQ(reading.value, row.value) << row.code;
+        }
+    }
 }
 
 TEST(Explain, SaysWhichCharactersTheLocalEncodingLacks) {

@@ -106,6 +106,27 @@ END
     [ "$(row /)" = "/ integer 704 not isString refused by isString, left as it was" ]
 }
 
+@test "the library's code of a reply: known, unknown, not usable, missing" {
+    code() { run "$JSONPARSER" explain ErrorCode <<<"{\"error\": {\"code\": $1}}"; }
+    code 268632080
+    [ "$status" -eq 0 ]
+    [ "$(row /error/code)" = "/error/code integer 268632080 error code 2147483727 kept" ]
+    code 268959743
+    [ "$status" -eq 1 ]
+    [ "$(row /error/code)" = "/error/code integer 268959743 error code 2147483669 not in the table" ]
+    code '"x"'
+    [ "$status" -eq 1 ]
+    [ "$(row /error/code)" = '/error/code text "x" error code 2147483669 wrong type, read as no usable code' ]
+    code null
+    [ "$status" -eq 0 ]
+    [ "$(row /error/code)" = "/error/code null null error code 2147483669 written by default" ]
+    run --separate-stderr "$JSONPARSER" decode ErrorCode --strict <<<'{"error": {"code": 268959743}}'
+    [ "$status" -eq 1 ]
+    [ "${lines[1]}" = "  nCode  2147483669" ]
+    [[ "${stderr_lines[0]}" == \
+        *": /error/code: found 268959743, expected a known device error code (not in the table)" ]]
+}
+
 @test "the wrong type" {
     explain_car <<<'{"Speed": "87", "StereoGarage": 5, "Redundance": "x", "PlateColor": {}}'
     [ "$status" -eq 1 ]
@@ -114,6 +135,22 @@ END
     [[ "$(row /Redundance)" == *" wrong type, read as no elements" ]]
     [[ "$(row /PlateColor)" == *" wrong type, read as the empty text" ]]
     [ "${lines[-1]}" = "$CAR: 47 values looked for, 4 findings" ]
+}
+
+@test "what is no array, or an empty one, where elements are read" {
+    for record in tagCFG_TIME_SECTION tagNET_TIME_SECTION; do
+        for message in null '[]'; do
+            run "$JSONPARSER" explain $record <<<"$message"
+            [ "$status" -eq 0 ]
+            [[ "$output" != *"nothing reads this"* ]]
+        done
+        for message in '{}' '"1 08:00:00-12:00:00"' 5; do
+            run "$JSONPARSER" explain $record <<<"$message"
+            [ "$status" -eq 1 ]
+            [[ "$(row /)" == *" size 0 "*"wrong type, read as no elements" ]]
+            [[ "$output" == *" looked for, 1 finding"* ]]
+        done
+    done
 }
 
 @test "a value that a test refuses" {

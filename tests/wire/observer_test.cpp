@@ -355,9 +355,29 @@ TEST(Observer, SeesThatATextIsBothCutAndReplaced) {
 }
 
 TEST(Observer, SeesAnErrorCodeOfAReal) {
-    const auto read = [](Node node) { node.asErrorCode(); };
-    EXPECT_EQ(Observed(Json("7.5"), read), " | real | error code | [7] fraction cut\n");
-    EXPECT_EQ(Observed(Json("7"), read), " | int | error code | [7]\n");
+    const auto read = [](Node node) {
+        const auto only7 = [](unsigned device, unsigned& library) {
+            library = device == 7 ? 70 : library;
+            return device == 7;
+        };
+        node.errorCode(only7, 1);
+    };
+    EXPECT_EQ(Observed(Json("7.5"), read), " | real | error code | [70] fraction cut\n");
+    EXPECT_EQ(Observed(Json("7"), read), " | int | error code | [70]\n");
+    EXPECT_EQ(Observed(Json("8.5"), read), " | real | error code | [1] not in the table\n");
+}
+
+TEST(Observer, SeesTheSizeOfWhatIsWalkedThroughOnce) {
+    const auto read = [](Node node) {
+        node.forElements(2, [](Node element, std::size_t) {
+            element.asInt();
+            return true;
+        });
+    };
+    EXPECT_EQ(Observed(Json("[5, 6, 7]"), read), " | array | size | [3]\n/0 | int | int | [5]\n/1 | int | int | [6]\n");
+    EXPECT_EQ(Observed(Json("[]"), read), " | array | size | [0]\n");
+    EXPECT_EQ(Observed(Json("{}"), read), " | object | size | [0]\n");
+    EXPECT_EQ(Observed(Json("null"), read), " | null | size | [0]\n");
 }
 
 TEST(Observer, PathsAreJsonPointers) {

@@ -24,9 +24,7 @@ constexpr unsigned kNoUsableCode = 0x80000015;
 unsigned LibraryCodeOf(Node reply) {
     const Members<kNames> in(reply);
     const Members<kErrorNames> error(in["error"]);
-    unsigned libraryCode = kNoUsableCode;
-    if (const auto deviceCode = error["code"].asErrorCode()) ParseErrorCode(*deviceCode, libraryCode);
-    return libraryCode;
+    return error["code"].errorCode(ParseErrorCode, kNoUsableCode);
 }
 
 }  // namespace

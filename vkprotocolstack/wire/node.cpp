@@ -85,14 +85,6 @@ int Node::watchedIntPlusOne() const {
     return number;
 }
 
-std::optional<unsigned> Node::asErrorCode() const {
-    std::optional<unsigned> code;
-    const Place place = plain().place_;
-    if (place.is32Bits()) code = static_cast<unsigned>(place.asInt());
-    if (place_.isWatched()) report(place_).errorCode(code);
-    return code;
-}
-
 long long Node::realToInt64() const {
     if (!place_.isInteger() && place_.isWatched()) [[unlikely]]
         return watchedRealToInt64();
@@ -263,6 +255,14 @@ int Node::firstEqual(std::span<const unsigned> numbers, int otherwise) const {
     const int place = found ? static_cast<int>(row - numbers.begin()) : otherwise;
     if (place_.isWatched()) report(place_).place("unsigned, place in a table", numbers, place, found);
     return place;
+}
+
+unsigned Node::errorCode(bool (*translate)(unsigned device, unsigned& library), unsigned otherwise) const {
+    const Place place = plain().place_;
+    unsigned code = otherwise;
+    const bool known = place.is32Bits() && translate(static_cast<unsigned>(place.asInt()), code);
+    if (place_.isWatched()) report(place_).errorCode(code, known);
+    return code;
 }
 
 }  // namespace jsonparser

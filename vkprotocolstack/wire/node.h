@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -84,7 +83,7 @@ class Node {
         (std::make_index_sequence<N>());
     }
     /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
-    /// for each, and reports none of its own.
+    /// for each. Reports size once, and of the elements what visit does with them.
     /// @return whether it never did
     template <class Visit>
     bool forElements(std::size_t most, Visit visit) const {
@@ -111,9 +110,6 @@ class Node {
     unsigned short uintLow16() const { return number<unsigned short, &Place::asUInt, kUnsignedLow16>(); }
     /// asInt plus one; wraps at the limit.
     int intPlusOne() const;
-    /// The 32-bit pattern of asInt. Nothing when it is null, a text, an array, an object, or an integer that is neither
-    /// a signed nor an unsigned 32-bit number.
-    std::optional<unsigned> asErrorCode() const;
     /// asDouble cut toward zero.
     long long realToInt64() const;
     /// asInt and asUInt of seconds since 1970-01-01 00:00:00 UTC.
@@ -172,6 +168,10 @@ class Node {
     int firstExact(std::span<const std::string> texts, int otherwise) const;
     /// The index of the first number that equals asUInt, or otherwise.
     int firstEqual(std::span<const unsigned> numbers, int otherwise) const;
+    /// What translate makes of the 32-bit pattern of asInt. Otherwise when translate gives false, which leaves its
+    /// output alone, and for null, a text, an array, an object, or an integer that is neither a signed nor an unsigned
+    /// 32-bit number: translate is not asked for these.
+    unsigned errorCode(bool (*translate)(unsigned device, unsigned& library), unsigned otherwise) const;
 
   private:
     template <const auto& List>
@@ -217,7 +217,7 @@ class Node {
     }
     template <class Visit>
     [[gnu::cold, gnu::noinline]] static bool eachElement(Place watched, std::size_t most, Visit& visit) {
-        const std::size_t size = std::min(valueOf(watched).size(), most);
+        const std::size_t size = std::min(reportedSize(watched), most);
         std::size_t index = 0;
         while (index < size && visit(Node(watched.element(index)), index)) ++index;
         return index == size;

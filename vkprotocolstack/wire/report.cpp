@@ -195,17 +195,6 @@ template void Report::number(std::string_view, long long, int) const;
 template void Report::number(std::string_view, float, int) const;
 template void Report::number(std::string_view, double, int) const;
 
-void Report::errorCode(const std::optional<unsigned>& code) const {
-    constexpr std::string_view operation = "error code";
-    if (!code) {
-        return converted(operation, "(none)",
-                         isNull() ? Default() : WrongType("no usable code", "an integer of 32 bits"));
-    }
-    Became became = Kept();
-    if (value_->type() == Json::realValue) became = NumberBecame(value_, operation, static_cast<int>(*code), 0);
-    converted(operation, Shown(*code), std::move(became));
-}
-
 std::size_t Report::replacedIn(std::string_view local) const {
     const std::string source = text();
     const auto after = std::count(local.begin(), local.end(), '?');
@@ -353,6 +342,22 @@ void Report::place(std::string_view operation, std::span<const unsigned> table, 
         became = {Outcome::kUnknownKeyword, "not in the table", ListOf(numbers, "number")};
     }
     converted(operation, Shown(place), std::move(became));
+}
+
+void Report::errorCode(unsigned code, bool known) const {
+    constexpr std::string_view operation = "error code";
+    const Place device(value_);
+    Became became = Kept();
+    if (isNull()) {
+        became = Default();
+    } else if (!device.is32Bits()) {
+        became = WrongType("no usable code", "an integer of 32 bits");
+    } else if (!known) {
+        became = {Outcome::kUnknownKeyword, "not in the table", "a known device error code"};
+    } else if (value_->type() == Json::realValue) {
+        became = NumberBecame(value_, operation, device.asInt(), 0);
+    }
+    converted(operation, Shown(code), std::move(became));
 }
 
 }  // namespace jsonparser

@@ -5,7 +5,6 @@
 #include <json/value.h>
 
 #include <cstddef>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -35,7 +34,6 @@ class Report {
     /// A number that was read, plus added. Its type is that of the conversion: narrow ones keep low bits.
     template <class Number>
     [[gnu::cold]] void number(std::string_view operation, Number result, int added = 0) const;
-    [[gnu::cold]] void errorCode(const std::optional<unsigned>& code) const;
 
     // ---- what became of texts; fields hold local text
     [[gnu::cold]] void rawText(std::size_t count, const char* field) const;
@@ -55,6 +53,8 @@ class Report {
     [[gnu::cold]] void place(std::string_view operation, std::span<const std::string> table, int place,
                              bool found) const;
     [[gnu::cold]] void place(std::string_view operation, std::span<const unsigned> table, int place, bool found) const;
+    /// A device's code as the library's; known says that the device's is in the table.
+    [[gnu::cold]] void errorCode(unsigned code, bool known) const;
 
   private:
     void converted(std::string_view operation, std::string result, Became became) const;
