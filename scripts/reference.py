@@ -649,7 +649,8 @@ def exported(libraries):
             while "<" in name:
                 name = re.sub(r"<[^<>]*>", "", name)
             name = name.split(" ")[-1]
-            if not name.startswith("std::"):  # what templates of the language's own library leave
+            # What templates of the language's own library leave, and what the two libraries have between themselves.
+            if not name.startswith(("std::", "jsonparser::support::")):
                 found.add((name, is_template or symbol))
     return collections.Counter(name for name, _ in found)
 
