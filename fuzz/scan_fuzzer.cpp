@@ -26,6 +26,7 @@ constexpr std::tuple kFormats{
     NumberFormat<7>("%04d-%02d-%02d %02d:%02d:%02d.%d"),
     NumberFormat<6>("%04d%02d%02d %02d%02d%02d"),
     NumberFormat<3>("%02d:%02d:%02d"),
+    NumberFormat<3>("%04d-%02d-%02d"),
     NumberFormat<3>("%04u-%02u-%02u"),
     NumberFormat<7>("%d %02d:%02d:%02d-%02d:%02d:%02d"),
     NumberFormat<7>("%d %d:%d:%d-%d:%d:%d"),
