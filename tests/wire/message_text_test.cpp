@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <climits>
+#include <clocale>
 #include <cstring>
 #include <locale>
 #include <memory>
@@ -615,6 +616,7 @@ TEST(MessageText, ReadsRealsAsJsoncppDoesInAnyLocaleOfTheProgram) {
     struct Comma : std::numpunct<char> {
         char do_decimal_point() const override { return ','; }
     };
+    const std::string name = std::setlocale(LC_ALL, nullptr);
     const std::locale previous = std::locale::global(std::locale(std::locale::classic(), new Comma));
     for (const char* text : {"[1.5]", "[15]", "[1e3]"}) {
         Json::Value tree;
@@ -626,6 +628,7 @@ TEST(MessageText, ReadsRealsAsJsoncppDoesInAnyLocaleOfTheProgram) {
         }
     }
     std::locale::global(previous);
+    std::setlocale(LC_ALL, name.c_str());  // which a named locale has replaced, too
 }
 
 TEST(MessageText, TextsAreInTheEncodingOfTheLocaleInWhichTheyAreRead) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "vkprotocolstack/wire/node.h"
 
 namespace {
@@ -21,6 +22,7 @@ TEST(NodeHeapString, IsTheWholeTextWhateverItsLength) {
         const Heap heap(Node(text).heapString());
         EXPECT_STREQ(heap.get(), text.c_str());
     }
+    const testing_tools::Utf8Texts utf8;
     const Heap heap(Node(Json::Value("图片/一.jpg")).heapString());
     EXPECT_STREQ(heap.get(), "图片/一.jpg");
 }

@@ -68,6 +68,7 @@ class Listing : public Observer {
 };
 
 TEST(Observer, SeesAllThatTheTrafficCarConverterReads) {
+    const testing_tools::Utf8Texts utf8;
     Json::Value message = Json(R"({
         "PlateNumber": "沪A12345", "PlateType": "Normal", "Speed": 61.9, "ViolationCode": null,
         "Lane": -2, "CustomParkNo": "P-7", "VehicleSize": "Small", "VehicleLength": 4.5,

@@ -3,8 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <limits>
+#include <locale>
+#include <sstream>
 #include <string>
 
 #include "taken.h"
@@ -193,7 +194,10 @@ TEST(TextEntry, DecimalsOfAnyLengthAreTheNearestDouble) {
         }
         const Taken taken(InArray(text));
         ASSERT_EQ(taken.first().type, TextType::Real) << text;
-        const double expected = std::strtod(text.c_str(), nullptr);
+        double expected = 0;
+        std::istringstream stream(text);
+        stream.imbue(std::locale::classic());  // strtod would go by the program's
+        stream >> expected;
         ASSERT_EQ(DoubleOf(taken.first()), expected) << text;
         ASSERT_EQ(std::signbit(DoubleOf(taken.first())), std::signbit(expected)) << text;
     }
