@@ -73,8 +73,9 @@ class TextCopy {
     std::unique_ptr<char[]> long_;
 };
 
-/// Looks up the names in object, an object.
-void FindMembers(const Json::Value& object, const NameIndex& names, Place* found) {
+/// Looks up the names in object, an object. Of its own, as the next is: each has a frame that the other need not set
+/// up.
+[[gnu::noinline]] void FindMembers(const Json::Value& object, const NameIndex& names, Place* found) {
     constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
     std::size_t left = object.size();
     if (left / kMembersALookup > names.count) {
@@ -100,7 +101,7 @@ void FindMembers(const Json::Value& object, const NameIndex& names, Place* found
 }
 
 /// The same of an object on the tape.
-void FindOnTape(const TextEntry& object, const NameIndex& names, Place* found) {
+[[gnu::noinline]] void FindOnTape(const TextEntry& object, const NameIndex& names, Place* found) {
     if (object.matched == names.names) {
         static_assert(sizeof(Place) == sizeof(MarkedEntry));
         std::memcpy(static_cast<void*>(found), SlotsOf(&object, names.count), names.count * sizeof *found);

@@ -393,12 +393,6 @@ class Pass {
         }
     }
 
-    /// Behind the value at p, which stands in depth containers.
-    ALWAYS_INLINE const char* other(const char* p, std::size_t depth) {
-        if (IsContainer(*p)) return job_.skipOthers ? skipContainer(p) : checkContainer(p, depth);
-        return checkScalar(p);
-    }
-
     /// Behind the text whose characters begin at p.
     [[gnu::noinline]] const char* checkText(const char* p) {
         bool escaped = false;
@@ -440,6 +434,14 @@ class Pass {
     [[gnu::noinline]] const char* checkScalar(const char* p) {
         TextEntry entry;
         return scalar(p, entry);
+    }
+
+    /// Behind the value at p, which stands in depth containers, at least one.
+    ALWAYS_INLINE const char* otherWithComma(const char* p, std::size_t depth, bool& comma) {
+        if (*p == '"') return checkTextWithComma(p + 1, comma);
+        if (IsDigit(*p)) return checkNumberWithComma(p, comma);
+        if (!IsContainer(*p)) return checkScalar(p);
+        return job_.skipOthers ? skipContainer(p) : checkContainer(p, depth);
     }
 
     /// Behind the colon of the name whose characters begin at p.
@@ -780,6 +782,18 @@ class Pass {
         goto behindMember;
     }
 
+    /// The index of the entry's name in the expected ones plus one; 0 when it is none of them.
+    ALWAYS_INLINE std::size_t find(const TextEntry& entry) const {
+        const NameIndex& expected = *job_.expected;
+        const char* const quote = entry.name - 1;
+        const std::size_t index = expected.slots[HashOfName(entry.name, entry.nameSize) & expected.slotMask];
+        // Nearly always the hash leads to the name at once, or to nothing.
+        if (index == 0) return 0;
+        if (quote <= lastBlock_ && Blocks::Starts(quote, expected.quoted[index - 1])) [[likely]]
+            return index;
+        return expected.find(entry.name, entry.nameSize);
+    }
+
     /// Makes room behind the tape's last entry for the expected members that may follow, and one more.
     bool hasRoomForExpected() {
         if (limit_ - next_ > static_cast<std::ptrdiff_t>(job_.expected->count)) return true;
@@ -820,7 +834,7 @@ class Pass {
             p = nameWithColon(p, *entry);
             if (p == nullptr) [[unlikely]]
                 return nullptr;
-            const std::size_t found = expected.find(entry->name, entry->nameSize);
+            const std::size_t found = find(*entry);
             if (found != 0) {
                 quoted = expected.quoted + found;
                 slot = slots() + found;
@@ -931,7 +945,7 @@ class Pass {
             if (isObject[depth - 1]) goto member;
             goto element;
         } else {
-            p = other(p, depth);
+            p = checkScalar(p);
         }
         if (p == nullptr) [[unlikely]]
             return nullptr;
@@ -941,16 +955,20 @@ class Pass {
             return declined(p);
         p = skipBlanks(p);
         if (*p == ',') {
-            p = skipBlanks(p + 1);
-            if (isObject[depth - 1]) goto member;
-            ++indexes[depth - 1];
-            goto element;
+            ++p;
+            goto next;
         }
         if (*p != (isObject[depth - 1] ? '}' : ']')) return declined(p);
     close:
         ++p;
         --depth;
         goto behind;
+    next:
+        p = skipBlanks(p);
+        if (!isObject[depth - 1]) {
+            ++indexes[depth - 1];
+            goto element;
+        }
     member : {
         if (*p != '"') return declined(p);
         const char* const name = p + 1;
@@ -965,17 +983,18 @@ class Pass {
             forgetPart();  // of members with the same name the last one counts
             goto value;
         }
-        p = other(p, depth);
+    }
+    other : {
+        bool comma = false;
+        p = otherWithComma(p, depth, comma);
+        if (comma) goto next;
         if (p == nullptr) [[unlikely]]
             return nullptr;
         goto behind;
     }
     element:
         if (indexes[depth - 1] == job_.steps[depth - 1].index) goto value;
-        p = other(p, depth);
-        if (p == nullptr) [[unlikely]]
-            return nullptr;
-        goto behind;
+        goto other;
     }
 
     TextPass& job_;
