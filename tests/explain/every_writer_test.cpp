@@ -56,8 +56,6 @@ class RandomRecord {
                     mend(*field.record, element);
                 } else if (field.kind == FieldKind::Text && !ending_) {
                     std::replace(element, element + field.elementSize, '\0', 'x');
-                } else if (field.kind == FieldKind::Bool) {
-                    *element &= 1;
                 } else if (field.kind == FieldKind::HeapText) {
                     std::memset(element, 0, sizeof(char*));
                 } else if (field.kind == FieldKind::CallerText) {
