@@ -17,10 +17,12 @@
 namespace {
 
 thread_local bool memoryIsGone = false;
+thread_local int allocations = 0;
 
 }  // namespace
 
 void* operator new(std::size_t size) {
+    ++allocations;
     void* const memory = memoryIsGone ? nullptr : std::malloc(size == 0 ? 1 : size);
     if (memory == nullptr) throw std::bad_alloc();
     return memory;
@@ -246,6 +248,19 @@ TEST(JsonDimension, ANegativeShiftMeasuresAPlaceInATextAsMinus1) {
     jsonparser::MessageText text("[1, 2]");
     EXPECT_EQ(Json_dimension(-1)(text.at("")), -1);
     EXPECT_EQ(Json_dimension(0)(text.at("")), 1);
+}
+
+/// Growing by steps takes more than twice the time for twice the elements.
+TEST(JsonDimension, TakesTheMemoryForTheElementsOfAnArrayAtOnce) {
+    const auto allocationsFor = [](const Json::Value& value) {
+        allocations = 0;
+        EXPECT_EQ(Json_dimension(31)(value), 1);
+        return allocations;
+    };
+    Json::Value longer(Json::arrayValue);
+    longer.resize(1000);
+    EXPECT_GT(allocationsFor(Json("[1]")), 0);
+    EXPECT_EQ(allocationsFor(longer), allocationsFor(Json("[1]")));
 }
 
 TEST(JsonDimension, IsMinus1WithoutMemoryToKeepTrackOfTheArrays) {
