@@ -18,11 +18,13 @@ namespace {
 
 thread_local bool memoryIsGone = false;
 thread_local int allocations = 0;
+thread_local std::size_t bytesAllocated = 0;
 
 }  // namespace
 
 void* operator new(std::size_t size) {
     ++allocations;
+    bytesAllocated += size;
     void* const memory = memoryIsGone ? nullptr : std::malloc(size == 0 ? 1 : size);
     if (memory == nullptr) throw std::bad_alloc();
     return memory;
@@ -252,15 +254,19 @@ TEST(JsonDimension, ANegativeShiftMeasuresAPlaceInATextAsMinus1) {
 
 /// Growing by steps takes more than twice the time for twice the elements.
 TEST(JsonDimension, TakesTheMemoryForTheElementsOfAnArrayAtOnce) {
-    const auto allocationsFor = [](const Json::Value& value) {
+    const auto allocationsFor = [](int shift, const Json::Value& value) {
         allocations = 0;
-        EXPECT_EQ(Json_dimension(31)(value), 1);
+        bytesAllocated = 0;
+        EXPECT_EQ(Json_dimension(shift)(value), 1);
         return allocations;
     };
     Json::Value longer(Json::arrayValue);
     longer.resize(1000);
-    EXPECT_GT(allocationsFor(Json("[1]")), 0);
-    EXPECT_EQ(allocationsFor(longer), allocationsFor(Json("[1]")));
+    const int ofOne = allocationsFor(31, Json("[1]"));
+    EXPECT_GT(ofOne, 0);
+    EXPECT_EQ(allocationsFor(31, longer), ofOne);
+    EXPECT_EQ(allocationsFor(1, longer), ofOne);  // two elements count
+    EXPECT_LT(bytesAllocated, 1000U);
 }
 
 TEST(JsonDimension, IsMinus1WithoutMemoryToKeepTrackOfTheArrays) {
