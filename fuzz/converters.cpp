@@ -324,17 +324,34 @@ constexpr Writer kWriters[] = {
                                    [](auto& to, auto& from) { return PacketWirelessInfo(from, to); }),
 };
 
+long long ReadSegment(std::string text) {
+    tagVK_TSECT section{};
+    return getTimeScheduleFromStr(section, text.c_str());
+}
+
+long long LibraryCode(long deviceCode) {
+    unsigned code = 0;
+    return ParseErrorCode(static_cast<unsigned>(deviceCode), code) ? code : 0;
+}
+
+long long UtcOfTime(long seconds) { return GetUTCTimebyNetTime(GetNetTimeByUTCTime(seconds)); }
+long long UtcOfTimeNew(long seconds) { return GetUTCTimebyNetTimeNew(GetNetTimeByUTCTimeNew(seconds)); }
+long long LocalOfTimeNew(long seconds) { return GetLocalTimebyNetTimeNew(GetNetTimeByUTCTimeNew(seconds)); }
+
 constexpr TextReader kTextReaders[] = {
-    {"ParseSafeBeltStatue",    [](std::string text) -> long long { return ParseSafeBeltStatue(std::move(text)); }},
-    {"ActionToInt",            [](std::string text) -> long long { return ActionToInt(text.data()); }            },
-    {"ParseStorageError",      [](std::string text) -> long long { return ParseStorageError(text); }             },
-    {"ParseRaidError",         [](std::string text) -> long long { return ParseRaidError(text); }                },
-    {"ParseResolutionString",  [](std::string text) -> long long { return ParseResolutionString(text.c_str()); } },
-    {"getTimeScheduleFromStr",
-     [](std::string text) -> long long {
-         tagVK_TSECT section{};
-         return getTimeScheduleFromStr(section, text.c_str());
-     }                                                                                                           },
+    {"ParseSafeBeltStatue",    "WithSafeBelt",        [](auto text) { return 0LL + ParseSafeBeltStatue(std::move(text)); }},
+    {"ActionToInt",            "Appear",              [](auto text) { return 0LL + ActionToInt(text.data()); }            },
+    {"ParseStorageError",      "RaidFailed",          [](auto text) { return 0LL + ParseStorageError(text); }             },
+    {"ParseRaidError",         "RaidFailed",          [](auto text) { return 0LL + ParseRaidError(text); }                },
+    {"ParseResolutionString",  "1920x1080",           [](auto text) { return 0LL + ParseResolutionString(text.c_str()); } },
+    {"getTimeScheduleFromStr", "1 08:00:00-17:30:00", ReadSegment                                                         },
+};
+
+constexpr NumberConverter kNumberConverters[] = {
+    {"ParseErrorCode",                                     0x01003007, LibraryCode   },
+    {"GetUTCTimebyNetTime of GetNetTimeByUTCTime",         1704447000, UtcOfTime     },
+    {"GetUTCTimebyNetTimeNew of GetNetTimeByUTCTimeNew",   1704447000, UtcOfTimeNew  },
+    {"GetLocalTimebyNetTimeNew of GetNetTimeByUTCTimeNew", 1704447000, LocalOfTimeNew},
 };
 
 bool IsPointer(const Field& field) { return field.kind == FieldKind::HeapText || field.kind == FieldKind::CallerText; }
@@ -372,6 +389,7 @@ void TakeTexts(const RecordLayout& layout, char* record, std::string& texts) {
 std::span<const Reader> Readers() { return kReaders; }
 std::span<const Writer> Writers() { return kWriters; }
 std::span<const TextReader> TextReaders() { return kTextReaders; }
+std::span<const NumberConverter> NumberConverters() { return kNumberConverters; }
 
 Memory::Memory(const Target& target, std::size_t placement)
     : target_(target), placement_(placement), bytes_(new unsigned char[whole()]) {

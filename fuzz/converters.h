@@ -45,12 +45,21 @@ struct Writer {
 /// A reader of a text that is in no message.
 struct TextReader {
     std::string_view name;
+    std::string_view known;  ///< a text that it gives another result for than for one that it does not know
     long long (*read)(std::string text);
+};
+
+/// A converter of a number, or two of which one takes what the other gives.
+struct NumberConverter {
+    std::string_view name;
+    long known;  ///< as for texts
+    long long (*convert)(long number);
 };
 
 std::span<const Reader> Readers();
 std::span<const Writer> Writers();
 std::span<const TextReader> TextReaders();
+std::span<const NumberConverter> NumberConverters();
 
 /// Memory for a target between guard bytes, at an address that is placement modulo 8, filled with a pattern. Its
 /// pointers are null or, where a record takes buffers of its caller, lead to buffers of the sizes that it states. What

@@ -17,10 +17,14 @@
 namespace {
 
 thread_local bool memoryIsGone = false;
+thread_local int allocations = 0;
+thread_local std::size_t bytesAllocated = 0;
 
 }  // namespace
 
 void* operator new(std::size_t size) {
+    ++allocations;
+    bytesAllocated += size;
     void* const memory = memoryIsGone ? nullptr : std::malloc(size == 0 ? 1 : size);
     if (memory == nullptr) throw std::bad_alloc();
     return memory;
@@ -246,6 +250,23 @@ TEST(JsonDimension, ANegativeShiftMeasuresAPlaceInATextAsMinus1) {
     jsonparser::MessageText text("[1, 2]");
     EXPECT_EQ(Json_dimension(-1)(text.at("")), -1);
     EXPECT_EQ(Json_dimension(0)(text.at("")), 1);
+}
+
+/// Growing by steps takes more than twice the time for twice the elements.
+TEST(JsonDimension, TakesTheMemoryForTheElementsOfAnArrayAtOnce) {
+    const auto allocationsFor = [](int shift, const Json::Value& value) {
+        allocations = 0;
+        bytesAllocated = 0;
+        EXPECT_EQ(Json_dimension(shift)(value), 1);
+        return allocations;
+    };
+    Json::Value longer(Json::arrayValue);
+    longer.resize(1000);
+    const int ofOne = allocationsFor(31, Json("[1]"));
+    EXPECT_GT(ofOne, 0);
+    EXPECT_EQ(allocationsFor(31, longer), ofOne);
+    EXPECT_EQ(allocationsFor(1, longer), ofOne);  // two elements count
+    EXPECT_LT(bytesAllocated, 1000U);
 }
 
 TEST(JsonDimension, IsMinus1WithoutMemoryToKeepTrackOfTheArrays) {

@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <functional>
 #include <new>
 #include <string>
@@ -21,6 +22,7 @@
 #include "fuzz/converters.h"
 #include "places.h"
 #include "testing/json.h"
+#include "testing/zone.h"
 #include "vkprotocolstack/JsonParser.h"
 
 #ifndef __has_feature
@@ -440,6 +442,35 @@ TEST_P(FailingAllocations, OfWritersAreSoftAndLeakNothing) {
     }
     std::printf("%ld allocations failed, one at a time\n", failures);
     EXPECT_GT(failures, 100);
+}
+
+TEST_P(FailingAllocations, OfConvertersThatTakeNoMessageAreNone) {
+    // The C library takes memory for a zone that is new to it, and for one that TZ does not name at every call.
+    const testing_tools::TimeZone zone("Asia/Shanghai");
+    tzset();
+    std::size_t conversions = 0;
+    const auto expectNone = [&](std::string_view name, const std::function<void()>& convert) {
+        const auto nothing = [](auto...) {};
+        EXPECT_EQ(FailEach(name, convert, nothing, nothing), 0) << name;
+        ++conversions;
+    };
+    for (const fuzz::TextReader& reader : fuzz::TextReaders()) {
+        for (const std::string& text : TextsFor(reader)) {
+            expectNone(reader.name, [&] {
+                isConverting = false;
+                std::string given = text;
+                isConverting = true;
+                reader.read(std::move(given));
+            });
+        }
+    }
+    for (const fuzz::NumberConverter& converter : fuzz::NumberConverters()) {
+        for (const long number : NumbersFor(converter)) {
+            expectNone(converter.name, [&] { converter.convert(number); });
+        }
+    }
+    std::printf("%zu conversions without an allocation\n", conversions);
+    EXPECT_GT(conversions, 100U);
 }
 
 // ---- the test itself

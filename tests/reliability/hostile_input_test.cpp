@@ -195,10 +195,49 @@ INSTANTIATE_TEST_SUITE_P(All, EveryReader, testing::ValuesIn(AllReaders()), [](c
 
 TEST(EveryTextReader, TakesAnyText) {
     for (const fuzz::TextReader& reader : fuzz::TextReaders()) {
+        EXPECT_NE(reader.read(std::string(reader.known)), reader.read("")) << reader.name;
         for (const Json::Value& value : Hostile()) {
             if (!value.isString()) continue;
             EXPECT_NO_THROW(reader.read(value.asString())) << reader.name;
         }
+    }
+}
+
+TEST(EveryNumberConverter, TakesAnyNumber) {
+    for (const fuzz::NumberConverter& converter : fuzz::NumberConverters()) {
+        EXPECT_NE(converter.convert(converter.known), converter.convert(0)) << converter.name;
+        for (const long number : NumbersFor(converter)) EXPECT_NO_THROW(converter.convert(number)) << converter.name;
+    }
+}
+
+/// Without this, a new function would go untested unnoticed. Releasing what a record owns is tested with every reader.
+TEST(Converters, AreAllThatTheContractHasButTheReleaseOfTexts) {
+    std::string tested;
+    const auto add = [&tested](const auto& converters) {
+        for (const auto& converter : converters) tested += std::string(converter.name) + '\n';
+    };
+    add(fuzz::Readers());
+    add(fuzz::Writers());
+    add(fuzz::TextReaders());
+    add(fuzz::NumberConverters());
+    std::ifstream contract(JSONPARSER_CONVERTERS "/JsonParser.h");
+    static const std::regex kClass(R"(^(?:class|struct) (?:VK_API )?(\w+) \{)");
+    static const std::regex kMember(R"(^    (?:static bool|long long) (\w+)\()");
+    static const std::regex kFunction(R"(^VK_API .*?(\w+)\()");
+    std::set<std::string> names;
+    std::string className;
+    for (std::string line; std::getline(contract, line);) {
+        std::smatch match;
+        if (std::regex_search(line, match, kClass)) className = match[1];
+        if (std::regex_search(line, match, kMember)) {
+            names.insert(className + (match[1] == "operator" ? "" : "::" + match[1].str()));
+        }
+        if (std::regex_search(line, match, kFunction)) names.insert(match[1]);
+    }
+    EXPECT_EQ(names.erase("ReleaseTexts"), 1U);
+    EXPECT_GT(names.size(), 70U);
+    for (const std::string& name : names) {
+        EXPECT_TRUE(std::regex_search(tested, std::regex("\\b" + name + "\\b"))) << name;
     }
 }
 

@@ -188,4 +188,20 @@ std::vector<Json::Value> Samples(const fuzz::Reader& reader) {
     return samples;
 }
 
+std::vector<std::string> TextsFor(const fuzz::TextReader& reader) {
+    std::vector<std::string> texts{std::string(reader.known)};
+    for (const Json::Value& value : testing_tools::HostileValues()) {
+        if (value.isString()) texts.push_back(value.asString());
+    }
+    return texts;
+}
+
+std::vector<long> NumbersFor(const fuzz::NumberConverter& converter) {
+    std::vector<long> numbers{converter.known};
+    for (const Json::Value& value : testing_tools::HostileValues()) {
+        if (value.isInt64()) numbers.push_back(value.asInt64());
+    }
+    return numbers;
+}
+
 }  // namespace reliability

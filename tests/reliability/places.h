@@ -1,4 +1,5 @@
-// Where readers look in a message, found by watching them, and messages that have something there.
+// Where readers look in a message, found by watching them, and messages that have something there; what converters take
+// that no message has.
 #ifndef TESTS_RELIABILITY_PLACES_H
 #define TESTS_RELIABILITY_PLACES_H
 
@@ -41,6 +42,10 @@ std::set<Path> Looks(const fuzz::Reader& reader, Json::Value node);
 
 /// The part of each sample message that is this reader's, found by the name of its record.
 std::vector<Json::Value> Samples(const fuzz::Reader& reader);
+
+/// One that the converter knows, then those of the hostile values.
+std::vector<std::string> TextsFor(const fuzz::TextReader& reader);
+std::vector<long> NumbersFor(const fuzz::NumberConverter& converter);
 
 }  // namespace reliability
 

@@ -183,6 +183,19 @@ TEST_P(SmallStacks, SufficeForWriters) {
     most.show("writers");
 }
 
+TEST_P(SmallStacks, SufficeForConvertersThatTakeNoMessage) {
+    Most most;
+    for (const fuzz::TextReader& reader : fuzz::TextReaders()) {
+        for (const std::string& text : TextsFor(reader)) most.add(stack_.run([&] { reader.read(text); }), reader.name);
+    }
+    for (const fuzz::NumberConverter& converter : fuzz::NumberConverters()) {
+        for (const long number : NumbersFor(converter)) {
+            most.add(stack_.run([&] { converter.convert(number); }), converter.name);
+        }
+    }
+    most.show("converters that take no message");
+}
+
 // ---- nested messages: what jsoncpp copies and reads, it does by calling itself
 
 TEST_P(SmallStacks, SufficeForValuesOf400Levels) {

@@ -37,7 +37,7 @@ std::vector<Sent> Messages() {
     return messages;
 }
 
-/// What all converters make of the messages, and of records of any bytes.
+/// What all converters make of the messages, of records of any bytes, and of texts and numbers.
 std::vector<std::string> Converted(const std::vector<Sent>& messages) {
     std::vector<std::string> results;
     for (const Sent& sent : messages) {
@@ -56,6 +56,12 @@ std::vector<std::string> Converted(const std::vector<Sent>& messages) {
         Json::Value written;
         writer.write(written, memory.get());
         results.push_back(testing_tools::Text(written));
+    }
+    for (const fuzz::TextReader& reader : fuzz::TextReaders()) {
+        for (const std::string& text : TextsFor(reader)) results.push_back(std::to_string(reader.read(text)));
+    }
+    for (const fuzz::NumberConverter& converter : fuzz::NumberConverters()) {
+        for (const long number : NumbersFor(converter)) results.push_back(std::to_string(converter.convert(number)));
     }
     return results;
 }

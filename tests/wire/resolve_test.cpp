@@ -10,6 +10,21 @@
 #include "testing/json.h"
 #include "vkprotocolstack/wire/node.h"
 
+/// Every array[index] of this program, in the place of jsoncpp's; the linker gives both functions these names.
+const Json::Value& CountedSearch(const Json::Value* array, Json::ArrayIndex index) asm("__wrap__ZNK4Json5ValueixEj");
+const Json::Value& JsoncppSearch(const Json::Value* array, Json::ArrayIndex index) asm("__real__ZNK4Json5ValueixEj");
+
+namespace {
+
+int searches = 0;
+
+}  // namespace
+
+const Json::Value& CountedSearch(const Json::Value* array, Json::ArrayIndex index) {
+    ++searches;
+    return JsoncppSearch(array, index);
+}
+
 namespace {
 
 using jsonparser::FindElement;
@@ -89,6 +104,19 @@ TEST(ForElements, VisitsTheFirstOnesInOrder) {
             EXPECT_EQ(visited, expected) << array.size() << ' ' << count;
         }
     }
+}
+
+/// A search takes longer the more elements there are.
+TEST(ForElements, WalksALongArrayWithoutSearchingInIt) {
+    const Json::Value array = Numbers(1000);
+    searches = 0;
+    EXPECT_EQ(array[999U].asUInt(), 999U);
+    EXPECT_EQ(searches, 1);
+    Json::ArrayIndex visits = 0;
+    const auto visit = [&visits](const Json::Value& element) { return element.asUInt() == visits++; };
+    EXPECT_TRUE(ForElements(array, 1000, visit));
+    EXPECT_EQ(visits, 1000U);
+    EXPECT_EQ(searches, 1);
 }
 
 TEST(ForElements, EndsWhereItIsTold) {
