@@ -140,8 +140,14 @@ class Place {
                 return found;
             }
             const TextEntry* element = entry().first();
-            for (std::size_t i = 0; i < N && i < entry().size; ++i, element = element->next())
-                found[i] = Place(element);
+            if (entry().size >= N) [[likely]] {
+                for (Place& place : found) {
+                    place = Place(element);
+                    element = element->next();
+                }
+                return found;
+            }
+            for (std::size_t i = 0; i < entry().size; ++i, element = element->next()) found[i] = Place(element);
             return found;
         }
         if (type() == Json::arrayValue) {
