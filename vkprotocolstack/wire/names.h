@@ -48,8 +48,9 @@ inline bool SameBytes(const char* a, const char* b, std::size_t size) {
     return true;
 }
 
-/// Of a name's length, its beginning and its end; never reads outside it.
-constexpr std::uint64_t HashOfName(const char* name, std::size_t size) {
+/// Of a name's length, its beginning and its end; never reads outside it. Always expanded, as what the forms of the pass
+/// call has to be (see text_pass_forms.h).
+[[gnu::always_inline]] constexpr std::uint64_t HashOfName(const char* name, std::size_t size) {
     const auto load = [name](std::size_t at, std::size_t count) {
         std::uint64_t word = 0;
         if (std::is_constant_evaluated()) {

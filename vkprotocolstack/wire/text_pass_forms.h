@@ -133,8 +133,7 @@ class Pass {
         return p + __builtin_ctzll(endings);
     }
 
-    /// Of two bytes, compared at once. Within containers the last byte is a bracket: what ends a text has one behind
-    /// it.
+    /// Compares two bytes at once. Within containers the last byte is a bracket, so what ends a text has one behind it.
     ALWAYS_INLINE static bool is(const char* p, const char (&two)[3]) { return std::memcmp(p, two, 2) == 0; }
 
     /// Of any text, or null where it has none.
