@@ -5,6 +5,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <optional>
 
 #include "vkprotocolstack/support/support.h"
 #include "vkprotocolstack/wire/numbers.h"
@@ -21,6 +22,14 @@ char* HeapCopy(std::string_view text) {
     char* const copy = new (std::nothrow) char[text.size() + 1];
     if (copy != nullptr) CopyText(text, copy);
     return copy;
+}
+
+/// A text that is only copied, unless it has a NUL, or more bytes than HeapText gives.
+std::optional<std::string_view> WholeCopiedText(Place place) {
+    if (!place.isCopied()) return std::nullopt;
+    const std::string_view text = place.plain();
+    if (!place.isOnTape() && (text.size() >= INT_MAX || text.find('\0') != text.npos)) return std::nullopt;
+    return text;
 }
 
 /// @return whether field was written
@@ -99,6 +108,7 @@ long long Node::watchedRealToInt64() const {
 
 void Node::rawTo(char* field, std::size_t count) const {
     if (place_.isPlain()) return CopyText(place_.plain().substr(0, count), field);
+    if (place_.isTextInTree()) return CopyText(place_.upToNul().substr(0, count), field);
     std::string storage;
     const std::string_view taken = place_.text(storage).substr(0, count);
     if (taken.empty() && place_.isWatched()) [[unlikely]] {
@@ -112,7 +122,7 @@ void Node::rawTo(char* field, std::size_t count) const {
 
 void Node::utf8To(char* field, int limit) const {
     if (place_.isCopied()) {
-        if (limit >= 0) CopyText(place_.plain().substr(0, static_cast<std::size_t>(limit)), field);
+        if (limit >= 0) CopyText(place_.upToNul().substr(0, static_cast<std::size_t>(limit)), field);
     } else if (place_.isPresent()) {
         CopyUtf8(place_, field, limit);
     } else if (place_.isWatched()) {
@@ -154,7 +164,7 @@ void Node::watchedRenderTo(char* field, int size) const {
 }
 
 char* Node::heapUtf8() const {
-    if (place_.isCopied()) return HeapCopy(place_.plain());
+    if (const auto text = WholeCopiedText(place_)) return HeapCopy(*text);
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {
@@ -168,7 +178,7 @@ char* Node::heapUtf8() const {
 }
 
 char* Node::heapString() const {
-    if (place_.isCopied()) return HeapCopy(place_.plain());
+    if (const auto text = WholeCopiedText(place_)) return HeapCopy(*text);
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {
