@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <numeric>
 #include <random>
 #include <string>
@@ -34,6 +35,48 @@ void ExpectLikeFind(const Json::Value& value) {
         const std::string_view name = kNames.names[i];
         const Json::Value* expected = value.isObject() ? value.find(name.data(), name.data() + name.size()) : nullptr;
         EXPECT_EQ(found[i].address(), expected) << name << " in " << testing_tools::Text(value);
+    }
+}
+
+// A member remembers that its value is a text, and that such texts are only copied here.
+TEST(Members, TextsAreReadAsByThemselves) {
+    constexpr std::size_t kRoom = 1000;
+    const std::string texts[] = {"",
+                                 "a",
+                                 "路口",
+                                 std::string("abc\0def", 7),
+                                 std::string("\0abc", 4),
+                                 std::string(31, 'x'),
+                                 std::string(32, 'x'),
+                                 std::string(33, 'x'),
+                                 std::string(600, 'x') + std::string(2, '\0')};
+    for (const std::string& text : texts) {
+        Json::Value object;
+        object["b"] = text;
+        const Node member = Members<kNames>(Node(object))["b"];
+        const Node alone(object["b"]);
+        const auto expectSame = [&text](auto readOne, auto readOther) {
+            std::vector<char> one(kRoom, '#');
+            std::vector<char> other(kRoom, '#');
+            readOne(one.data());
+            readOther(other.data());
+            EXPECT_EQ(one, other) << text;
+        };
+        for (const int size : {0, 1, 2, 3, 4, 7, 32, 33, 600, 700}) {
+            const auto each = [&](auto read) {
+                expectSame([&](char* field) { read(member, field); }, [&](char* field) { read(alone, field); });
+            };
+            each([size](Node node, char* field) { node.rawTo(field, static_cast<std::size_t>(size)); });
+            each([size](Node node, char* field) { node.utf8To(field, size - 1); });
+            each([size](Node node, char* field) { EXPECT_TRUE(node.stringTo(field, size)); });
+            each([size](Node node, char* field) { node.renderTo(field, size); });
+            EXPECT_EQ(member.textSize(size), alone.textSize(size)) << text;
+        }
+        for (char* (Node::*const read)() const : {&Node::heapUtf8, &Node::heapString}) {
+            const std::unique_ptr<char[]> one((member.*read)());
+            const std::unique_ptr<char[]> other((alone.*read)());
+            EXPECT_EQ(std::string(one.get(), text.size() + 1), std::string(other.get(), text.size() + 1));
+        }
     }
 }
 

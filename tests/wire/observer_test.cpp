@@ -108,11 +108,10 @@ TEST(Observer, SeesAllThatTheTrafficCarConverterReads) {
 /VehicleSize | string | keyword, exact | [-1] keyword unknown
 /VehicleLength | real | float | [4.5]
 /DrivingDirection | array | present | [true]
+/DrivingDirection | array | size | [3]
 /DrivingDirection/0 | string | present | [true]
 /DrivingDirection/0 | string | text as it stands, at most 255 bytes | ["Approach"]
-/DrivingDirection | array | size | [3]
 /DrivingDirection/1 | string | text from UTF-8, limit 256 | ["北"]
-/DrivingDirection | array | size | [3]
 /DrivingDirection/2 | int | text from UTF-8, limit 256 | ["3"]
 /SnapshotMode | missing | int | [0] written by default
 /ChannelName | missing | present | [false]
@@ -130,9 +129,7 @@ TEST(Observer, SeesAllThatTheTrafficCarConverterReads) {
 /Redundance | array | present | [true]
 /Redundance | array | size | [2]
 /Redundance/0 | int | unsigned, low 8 bits | [1]
-/Redundance | array | size | [2]
 /Redundance/1 | int | unsigned, low 8 bits | [44] wrapped to the low 8 bits
-/Redundance | array | size | [2]
 /MachineAddress | missing | isMember | [false]
 /ActualShutter | missing | present | [false]
 /ActualGain | int | present | [true]

@@ -7,6 +7,7 @@
 
 #include "taken.h"
 #include "testing/json.h"
+#include "vkprotocolstack/wire/copied_text.h"
 
 namespace {
 
@@ -17,8 +18,8 @@ using jsonparser::TextType;
 using testing_tools::Json;
 using testing_tools::Taken;
 
-// A place tells the two kinds of addresses apart by the lowest bit.
-static_assert(alignof(TextEntry) >= 2 && alignof(Json::Value) >= 2);
+// A place tells the two kinds of addresses apart by the lowest bit, and keeps what it knows in the next two.
+static_assert(alignof(TextEntry) >= 2 && alignof(Json::Value) >= 8);
 static_assert(sizeof(Place) == sizeof(void*));
 
 const char* const kTexts[] = {
@@ -124,6 +125,45 @@ TEST_P(PlaceOnATape, IsWhatItIsInATree) {
             EXPECT_EQ(first, second) << text;
             tape.renderTo(first.data(), size);
             tree.renderTo(second.data(), size);
+            EXPECT_EQ(first, second) << text;
+        }
+    }
+}
+
+TEST(Place, OfAMemberReadsAsItsValueByItself) {
+    static constexpr NameList kNames{"a"};
+    for (const char* text : kTexts) {
+        const Json::Value object = Json(std::string("{\"a\":") + text + '}');
+        const Json::Value& value = object["a"];
+        Place member;
+        Place(&object).members(kNames.index(), &member);
+        const Place alone(&value);
+        EXPECT_EQ(member.address(), &value) << text;
+        EXPECT_EQ(member.isPresent(), alone.isPresent()) << text;
+        EXPECT_EQ(member.type(), value.type()) << text;
+        EXPECT_EQ(member.isArray(), value.isArray()) << text;
+        EXPECT_EQ(member.isString(), value.isString()) << text;
+        EXPECT_EQ(member.isBool(), value.isBool()) << text;
+        EXPECT_EQ(member.isInt(), value.isInt()) << text;
+        EXPECT_EQ(member.isUInt(), value.isUInt()) << text;
+        EXPECT_EQ(member.asInt(), alone.asInt()) << text;
+        EXPECT_EQ(member.asUInt(), alone.asUInt()) << text;
+        EXPECT_EQ(member.asDouble(), alone.asDouble()) << text;
+        EXPECT_EQ(member.asBool(), alone.asBool()) << text;
+        EXPECT_EQ(member.is32Bits(), alone.is32Bits()) << text;
+        EXPECT_EQ(member.size(), alone.size()) << text;
+        std::string ofMember;
+        std::string ofAlone;
+        EXPECT_EQ(member.text(ofMember), alone.text(ofAlone)) << text;
+        EXPECT_EQ(member.plainText(), alone.plainText()) << text;
+        EXPECT_EQ(member.isCopiedInTree(), value.isString() && jsonparser::CopiesTexts()) << text;
+        for (const int size : {-1, 0, 1, 2, 5, 100}) {
+            std::vector<char> first(100, 'x');
+            std::vector<char> second(100, 'x');
+            EXPECT_EQ(member.stringTo(first.data(), size), alone.stringTo(second.data(), size)) << text;
+            EXPECT_EQ(first, second) << text;
+            member.renderTo(first.data(), size);
+            alone.renderTo(second.data(), size);
             EXPECT_EQ(first, second) << text;
         }
     }

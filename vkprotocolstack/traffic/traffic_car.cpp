@@ -73,8 +73,14 @@ void Read(Node node, tagSTEREO_GARAGE_INFO& garage) {
 
 void ReadDrivingDirection(Node directions, char (&slots)[3][256]) {
     // The first direction is stored as it was sent, the other two in the local encoding.
-    if (auto v = directions.at(0)) v.rawTo(slots[0], 255);
-    for (std::size_t i = 1; i < 3 && i < directions.size(); ++i) directions.at(i).utf8To(slots[i], 256);
+    directions.forElements(3, [&slots](Node direction, std::size_t i) {
+        if (i > 0) {
+            direction.utf8To(slots[i], 256);
+        } else if (direction) {
+            direction.rawTo(slots[0], 255);
+        }
+        return true;
+    });
 }
 
 void Read(const Members<kNames>& in, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) {
@@ -109,7 +115,10 @@ void Read(const Members<kNames>& in, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) 
     if (auto v = in["DetailedAddress"]; v.isMember()) car.pszDetailedAddress = v.heapUtf8();
     if (auto v = in["VehicleSign"]; v.isMember()) v.stringTo(car.szVehicleSign, 32);
     if (auto v = in["Redundance"]) {
-        for (std::size_t i = 0; i < 8 && i < v.size(); ++i) car.byRedundance[i] = v.at(i).uintLow8();
+        v.forElements(8, [&car](Node element, std::size_t i) {
+            car.byRedundance[i] = element.uintLow8();
+            return true;
+        });
     }
     if (auto v = in["MachineAddress"]; v.isMember()) car.pszMachineAddress = v.heapUtf8();
     if (auto v = in["ActualShutter"]) car.fActualShutter = v.asFloat();

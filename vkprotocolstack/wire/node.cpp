@@ -5,6 +5,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <optional>
 
 #include "vkprotocolstack/support/support.h"
 #include "vkprotocolstack/wire/numbers.h"
@@ -21,6 +22,14 @@ char* HeapCopy(std::string_view text) {
     char* const copy = new (std::nothrow) char[text.size() + 1];
     if (copy != nullptr) CopyText(text, copy);
     return copy;
+}
+
+/// A text in a tree that is only copied, unless it has a NUL, or more bytes than HeapText gives.
+std::optional<std::string_view> WholeCopiedText(Place place) {
+    if (!place.isCopiedInTree()) return std::nullopt;
+    const std::string_view text = place.inTree();
+    if (text.size() >= INT_MAX || text.find('\0') != text.npos) return std::nullopt;
+    return text;
 }
 
 /// @return whether field was written
@@ -103,6 +112,7 @@ void Node::rawTo(char* field, std::size_t count) const {
 }
 
 void Node::otherRawTo(char* field, std::size_t count) const {
+    if (place_.isTextInTree()) return CopyText(place_.inTreeUpToNul().substr(0, count), field);
     std::string storage;
     const std::string_view taken = place_.text(storage).substr(0, count);
     if (taken.empty() && place_.isWatched()) [[unlikely]] {
@@ -115,12 +125,14 @@ void Node::otherRawTo(char* field, std::size_t count) const {
 }
 
 void Node::utf8To(char* field, int limit) const {
-    if (!place_.isCopied()) return otherUtf8To(field, limit);
+    if (!place_.isCopiedOnTape()) return otherUtf8To(field, limit);
     if (limit >= 0) CopyText(place_.plain().substr(0, static_cast<std::size_t>(limit)), field);
 }
 
 void Node::otherUtf8To(char* field, int limit) const {
-    if (place_.isPresent()) {
+    if (place_.isCopiedInTree()) {
+        if (limit >= 0) CopyText(place_.inTreeUpToNul().substr(0, static_cast<std::size_t>(limit)), field);
+    } else if (place_.isPresent()) {
         CopyUtf8(place_, field, limit);
     } else if (place_.isWatched()) {
         watchedUtf8To(field, limit);
@@ -160,9 +172,10 @@ void Node::watchedRenderTo(char* field, int size) const {
     report(place_).rendered(size, field);
 }
 
-char* Node::heapUtf8() const { return place_.isCopied() ? HeapCopy(place_.plain()) : otherHeapUtf8(); }
+char* Node::heapUtf8() const { return place_.isCopiedOnTape() ? HeapCopy(place_.plain()) : otherHeapUtf8(); }
 
 char* Node::otherHeapUtf8() const {
+    if (const auto text = WholeCopiedText(place_)) return HeapCopy(*text);
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {
@@ -175,9 +188,10 @@ char* Node::otherHeapUtf8() const {
     return buffer;
 }
 
-char* Node::heapString() const { return place_.isCopied() ? HeapCopy(place_.plain()) : otherHeapString(); }
+char* Node::heapString() const { return place_.isCopiedOnTape() ? HeapCopy(place_.plain()) : otherHeapString(); }
 
 char* Node::otherHeapString() const {
+    if (const auto text = WholeCopiedText(place_)) return HeapCopy(*text);
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {

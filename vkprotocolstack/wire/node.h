@@ -90,8 +90,7 @@ class Node {
         if (place_.isWatched()) [[unlikely]]
             return eachElement(place_, most, visit);
         std::size_t index = 0;
-        return place_.forElements(std::min(place_.size(), most),
-                                  [&](Place element) { return visit(Node(element), index++); });
+        return place_.forElements(most, [&](Place element) { return visit(Node(element), index++); });
     }
     Node operator[](std::string_view name) const { return Node(place_.member(name)); }
 

@@ -7,6 +7,7 @@
 #include <new>
 
 #include "vkprotocolstack/support/support.h"
+#include "vkprotocolstack/wire/copied_text.h"
 #include "vkprotocolstack/wire/numbers.h"
 #include "vkprotocolstack/wire/observer.h"
 #include "vkprotocolstack/wire/text_entry.h"
@@ -73,6 +74,21 @@ class TextCopy {
     std::unique_ptr<char[]> long_;
 };
 
+/// Places of values in a tree, whose types are looked at once and for all.
+class TypedPlaces {
+  public:
+    Place place(const Json::Value& value) {
+        const Json::ValueType type = value.type();
+        if (type == Json::intValue) return Place(value, Place::kInteger);
+        if (type != Json::stringValue) return Place(&value);
+        if (text_ == Place::kNothing) text_ = CopiesTexts() ? Place::kCopiedText : Place::kText;
+        return Place(value, text_);
+    }
+
+  private:
+    Place::Known text_ = Place::kNothing;  ///< not asked for yet
+};
+
 /// Looks up the names in object, an object. Of its own, as the next is: each has a frame that the other need not set
 /// up.
 [[gnu::noinline]] void FindMembers(const Json::Value& object, const NameIndex& names, Place* found) {
@@ -86,6 +102,7 @@ class TextCopy {
     // before it and is none of them, unless some of the names are missing.
     const std::size_t* next = names.sorted;
     const std::size_t* const end = next + names.count;
+    TypedPlaces typed;
     for (auto member = object.begin(); left > 0 && next != end; --left, ++member) {
         const char* nameEnd = nullptr;
         const char* const name = member.memberName(&nameEnd);
@@ -96,7 +113,7 @@ class TextCopy {
             if (slot == 0) continue;
             while (*next != slot - 1) ++next;
         }
-        found[*next++] = Place(&*member);
+        found[*next++] = typed.place(*member);
     }
 }
 
@@ -171,8 +188,13 @@ bool Place::isUInt() const {
     return e.type == TextType::Real && ScalarOf(e).isUInt();
 }
 
-int Place::convertedToInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
+int Place::convertedToInt() const {
+    if (known() == kInteger) return static_cast<int>(address()->asLargestInt());
+    return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address());
+}
+
 unsigned Place::convertedToUInt() const {
+    if (known() == kInteger) return static_cast<unsigned>(address()->asLargestInt());
     return isOnTape() ? IntegerOf<unsigned>(entry()) : IntegerOf<unsigned>(type(), address());
 }
 
@@ -230,10 +252,10 @@ bool Place::is32Bits() const {
     }
 }
 
-std::string_view Place::TextOf(const Json::Value& text) {
-    const char* begin = nullptr;
-    const char* end = nullptr;
-    text.getString(&begin, &end);
+std::string_view Place::TextOf(const Json::Value& value) {
+    const char* begin = "";
+    const char* end = begin;
+    value.getString(&begin, &end);
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
@@ -249,6 +271,18 @@ std::string_view Place::otherText(std::string& storage) const {
         default:
             return {};
     }
+}
+
+std::string_view Place::inTreeUpToNul() const {
+    const std::string_view text = inTree();
+    return text.substr(0, text.find('\0'));
+}
+
+bool Place::copiesFromTreeTo(char* field, int size) const {
+    const std::string_view text = inTreeUpToNul();
+    if (static_cast<std::int64_t>(text.size()) >= size) return false;
+    CopyText(text, field);
+    return true;
 }
 
 bool Place::convertedStringTo(char* field, int size) const {

@@ -53,8 +53,18 @@ inline void CopyText(std::string_view text, char* field) {
 /// does a watched place, but for its members and elements, which are watched places too.
 class Place {
   public:
+    /// What a place may remember of a value in a tree, so that jsoncpp is not asked again, by a call into another
+    /// library: stored in the low bits of the value's address.
+    enum Known : std::uintptr_t {
+        kNothing = 0,
+        kInteger = 2,    ///< an intValue
+        kText = 4,       ///< a text
+        kCopiedText = 6  ///< one that converters may copy into fields up to its first NUL (see copied_text.h)
+    };
+
     Place() = default;
     explicit Place(const Json::Value* value) : bits_(reinterpret_cast<std::uintptr_t>(value)) {}
+    Place(const Json::Value& value, Known known) : bits_(reinterpret_cast<std::uintptr_t>(&value) | known) {}
     explicit Place(const TextEntry* entry) : bits_(Marked(entry)) {}
 
     bool isOnTape() const { return (bits_ & kOnTape) != 0; }
@@ -65,10 +75,10 @@ class Place {
     /// Neither missing nor null.
     bool isPresent() const {
         if (isOnTape()) return entry().type > TextType::Watched;
-        return bits_ != 0 && address()->type() != Json::nullValue;
+        return known() != kNothing || (bits_ != 0 && address()->type() != Json::nullValue);
     }
     bool isArray() const { return isOf<Json::arrayValue>(TextType::Array, TextType::Array); }
-    bool isString() const { return isOf<Json::stringValue>(TextType::Text, TextType::EscapedText); }
+    bool isString() const { return isTextInTree() || isOf<Json::stringValue>(TextType::Text, TextType::EscapedText); }
     bool isBool() const { return isOf<Json::booleanValue>(TextType::False, TextType::True); }
     Json::ValueType type() const {
         if (isOnTape()) return TypeOnTape(entry().type);
@@ -90,14 +100,14 @@ class Place {
     /// The text where it stands as it is; empty without a null pointer, and so is any other.
     std::string_view plainText() const {
         if (isOnTape()) return entry().isPlainText() ? plain() : std::string_view("");
-        return type() == Json::stringValue ? TextOf(*address()) : std::string_view("");
+        return bits_ == 0 ? std::string_view("") : TextOf(*address());
     }
     /// The text; one that does not stand as it is, is kept in storage. On the tape, one for which there is no memory is
     /// empty.
     std::string_view text(std::string& storage) const {
         if (isOnTape()) {
             if (entry().isPlainText()) return plain();
-        } else if (type() == Json::stringValue) {
+        } else if (isTextInTree() || type() == Json::stringValue) {
             return TextOf(*address());
         }
         return otherText(storage);
@@ -105,10 +115,16 @@ class Place {
 
     /// A text on the tape without escapes, and so without a NUL.
     bool isPlain() const { return isOnTape() && entry().isPlainText(); }
-    /// One that the text functions would copy, byte for byte.
-    bool isCopied() const { return isOnTape() && entry().type == TextType::CopiedText; }
-    /// Its characters.
+    /// A text in a tree that is known to be one.
+    bool isTextInTree() const { return !isOnTape() && (bits_ & kText) != 0; }
+    /// A text that the text functions would copy up to its first NUL, byte for byte.
+    bool isCopiedOnTape() const { return isOnTape() && entry().type == TextType::CopiedText; }
+    bool isCopiedInTree() const { return known() == kCopiedText; }
+    /// The characters of a text on the tape without escapes.
     std::string_view plain() const { return {entry().text, entry().size}; }
+    /// Those of a text in a tree.
+    std::string_view inTree() const { return TextOf(*address()); }
+    std::string_view inTreeUpToNul() const;
 
     /// GetJsonString and parseJsonNodeToStr of the value. On the tape they are given a value of the same type; the
     /// first of them, in place of an array or an object, null, which is no text either.
@@ -158,14 +174,16 @@ class Place {
         }
         return found;
     }
-    /// Calls visit with the first count elements, which is at most the value's size(), until it returns false.
+    /// Calls visit with the first elements of an array, at most so many, until it returns false.
     /// @return whether it never did
     template <class Visit>
-    bool forElements(std::size_t count, Visit visit) const {
-        if (count == 0) return true;
+    bool forElements(std::size_t most, Visit visit) const {
         if (!isOnTape()) {
-            return ForElements(*address(), count, [&](const Json::Value& element) { return visit(Place(&element)); });
+            return type() != Json::arrayValue ||
+                   ForElements(*address(), most, [&](const Json::Value& element) { return visit(Place(&element)); });
         }
+        std::size_t count = std::min(size(), most);
+        if (count == 0) return true;
         // Not std::all_of, which holds the call of visit four times: too often for it to be expanded there.
         const TextEntry* element = entry().first();
         for (; visit(Place(element)); element = element->next()) {
@@ -178,23 +196,30 @@ class Place {
     void members(const NameIndex& names, Place* found) const;
 
     /// The value in jsoncpp's tree, or null when missing. Not for places on a tape.
-    const Json::Value* address() const { return reinterpret_cast<const Json::Value*>(bits_); }
+    const Json::Value* address() const { return reinterpret_cast<const Json::Value*>(bits_ & ~kKnown); }
 
   private:
+    static constexpr std::uintptr_t kKnown = 6;
+    static_assert(alignof(Json::Value) > (kKnown | kOnTape), "the low bits of an address are free");
+
     /// Of the type in a tree, or from one type on a tape to another.
     template <Json::ValueType Type>
     bool isOf(TextType first, TextType last) const {
         if (isOnTape()) return entry().type >= first && entry().type <= last;
         return bits_ != 0 && address()->type() == Type;
     }
-    // Not of this place: its address would keep it out of a register.
-    static std::string_view TextOf(const Json::Value& text);
+    /// Nothing for a place on a tape.
+    Known known() const { return static_cast<Known>(bits_ & (kKnown | kOnTape)); }
+    /// Empty for what is no text. Not of this place: its address would keep it out of a register.
+    static std::string_view TextOf(const Json::Value& value);
     /// A text that is only copied, and needs no cut.
     bool copiesTo(char* field, int size) const {
-        if (!isCopied() || std::int64_t{entry().size} >= size) return false;
+        if (!isCopiedOnTape()) return isCopiedInTree() && copiesFromTreeTo(field, size);
+        if (std::int64_t{entry().size} >= size) return false;
         CopyText(plain(), field);
         return true;
     }
+    bool copiesFromTreeTo(char* field, int size) const;
     bool convertedStringTo(char* field, int size) const;
     void convertedRenderTo(char* field, int size) const;
     [[gnu::cold]] static Place WatchedElement(Place watched, std::size_t index);

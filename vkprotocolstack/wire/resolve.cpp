@@ -14,17 +14,17 @@ const Json::Value* FindElement(const Json::Value& array, std::size_t index) {
 
 void FindFirst(const Json::Value& array, std::size_t count, const Json::Value** found) {
     std::fill_n(found, count, nullptr);
+    const std::size_t size = array.size();
+    const std::size_t wanted = std::min(count, size);
+    if (wanted == 0) return;
     const auto end = array.end();
     auto next = array.begin();
-    auto last = next;
     std::size_t met = 0;
-    while (met < count && next != end) {
-        last = next;
+    do {
         found[met++] = &*next;
-        if (met < count) ++next;
-    }
-    // Where the tree lacks elements, the last one that was met is not at its place.
-    if (met == 0 || last.index() == met - 1) return;
+    } while (met < wanted && ++next != end);
+    // Where the tree lacks elements, fewer are met, or the last one is not at its place.
+    if (met == size || (met == wanted && next.index() == met - 1)) return;
     for (std::size_t i = 0; i < count; ++i) found[i] = FindElement(array, i);
 }
 

@@ -4,6 +4,7 @@
 
 #include <json/value.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -22,14 +23,15 @@ const Json::Value* FindElement(const Json::Value& array, std::size_t index);
 /// What FindElement finds at the first count indexes.
 void FindFirst(const Json::Value& array, std::size_t count, const Json::Value** found);
 
-/// Calls visit with the first elements of array, an array, until it returns false.
-/// @param count elements to visit, at most the array's size
+/// Calls visit with the first elements of array, an array, at most so many, until it returns false.
 /// @return whether it never did
 template <class Visit>
-bool ForElements(const Json::Value& array, std::size_t count, Visit visit) {
+bool ForElements(const Json::Value& array, std::size_t most, Visit visit) {
     constexpr std::ptrdiff_t kFew = 64;  // elements that may be counted
-    auto element = array.begin();
     const Json::ArrayIndex size = array.size();
+    std::size_t count = std::min<std::size_t>(size, most);
+    if (count == 0) return true;
+    auto element = array.begin();
     if (size > kFew || array.end() - element != static_cast<std::ptrdiff_t>(size)) {
         // The tree may lack elements: the next that it has then stands further on.
         for (Json::ArrayIndex i = 0; i < count; ++i) {
