@@ -5,41 +5,19 @@
 #include <locale.h>
 
 #include <algorithm>
-#include <clocale>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "fuzz/converters.h"
+#include "fuzz/locales.h"
 #include "vkprotocolstack/support/support.h"
 
 namespace {
-
-constexpr const char* kLocales[] = {"C", "zh_CN.GBK", "zh_CN.GB18030", "ja_JP.EUC-JP", "de_DE.ISO-8859-15"};
-
-/// A locale by way of the process's: newlocale loses the search path that it makes of LOCPATH.
-locale_t Made(const char* name) {
-    setenv("LOCPATH", JSONPARSER_LOCALES, 1);
-    if (std::setlocale(LC_ALL, name) == nullptr) {
-        std::fprintf(stderr, "no locale %s in %s\n", name, JSONPARSER_LOCALES);
-        std::exit(1);
-    }
-    locale_t made = duplocale(LC_GLOBAL_LOCALE);
-    std::setlocale(LC_ALL, "C");
-    return made;
-}
-
-locale_t Locale(std::size_t number) {
-    static locale_t made[std::size(kLocales)];
-    const std::size_t i = number % std::size(kLocales);
-    if (made[i] == nullptr) made[i] = Made(kLocales[i]);
-    return made[i];
-}
 
 void Expect(bool holds, const char* what) {
     if (holds) return;
@@ -58,7 +36,7 @@ void ExpectTerminated(const Buffer& buffer) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 2) return 0;
-    uselocale(Locale(data[0]));
+    uselocale(fuzz::Locale(data[0]));
     const int fieldSize = data[1] % 80 + 1;
     const std::string text(reinterpret_cast<const char*>(data) + 2, size - 2);
     const std::string upToNul = text.c_str();

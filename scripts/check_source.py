@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Checks rules of the sources that no compiler knows. Prints each breach as file:line: what, and what mends it."""
 
+import collections
 import pathlib
 import re
 import sys
@@ -172,6 +173,44 @@ def check_catalogue(report):
         report(header, 1, f"has no {row}, which scripts/check_source.py says is not in the catalogue; take it off")
 
 
+def exported_converters():
+    """Functions of the binary interface that read a value or a text or write a value: how many there are of each name,
+    overloads and instances. Those that read a place in a message's text are twins of those that read a value."""
+    names = collections.Counter()
+    for symbol in (ROOT / "tests" / "abi" / "libjsonparser-core.symbols").read_text().splitlines():
+        name, _, taken = symbol.replace("::operator()", "\0").partition("(")
+        name = re.sub(r"<.*>", "", name).split(" ")[-1].replace("\0", "()")
+        if (re.search(r"\bJson::Value\b|\bbasic_string<|\bchar( const)?\*", taken) and "MessagePlace" not in taken and
+                not name.startswith("jsonparser::")):
+            names[name] += 1
+    return names
+
+
+def check_fuzzed(report):
+    """Every exported converter has a row in fuzz/converters.cpp: so hostile input, failing allocations, small stacks,
+    threads, growth and fuzzing have it too. scripts/abi sees to it that what headers declare is exported."""
+    path = ROOT / "fuzz" / "converters.cpp"
+    source = without_comments(path.read_text())
+    rows = collections.Counter()
+    for table in re.finditer(r"constexpr \w+ k(?:Readers|Writers|TextReaders)\[\] = \{(.*?)\n\};", source, re.DOTALL):
+        starts = list(re.finditer(r'(?:>\(|\n    \{)\s*"([^"/]+)', table[1]))
+        for start, end in zip(starts, [match.start() for match in starts[1:]] + [len(table[1])]):
+            name = start[1]
+            rows[name] += 1
+            called = table[1][start.end():end]
+            for helper in re.findall(r"\b\w+\b", called):  # a function of the file, which the row names
+                body = rf"(?ms)^[\w ]+ {helper}\([^)]*\) \{{\n(.*?)^\}}"
+                called += "".join(re.findall(body, source))
+            if not re.search(rf"\b{name.removesuffix('()').rpartition('::')[2]}\(", called):
+                number = source[:table.start(1) + start.start(1)].count("\n") + 1
+                report(path, number, f"the row of {name} does not call it")
+    exported = exported_converters()
+    for name in sorted(exported | rows):
+        if exported[name] != rows[name]:
+            report(path, 1, f"has {rows[name]} rows of {name}, expected {exported[name]}: one for each overload and "
+                            "instance that reads or writes a message")
+
+
 def check_layouts(report):
     """Every struct of the public headers is a record of the field lists, which account for its bytes."""
     fields = without_comments((ROOT / "include" / "vkrecords" / "fields.h").read_text())
@@ -185,13 +224,21 @@ def check_layouts(report):
 
 
 def check_promises(report):
-    """Every promise of SECURITY.md names tests, and they exist."""
+    """Every promise of SECURITY.md names tests, and they exist: of gtest, of bats, of ctest, steps of scripts/check."""
     path = ROOT / "SECURITY.md"
     tests = set()
     for source in (ROOT / "tests").rglob("*_test.cpp"):
-        tests |= {f"{suite}.{name}" for suite, name in re.findall(r"\bTEST(?:_[FP])?\((\w+),\s*(\w+)\)", source.read_text())}
+        cases = re.findall(r"\b(?:TYPED_)?TEST(?:_[FP])?\((\w+),\s*(\w+)\)", source.read_text())
+        tests |= {f"{suite}.{name}" for suite, name in cases}
     for source in (ROOT / "tests").rglob("*.bats"):
         tests |= set(re.findall(r'^@test "(.*)" \{', source.read_text(), re.MULTILINE))
+    # Those of whole programs, and steps of scripts/check.
+    hardening = (ROOT / "tests" / "hardening" / "CMakeLists.txt").read_text()
+    hardened = re.findall(r"list\(APPEND binaries ([\w ]+)\)", hardening)
+    tests |= {f"hardening.{binary}" for binaries in hardened for binary in binaries.split()}
+    tests |= {f"fuzz.{source.stem.removesuffix('_fuzzer')}" for source in (ROOT / "fuzz").glob("*_fuzzer.cpp")}
+    steps = re.findall(r"^check_(\w+)\(\)", (ROOT / "scripts" / "check").read_text(), re.MULTILINE)
+    tests |= {f"scripts/check {step}" for step in steps}
     for number, line in enumerate(path.read_text().split("\n"), 1):
         cells = line.split(" | ")
         if not line.startswith("| ") or len(cells) != 2 or cells[0] == "| promise":
@@ -210,10 +257,11 @@ def main():
     def report(path, number, what):
         breaches.append(f"{path.relative_to(ROOT)}:{number}: {what}")
 
-    for check in (check_layers, check_reading, check_names, check_capacities, check_catalogue, check_layouts,
-                  check_promises):
+    for check in (check_layers, check_reading, check_names, check_capacities, check_catalogue, check_fuzzed,
+                  check_layouts, check_promises):
         check(report)
-    print("\n".join(breaches) or "sources: layers, reading, names, capacities, catalogue, layouts and promises are in order")
+    print("\n".join(breaches) or
+          "sources: layers, reading, names, capacities, catalogue, fuzzing, layouts and promises are in order")
     return 1 if breaches else 0
 
 

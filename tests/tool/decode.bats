@@ -125,6 +125,7 @@ CAR=tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
 }
 
 @test "decode prints valid UTF-8 whatever a text holds" {
+    export TOOL_LOCALE=  # of bytes that are, or are not, UTF-8
     run bash -c 'printf "{\"PlateType\": \"x\xe4\xba\"}" | "$JSONPARSER" decode trafficcar --lenient'
     [ "$status" -eq 0 ]
     [[ "$output" == *'szPlateTypeText           "x\xe4\xba"'* ]]

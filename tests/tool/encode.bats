@@ -42,6 +42,7 @@ finds() {
 }
 
 @test "encode refuses texts that no message has" {
+    export TOOL_LOCALE=  # of bytes that are, or are not, UTF-8
     finds tagFACERECOGNITION_PERSON_INFO '{"szUID": {"hex": "41ff"}}' 1:11 \
         '/szUID: found an object, expected a text that is UTF-8 in the message'
     finds tagFACERECOGNITION_PERSON_INFO '{"pszGroupID": {"hex": "c3"}}' 1:16 \

@@ -99,6 +99,7 @@ END
 }
 
 @test "texts by their bytes are taken in both cases of digits" {
+    export TOOL_LOCALE=  # of bytes that are, or are not, UTF-8
     encode tagFACERECOGNITION_PERSON_INFO <<<'{"szUID": {"hex": "c3A4"}}'
     [ "$status" -eq 0 ]
     [[ "$output" == *'"UID" : "ä"'* ]]

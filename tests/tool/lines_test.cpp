@@ -7,8 +7,6 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
-#include <map>
-#include <mutex>
 #include <thread>
 
 #include "tools/jsonparser/catalogue.h"
@@ -20,6 +18,7 @@ using tool::Batch;
 using tool::LineReader;
 
 constexpr std::size_t kLimit = 1000;
+constexpr std::size_t kLongLine = tool::BatchLimits().longLine;
 
 /// A file that goes with its object.
 class TemporaryFile {
@@ -100,25 +99,26 @@ TEST(LineReader, GivesNothingForEmptyFiles) {
 }
 
 TEST(LineReader, EndsABatchAtItsNumberOfLines) {
+    constexpr std::size_t kBatchLines = tool::BatchLimits().lines;
     std::string text;
-    for (std::size_t i = 0; i < 2 * tool::kBatchLines + 1; ++i) text += "x\n";
+    for (std::size_t i = 0; i < 2 * kBatchLines + 1; ++i) text += "x\n";
     const TemporaryFile file(text);
     const auto batches = Batches({file.name()});
     ASSERT_EQ(batches.size(), 3U);
     EXPECT_EQ(batches[0]->firstLine, 1U);
-    EXPECT_EQ(batches[1]->firstLine, tool::kBatchLines + 1);
-    EXPECT_EQ(batches[2]->firstLine, 2 * tool::kBatchLines + 1);
+    EXPECT_EQ(batches[1]->firstLine, kBatchLines + 1);
+    EXPECT_EQ(batches[2]->firstLine, 2 * kBatchLines + 1);
     EXPECT_EQ(batches[2]->text, "x\n");
 }
 
 TEST(LineReader, EndsABatchOfLongLinesBeforeItIsLarge) {
-    const std::string line(tool::kLongLine - 1, 'x');
+    const std::string line(kLongLine - 1, 'x');
     std::string text;
     for (int i = 0; i < 5; ++i) text += line + '\n';
     const TemporaryFile file(text);
     const auto batches = Batches({file.name()}, 1000000);
     ASSERT_EQ(batches.size(), 2U);
-    EXPECT_EQ(batches[0]->text.size(), 4 * tool::kLongLine);
+    EXPECT_EQ(batches[0]->text.size(), 4 * kLongLine);
     EXPECT_FALSE(batches[0]->isLong);
     EXPECT_EQ(batches[1]->firstLine, 5U);
     EXPECT_EQ(batches[1]->text, line + '\n');
@@ -126,7 +126,7 @@ TEST(LineReader, EndsABatchOfLongLinesBeforeItIsLarge) {
 }
 
 TEST(LineReader, GivesLongLinesAlone) {
-    const std::string longest(tool::kLongLine, 'x');
+    const std::string longest(kLongLine, 'x');
     const TemporaryFile file("one\n" + longest + "y\r\n" + longest + "z\n" + longest + "\ntwo\n" + longest + 'y');
     const auto batches = Batches({file.name()}, 1000000);
     ASSERT_EQ(batches.size(), 5U);
@@ -180,6 +180,20 @@ TEST(LineReader, PassesOverLinesThatAreTooLong) {
     for (const char* line : {":3", ":5", ":7"}) expected += "jsonparser: " + file.name() + line + rest;
     EXPECT_EQ(findings, expected);
     EXPECT_EQ(bytes, 4 * kLimit + 300000 + 11);
+}
+
+TEST(LineReader, TakesALineOfTheMostBytesWhereverReadingIsCut) {
+    const std::string most(5, 'x');
+    const TemporaryFile file(most + "\r\n" + most + "\n" + most + "y\r\n" + most + "\ry\n" + most + '\r');
+    for (std::size_t bytes = 1; bytes < 30; ++bytes) {
+        LineReader reader({file.name()}, most.size(), {.readBytes = bytes});
+        Texts lines;
+        while (const std::unique_ptr<Batch> batch = reader.next()) {
+            for (const std::string& line : Lines(*batch)) lines.push_back(line);
+            if (!batch->findings.empty()) lines.push_back(std::to_string(batch->firstLine) + " is too long");
+        }
+        EXPECT_EQ(lines, (Texts{"1:xxxxx", "2:xxxxx", "3 is too long", "4 is too long", "5:xxxxx"})) << bytes;
+    }
 }
 
 TEST(LineReader, GoesOnBehindFilesThatCannotBeRead) {
@@ -251,29 +265,16 @@ TEST(Convert, LeavesALongLineThatCannotBeAttempted) {
 
 /// All that a function makes of the lines of a file, on some threads.
 std::string Converted(const std::string& file, const tool::LineFunction& function, unsigned threads) {
-    LineReader reader({file}, kLimit);
-    std::mutex mutex;
-    std::map<std::size_t, std::string> parts;
-    const auto work = [&] {
-        while (true) {
-            std::unique_lock lock(mutex);
-            const std::unique_ptr<Batch> batch = reader.next();
-            lock.unlock();
-            if (batch == nullptr) return;
-            tool::Convert(*batch, function);
-            lock.lock();
-            parts[batch->firstLine] = batch->output + batch->findings;
-        }
-    };
-    std::vector<std::thread> workers;
-    for (unsigned i = 0; i < threads; ++i) workers.emplace_back(work);
-    for (std::thread& worker : workers) worker.join();
+    LineReader reader({file}, kLimit, {.lines = 3});
     std::string all;
-    for (const auto& [line, part] : parts) all += part;
+    tool::ConvertBatches(reader, threads, function, [&all](const Batch& batch) {
+        all += batch.output + batch.findings;
+        return true;
+    });
     return all;
 }
 
-TEST(Convert, GivesTheSameOnManyThreads) {
+TEST(ConvertBatches, GivesTheSameOnManyThreads) {
     std::string text;
     for (int i = 0; i < 1000; ++i) {
         text += R"({"PlateNumber": "京A·)" + std::to_string(i) + R"(", "Speed": )" + std::to_string(i) +
@@ -288,6 +289,23 @@ TEST(Convert, GivesTheSameOnManyThreads) {
     EXPECT_NE(alone.find(R"("nSpeed":999,)"), std::string::npos);
     EXPECT_NE(alone.find(file.name() + ":995:"), std::string::npos);
     EXPECT_EQ(Converted(file.name(), function, 8), alone);
+}
+
+TEST(ConvertBatches, EndsWhereNoMoreIsWanted) {
+    const TemporaryFile file("1\n2\n3\n4\n5\n");
+    const auto keep = [](tool::LinePlace, std::string_view line, std::string& output, auto&) {
+        output += line;
+        return true;
+    };
+    for (const unsigned threads : {1U, 8U}) {
+        LineReader reader({file.name()}, kLimit, {.lines = 1});
+        std::string all;
+        tool::ConvertBatches(reader, threads, {nullptr, keep}, [&all](const Batch& batch) {
+            all += batch.output;
+            return all.size() < 3;
+        });
+        EXPECT_EQ(all, "123");
+    }
 }
 
 }  // namespace

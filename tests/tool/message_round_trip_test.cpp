@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "tools/jsonparser/catalogue.h"
 #include "tools/jsonparser/encode.h"
 #include "tools/jsonparser/finding.h"
@@ -187,6 +188,7 @@ Json::Value ThereAndBack(const CatalogueEntry& entry, const Json::Value& message
 }
 
 TEST(MessageRoundTrip, DiffersAsTheContractsSay) {
+    const testing_tools::Utf8Texts utf8;
     for (const RoundTrip& trip : kRoundTrips) {
         const Json::Value sent = Json(trip.message);
         const Json::Value written = ThereAndBack(EntryOf(trip.entry), sent);

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "tools/jsonparser/encode.h"
 #include "tools/jsonparser/record_form.h"
 #include "tools/jsonparser/record_input.h"
@@ -351,6 +352,7 @@ const CatalogueEntry& EntryOf(std::string_view name) {
 }
 
 TEST(ReadBackOfPersons, TakesWhatOnlyWritersKnow) {
+    const testing_tools::Utf8Texts utf8;
     const Json::Value form = testing_tools::Json(
         R"({"bAgeEnable": 1, "nAgeRange": [20, 30], "nEmotionValidNum": 15, "wFacePicNum": 2,
             "emEmotions": [0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14], "nCustomPersonInfoNum": 4,

@@ -204,4 +204,21 @@ TEST(RecordFormUnderGbk, CarriesTextsOfAnyBytes) {
     }
 }
 
+// The digits of the largest float are those of a larger whole number.
+TEST(RecordFormUnderADecimalComma, CarriesTheLargestNumber) {
+    const testing_tools::ThreadLocale locale("de_DE.UTF-8");
+    std::vector<std::string> alternatives;
+    const CatalogueEntry* entry = tool::FindEntry("tagRANGE/float", alternatives);
+    ASSERT_NE(entry, nullptr);
+    const std::string form = R"({"fMax":3.4028235e+38})";
+    Json::Value document;
+    ASSERT_FALSE(tool::ReadStrictly(form, 64, document));
+    RecordBuffer record(*entry->layout);
+    std::vector<Finding> findings;
+    EXPECT_TRUE(tool::ReadRecord(document, form, record, findings));
+    float read = 0;
+    std::memcpy(&read, record.bytes(), sizeof read);
+    EXPECT_EQ(read, std::numeric_limits<float>::max());
+}
+
 }  // namespace

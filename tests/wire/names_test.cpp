@@ -34,12 +34,16 @@ TEST(NameIndex, FindsEachNameAndNoOther) {
 
 TEST(NameIndex, QuotesNames) {
     for (std::size_t i = 0; i < kNames.names.size(); ++i) {
-        const std::string quoted = std::string(kNames.names[i]) + '"';
+        const std::string quoted = '"' + std::string(kNames.names[i]) + "\":";
         const jsonparser::QuotedName& found = kNames.quoted[i];
         EXPECT_EQ(std::string_view(found.bytes, quoted.size()), quoted);
         EXPECT_EQ(found.size, kNames.names[i].size());
-        EXPECT_EQ(found.bits + std::uint64_t{1}, std::uint64_t{1} << quoted.size());
+        EXPECT_EQ(found.bits + 1, std::uint64_t{1} << quoted.size());
     }
+}
+
+TEST(NameIndex, HasBehindTheNamesOneThatNoBlockMatches) {
+    EXPECT_EQ(kNames.quoted[kNames.names.size()].bits, std::uint64_t{1} << jsonparser::QuotedName::kBlock);
 }
 
 TEST(HashOfName, IsTheSameWhenCompilingAndWhenRunning) {

@@ -15,12 +15,14 @@ namespace testing_tools {
 class Taken {
   public:
     explicit Taken(std::string text, std::size_t maxDepth = 128,
-                   jsonparser::TextType plainText = jsonparser::TextType::Text)
+                   jsonparser::TextType plainText = jsonparser::TextType::Text,
+                   const jsonparser::NameIndex* expected = nullptr)
         : text_(std::move(text)) {
         pass_.begin = pass_.stop = text_.data();
         pass_.end = pass_.begin + text_.size();
         pass_.maxDepth = maxDepth;
         pass_.plainText = plainText;
+        pass_.expected = expected;
         pass_.tape = &tape_;
         accepted_ = jsonparser::RunTextPass(pass_);
     }

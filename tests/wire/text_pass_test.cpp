@@ -2,16 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "taken.h"
+#include "vkprotocolstack/wire/names.h"
 
 namespace {
 
 using jsonparser::IsStepTo;
+using jsonparser::NameIndex;
+using jsonparser::NameList;
 using jsonparser::TakeStep;
+using jsonparser::TextEntry;
 using jsonparser::TextPassForm;
 using jsonparser::TextStep;
 using jsonparser::TextType;
@@ -195,6 +201,170 @@ TEST_P(EveryForm, DeclinesEveryBeginningOfAMessage) {
         EXPECT_FALSE(Taken(std::string(bytes.begin(), bytes.end())).accepted()) << size;
     }
     EXPECT_TRUE(Taken(text).accepted());
+}
+
+constexpr NameList kExpected{"First", "Second", "UpperBodyColorSimilarity", "T", ""};
+
+/// An object that is matched against the list.
+class Expected {
+  public:
+    explicit Expected(std::string text)
+        : index_(kExpected.index()), taken_(std::move(text), 128, TextType::Text, &index_) {}
+
+    const TextEntry& root() const { return taken_.root(); }
+    /// The member in the slot of that name, or null.
+    const TextEntry* member(std::string_view name) const {
+        EXPECT_EQ(root().matched, index_.names);
+        const jsonparser::MarkedEntry* const slots = jsonparser::SlotsOf(&root(), index_.count);
+        for (std::size_t i = 0; i < index_.count; ++i) {
+            if (index_.names[i] != name || slots[i] == 0) continue;
+            return reinterpret_cast<const TextEntry*>(slots[i] - jsonparser::kOnTape);
+        }
+        return nullptr;
+    }
+    std::int64_t integer(std::string_view name) const {
+        const TextEntry* const found = member(name);
+        if (found == nullptr || found->type != TextType::Integer) return -1;
+        EXPECT_EQ(std::string_view(found->name, found->nameSize), name);
+        return found->integer;
+    }
+
+  private:
+    NameIndex index_;
+    Taken taken_;
+};
+
+TEST_P(EveryForm, FindsExpectedMembersInAnyOrderAndWithBlanks) {
+    for (const std::string between : {"", " ", "  ", "\n\t"}) {
+        const auto member = [&](std::string_view name, int value) {
+            return between + '"' + std::string(name) + '"' + between + ':' + between + std::to_string(value) + between;
+        };
+        const std::string_view names[] = {"First", "Second", "UpperBodyColorSimilarity", "T", ""};
+        for (std::size_t begin = 0; begin < 5; ++begin) {
+            for (const std::size_t step : {1U, 2U, 3U, 4U}) {
+                std::string text = between + '{';
+                for (std::size_t i = 0; i < 5; ++i) {
+                    const std::size_t which = (begin + i * step) % 5;
+                    text += member(names[which], static_cast<int>(which)) + ',' + member("Firs", 8) + ',' +
+                            member("Firstly", 9) + (i < 4 ? "," : "}");
+                }
+                const Expected object(text);
+                ASSERT_EQ(object.root().size, 15U) << text;
+                for (int i = 0; i < 5; ++i) ASSERT_EQ(object.integer(names[i]), i) << text;
+            }
+        }
+    }
+}
+
+TEST_P(EveryForm, LeavesTheSlotsOfMissingMembersEmpty) {
+    for (const std::string text : {"{}", "{ }", R"({"A":1})", R"({"firsT":1,"First ":2})"}) {
+        const Expected object(text);
+        for (const std::string_view name : kExpected.names) EXPECT_EQ(object.member(name), nullptr) << text << name;
+    }
+}
+
+TEST_P(EveryForm, TakesTheLastOfExpectedMembersThatStandSeveralTimes) {
+    const Expected object(R"({"First":1,"Second":2,"First":3,"T":4,"T":5,"":6,"First":7,"":8})");
+    EXPECT_EQ(object.root().size, 8U);
+    EXPECT_EQ(object.integer("First"), 7);
+    EXPECT_EQ(object.integer("Second"), 2);
+    EXPECT_EQ(object.integer("T"), 5);
+    EXPECT_EQ(object.integer(""), 8);
+}
+
+// The tape begins with 256 entries and doubles: then it moves, and the slots with it.
+TEST_P(EveryForm, KeepsTheSlotsOfExpectedMembersWhereverTheTapeMoves) {
+    for (std::size_t others = 230; others < 260; ++others) {
+        std::string members;
+        for (std::size_t i = 0; i < others; ++i) members += R"("x":0,)";
+        std::string elements = "0";
+        for (std::size_t i = 1; i < others; ++i) elements += ",0";
+        for (const std::string& text : {R"({"First":1,)" + members + R"("Second":2,"T":3,"":4})",
+                                        R"({"First":1,"x":[)" + elements + R"(],"Second":2,"T":3,"":4})",
+                                        R"({"First":1,"x":{)" + members + R"("y":[)" + elements + R"(]},"x":[)" +
+                                            elements + R"(],"Second":2,"T":3,"":4})"}) {
+            const Expected object(text);
+            ASSERT_EQ(object.integer("First"), 1) << text;
+            ASSERT_EQ(object.integer("Second"), 2) << text;
+            ASSERT_EQ(object.integer("T"), 3) << text;
+            ASSERT_EQ(object.integer(""), 4) << text;
+            std::uint32_t children = 0;
+            for (const TextEntry* child = object.root().first(); child != object.root().behind();
+                 child = child->next()) {
+                ++children;
+            }
+            ASSERT_EQ(object.root().size, children) << text;
+        }
+    }
+}
+
+TEST_P(EveryForm, ReadsIntegersOfAnyLengthWhateverIsBehindThem) {
+    for (const std::string sign : {"", "-"}) {
+        for (std::size_t digits = 1; digits < 25; ++digits) {
+            for (const char first : {'1', '9'}) {
+                const std::string number = sign + first + std::string("234567890123456789012345").substr(0, digits - 1);
+                for (const std::string behind : {",1]", "]", " ]", " ,1]", "\n]"}) {
+                    const Taken taken('[' + number + behind);
+                    const TextEntry& entry = taken.first();
+                    if (entry.type == TextType::Integer) {
+                        ASSERT_EQ(std::to_string(entry.integer), number);
+                    } else if (entry.type == TextType::Unsigned) {
+                        ASSERT_EQ(std::to_string(entry.unsignedInteger), number);
+                    } else {
+                        ASSERT_EQ(entry.type, TextType::Real);
+                        ASSERT_GE(digits, 19U);
+                        ASSERT_EQ(std::string_view(entry.text, entry.size), number);
+                    }
+                }
+                ASSERT_FALSE(Taken("[" + sign + '0' + number.substr(sign.size()) + "]").accepted()) << number;
+            }
+        }
+    }
+}
+
+/// Whether a message is accepted in which the value stands where nobody reads.
+bool IsCheckedValue(const std::string& value) {
+    static const TextStep kStep{"part", 4, false, TextStep::kNoIndex};
+    std::size_t accepted = 0;
+    for (const std::string& text :
+         {R"({"other":{"a":)" + value + R"(,"b":1},"part":1})", R"({"other":[)" + value + R"(,1],"part":1})",
+          R"({"other":[)" + value + R"(],"part":1})", R"({"part":1,"other":{"a":)" + value + "}}",
+          R"({"part":1,"other":)" + value + "}"}) {
+        jsonparser::TextTape tape(nullptr, 0);
+        jsonparser::TextPass pass{};
+        pass.begin = pass.stop = text.data();
+        pass.end = text.data() + text.size();
+        pass.steps = &kStep;
+        pass.stepCount = 1;
+        pass.maxDepth = 128;
+        pass.plainText = TextType::Text;
+        pass.tape = &tape;
+        if (jsonparser::RunTextPass(pass)) ++accepted;
+    }
+    EXPECT_TRUE(accepted == 0 || accepted == 5) << value << ' ' << accepted;
+    return accepted == 5;
+}
+
+TEST_P(EveryForm, ChecksValuesThatNobodyReadsAsThoseThatAreRead) {
+    for (std::size_t digits = 1; digits < 130; ++digits) {
+        const std::string number(digits, '7');
+        for (const std::string sign : {"", "-"}) {
+            for (const std::string behind : {"", ".5", ".50", ".", ".e1", "e1", "e+1", "e", "e+", "e99", "e100", "E-99",
+                                             "x", ".5e5", "..5", "-"}) {
+                const std::string value = sign + number + behind;
+                ASSERT_EQ(IsCheckedValue(value), Taken('[' + value + ']').accepted()) << value;
+            }
+            ASSERT_FALSE(IsCheckedValue(sign + '0' + number));
+        }
+    }
+    for (const std::string value : {"0",       "-0",      "0.5",    "-",        "+1",
+                                    ".5",      "true",    "false",  "null",     "tru",
+                                    "truex",   "nul",     "fals",   "\"\"",     "\"x\"",
+                                    "\"\\n\"", "\"\\x\"", "\"\n\"", "\"",       "[]",
+                                    "{}",      "[ ]",     "{ }",    "[[],{}]",  "{\"a\" : [ 1 , 2 ] }",
+                                    "[1,]",    "{\"a\"}", "{1:2}",  "{\"a\":}", " 1 "}) {
+        ASSERT_EQ(IsCheckedValue(value), Taken('[' + value + ']').accepted()) << value;
+    }
 }
 
 }  // namespace

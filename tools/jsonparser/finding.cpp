@@ -80,23 +80,32 @@ class Terminal {
     locale_t utf8_;
 };
 
-/// A character of an excerpt as it is shown, and the columns that it takes.
+/// A character of an excerpt, and the columns that it takes.
 struct Cell {
-    std::string text;
+    std::string_view bytes;
     std::size_t columns;
 };
 
+bool IsPrintable(char c) { return c >= ' ' && c <= '~'; }
+
 /// The character at the start of rest, which is not empty, standing in that column of its line.
 Cell CellAt(std::string_view rest, std::size_t column, const Terminal& terminal) {
-    if (rest.front() == '\t') {
-        const std::size_t blanks = kTabColumns - column % kTabColumns;
-        return {std::string(blanks, ' '), blanks};
+    const std::string_view first = rest.substr(0, 1);
+    if (IsPrintable(first[0])) return {first, 1};
+    if (first[0] == '\t') return {first, kTabColumns - column % kTabColumns};
+    const std::string_view character = rest.substr(0, CharacterLength(rest));
+    if (character.size() > 1) return {character, terminal.columns(character)};
+    return {first, Harmless(first).size()};
+}
+
+void AppendCell(std::string& line, const Cell& cell) {
+    if (cell.bytes == "\t") {
+        line.append(cell.columns, ' ');
+    } else if (cell.bytes.size() > 1 || IsPrintable(cell.bytes[0])) {
+        line += cell.bytes;
+    } else {
+        line += Harmless(cell.bytes);
     }
-    const std::size_t length = CharacterLength(rest);
-    if (length > 1) return {std::string(rest.substr(0, length)), terminal.columns(rest.substr(0, length))};
-    const std::string shown =
-        rest.front() == '"' || rest.front() == '\\' ? std::string(1, rest.front()) : Harmless(rest.substr(0, 1));
-    return {shown, shown.size()};
 }
 
 /// The line that begins at lineBegin around offset, and a caret below the place.
@@ -113,12 +122,19 @@ std::string Excerpt(std::string_view text, std::size_t lineBegin, std::size_t of
     std::vector<Cell> cells;
     std::size_t column = 0;
     std::size_t caretCell = 0;
+    std::size_t caretColumn = 0;
     std::size_t at = begin;
-    for (; at < text.size() && text[at] != '\n' && at < offset + kMostBytes; at += StepAt(text, at)) {
+    // As far as what no longer fits behind the caret.
+    while (at < text.size() && text[at] != '\n' && at < offset + kMostBytes &&
+           column <= caretColumn + kExcerptColumns) {
         if (text[at] == '\r' && (at + 1 == text.size() || text[at + 1] == '\n')) break;
-        if (at < offset) ++caretCell;
+        const bool isBefore = at < offset;
         cells.push_back(CellAt(text.substr(at), column, kTerminal));
         column += cells.back().columns;
+        at += cells.back().bytes.size();
+        if (!isBefore) continue;
+        ++caretCell;
+        caretColumn = column;
     }
     const bool cutAtEnd = at < text.size() && text[at] != '\n' && text[at] != '\r';
 
@@ -133,7 +149,7 @@ std::string Excerpt(std::string_view text, std::size_t lineBegin, std::size_t of
 
     const bool moreBefore = first > 0 || begin > lineBegin;
     std::string line = moreBefore ? "..." : "";
-    for (std::size_t i = first; i < last; ++i) line += cells[i].text;
+    for (std::size_t i = first; i < last; ++i) AppendCell(line, cells[i]);
     if (last < cells.size() || cutAtEnd) line += "...";
     return fmt::format("{} {}\n{} {:{}}{}\n", style(Style::kFaint, fmt::format("{:5} |", lineNumber)), line,
                        style(Style::kFaint, "      |"), "", before + (moreBefore ? 3 : 0), style(Style::kError, "^"));

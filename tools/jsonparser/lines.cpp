@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -24,9 +25,6 @@
 namespace tool {
 namespace {
 
-constexpr std::size_t kReadBytes = 65536;
-constexpr std::size_t kBatchBytes = 65536;
-
 std::string_view WithoutReturn(std::string_view line) {
     if (line.ends_with('\r')) line.remove_suffix(1);
     return line;
@@ -36,8 +34,8 @@ bool IsBlank(std::string_view line) { return line.find_first_not_of(" \t\r") == 
 
 }  // namespace
 
-LineReader::LineReader(std::vector<std::string> files, std::size_t maximumLine)
-    : files_(std::move(files)), maximumLine_(maximumLine) {}
+LineReader::LineReader(std::vector<std::string> files, std::size_t maximumLine, BatchLimits limits)
+    : files_(std::move(files)), maximumLine_(maximumLine), limits_(limits) {}
 
 LineReader::~LineReader() { close(); }
 
@@ -53,18 +51,18 @@ std::unique_ptr<Batch> LineReader::next() {
             const std::size_t end = rest.find('\n', searched);
             const bool isWhole = end != rest.npos;
             searched = isWhole ? end : rest.size();
-            const bool hasReturn = isWhole && rest.substr(0, end).ends_with('\r');
+            const bool hasReturn = rest.substr(0, searched).ends_with('\r');  // its line end may come next
             if (searched > maximumLine_ + (hasReturn ? 1 : 0)) {
                 if (count > 0) break;
                 return withoutLine();
             }
             if (isWhole || (hasEnded_ && !rest.empty())) {
-                if (searched > kLongLine && count > 0) break;
-                isLong = searched > kLongLine;
+                if (searched > limits_.longLine && count > 0) break;
+                isLong = searched > limits_.longLine;
                 ++count;
                 bytes += isWhole ? end + 1 : rest.size();
                 searched = 0;
-                if (count == kBatchLines || bytes >= kBatchBytes || isLong) break;
+                if (count == limits_.lines || bytes >= limits_.bytes || isLong) break;
                 continue;
             }
             if (hasEnded_ || (count > 0 && !inputIsReady())) break;
@@ -108,10 +106,10 @@ bool LineReader::inputIsReady() const {
 void LineReader::fill() {
     buffer_.erase(0, std::exchange(begin_, 0));
     const std::size_t before = buffer_.size();
-    buffer_.resize(before + kReadBytes);
+    buffer_.resize(before + limits_.readBytes);
     ssize_t got = 0;
     do {
-        got = read(descriptor_, buffer_.data() + before, kReadBytes);
+        got = read(descriptor_, buffer_.data() + before, limits_.readBytes);
     } while (got < 0 && errno == EINTR);
     error_ = got < 0 ? errno : 0;
     hasEnded_ = got <= 0;
@@ -197,17 +195,11 @@ void ConvertLeft(Batch& batch, const LineFunction& function) {
     if (!function.convert(place, WithoutReturn(line), batch.output, batch.findings)) ++batch.bad;
 }
 
-int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine, unsigned jobs,
-                 const LineFunction& function) {
-    LineReader reader(files, maximumLine);
-    Progress progress("lines", TotalBytes(files));
-    bool isWritable = true;
-    std::size_t lines = 0;
-    std::size_t bad = 0;
-    int code = kGood;
-
+void ConvertBatches(LineReader& reader, unsigned jobs, const LineFunction& function,
+                    const std::function<bool(const Batch& batch)>& use) {
+    std::atomic<bool> wantsMore = true;
     const auto cut = [&](tbb::flow_control& control) -> std::shared_ptr<Batch> {
-        std::shared_ptr<Batch> batch = isWritable ? reader.next() : nullptr;
+        std::shared_ptr<Batch> batch = wantsMore ? reader.next() : nullptr;
         if (batch == nullptr) control.stop();
         return batch;
     };
@@ -215,17 +207,11 @@ int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine,
         Convert(*batch, function);
         return batch;
     };
-    const auto print = [&](const std::shared_ptr<Batch>& batch) {
-        if (!isWritable) return;
+    const auto give = [&](const std::shared_ptr<Batch>& batch) {
+        if (!wantsMore) return;
         const bool isLarge = batch->isLeft;
         ConvertLeft(*batch, function);
-        Print(batch->output);
-        isWritable = Flush();
-        PrintError(batch->findings);
-        lines += batch->lines;
-        bad += batch->bad;
-        if (batch->isUnreadable) code = kCannotReadOrWrite;
-        progress.advance(batch->bytes, batch->lines);
+        wantsMore = use(*batch);
         // Else each thread would keep what the largest tree that it ever had took.
         if (isLarge) malloc_trim(0);
     };
@@ -238,7 +224,26 @@ int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine,
         tbb::parallel_pipeline(2 * threads, tbb::make_filter<void, std::shared_ptr<Batch>>(kOrdered, cut) &
                                                 tbb::make_filter<std::shared_ptr<Batch>, std::shared_ptr<Batch>>(
                                                     tbb::filter_mode::parallel, convert) &
-                                                tbb::make_filter<std::shared_ptr<Batch>, void>(kOrdered, print));
+                                                tbb::make_filter<std::shared_ptr<Batch>, void>(kOrdered, give));
+    });
+}
+
+int ConvertLines(const std::vector<std::string>& files, std::size_t maximumLine, unsigned jobs,
+                 const LineFunction& function) {
+    LineReader reader(files, maximumLine);
+    Progress progress("lines", TotalBytes(files));
+    std::size_t lines = 0;
+    std::size_t bad = 0;
+    int code = kGood;
+    ConvertBatches(reader, jobs, function, [&](const Batch& batch) {
+        Print(batch.output);
+        const bool isWritable = Flush();
+        PrintError(batch.findings);
+        lines += batch.lines;
+        bad += batch.bad;
+        if (batch.isUnreadable) code = kCannotReadOrWrite;
+        progress.advance(batch.bytes, batch.lines);
+        return isWritable;
     });
     if (bad > 0) Complain(fmt::format("{} of {} lines are bad", bad, lines));
     return Flushed(std::max(code, bad > 0 ? int{kFindings} : int{kGood}));

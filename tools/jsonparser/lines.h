@@ -11,10 +11,14 @@
 
 namespace tool {
 
-/// Lines that one thread converts at one go, at most.
-inline constexpr std::size_t kBatchLines = 64;
-/// A line of more bytes is a batch of its own, and only one at a time is converted at any cost.
-inline constexpr std::size_t kLongLine = std::size_t{16} << 10U;
+/// How input is cut into what one thread converts at one go.
+struct BatchLimits {
+    std::size_t lines = 64;                          ///< of a batch, at most
+    std::size_t bytes = std::size_t{64} << 10U;      ///< that end a batch behind the line that reaches them
+    std::size_t longLine = std::size_t{16} << 10U;   ///< a line of more bytes is a batch of its own, and only one at a
+                                                     ///< time is converted at any cost
+    std::size_t readBytes = std::size_t{64} << 10U;  ///< that are read at one go
+};
 
 /// The most threads that can be asked for.
 inline constexpr unsigned kMostJobs = 256;
@@ -43,7 +47,7 @@ struct Batch {
     std::size_t firstLine = 0;
     std::string text;       ///< whole lines with their ends, which the last line of a file may lack
     std::size_t bytes = 0;  ///< of input that this batch accounts for
-    bool isLong = false;    ///< one line of more than kLongLine bytes
+    bool isLong = false;    ///< one line of more than BatchLimits::longLine bytes
 
     std::string output;         ///< for standard output
     std::string findings;       ///< for standard error
@@ -56,7 +60,7 @@ struct Batch {
 /// Cuts files into batches. A batch ends where no more input is ready, so that nobody waits for lines to come.
 class LineReader {
   public:
-    LineReader(std::vector<std::string> files, std::size_t maximumLine);
+    LineReader(std::vector<std::string> files, std::size_t maximumLine, BatchLimits limits = {});
     ~LineReader();
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
@@ -78,6 +82,7 @@ class LineReader {
 
     const std::vector<std::string> files_;
     const std::size_t maximumLine_;
+    const BatchLimits limits_;
     std::size_t file_ = 0;  ///< that is read, or opened next
     int descriptor_ = -1;
     bool isOpen_ = false;
@@ -94,6 +99,12 @@ void Convert(Batch& batch, const LineFunction& function);
 /// Converts the line that Convert left. Where this is called one batch at a time, long lines take no more memory on
 /// many threads than on one.
 void ConvertLeft(Batch& batch, const LineFunction& function);
+
+/// Converts all that reader gives. Every batch goes to use with what became of it, in their order; use says whether it
+/// wants more.
+/// @param jobs threads, kMostJobs at most; 0 is one for each core
+void ConvertBatches(LineReader& reader, unsigned jobs, const LineFunction& function,
+                    const std::function<bool(const Batch& batch)>& use);
 
 /// Converts all lines of the files ("-" is standard input), prints what they become to standard output, and complains
 /// about the bad ones, in their order.

@@ -3,8 +3,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <optional>
@@ -72,7 +72,9 @@ template <class Real>
 bool HasWhole(Real number, const Json::Value& value) {
     if (value.isString() || std::trunc(value.asDouble()) != value.asDouble()) return true;
     const std::string digits = fmt::format("{}", number);
-    return double{number} == value.asDouble() || std::strtod(digits.c_str(), nullptr) == value.asDouble();
+    double printed = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), printed);  // in every locale the same
+    return double{number} == value.asDouble() || printed == value.asDouble();
 }
 
 class RecordReader {

@@ -13,14 +13,17 @@
 
 namespace jsonparser {
 
-/// A name as it stands in a message behind its opening quote: with the closing one, then NULs. So one comparison of
-/// whole blocks finds both the name and its end.
-struct alignas(32) QuotedName {
+/// A name as it stands in a message without blanks: between quotes, with a colon behind, then NULs. So one comparison
+/// of whole blocks finds both the name and where its value begins.
+struct QuotedName {
+    static constexpr std::size_t kBlock = 32;
     static constexpr std::size_t kLongest = 26;
+    static constexpr std::size_t kMarks = 3;  ///< the quotes and the colon
 
-    char bytes[kLongest + 1];
-    std::uint8_t size;   ///< of the name
-    std::uint32_t bits;  ///< one for each of its bytes and for the quote
+    char bytes[kBlock - 1];
+    std::uint8_t size;  ///< of the name
+    std::uint64_t
+        bits;  ///< one for each byte of the name and its marks; above these 32, for none: what nothing matches
 };
 
 /// Whether two texts of size bytes are equal. Names are short: this is faster than a call.
@@ -32,11 +35,11 @@ inline bool SameBytes(const char* a, const char* b, std::size_t size) {
         return left == right;
     };
     if (size >= 8) {
-        if (!same(a, b, std::uint64_t{})) return false;
-        for (std::size_t i = 8; i + 8 < size; i += 8) {
-            if (!same(a + i, b + i, std::uint64_t{})) return false;
+        if (!same(a, b, std::uint64_t{}) || !same(a + size - 8, b + size - 8, std::uint64_t{})) return false;
+        for (; size > 16; size -= 8) {
+            if (!same(a + size - 16, b + size - 16, std::uint64_t{})) return false;
         }
-        return same(a + size - 8, b + size - 8, std::uint64_t{});
+        return true;
     }
     if (size >= 4) return same(a, b, std::uint32_t{}) && same(a + size - 4, b + size - 4, std::uint32_t{});
     for (std::size_t i = 0; i < size; ++i) {
@@ -45,8 +48,9 @@ inline bool SameBytes(const char* a, const char* b, std::size_t size) {
     return true;
 }
 
-/// Of a name's length, its beginning and its end; never reads outside it.
-constexpr std::uint64_t HashOfName(const char* name, std::size_t size) {
+/// Of a name's length, its beginning and its end; never reads outside it. Always expanded, as what the forms of the pass
+/// call has to be (see text_pass_forms.h).
+[[gnu::always_inline]] constexpr std::uint64_t HashOfName(const char* name, std::size_t size) {
     const auto load = [name](std::size_t at, std::size_t count) {
         std::uint64_t word = 0;
         if (std::is_constant_evaluated()) {
@@ -77,7 +81,7 @@ constexpr std::uint64_t HashOfName(const char* name, std::size_t size) {
 struct NameIndex {
     const std::string_view* names;  ///< in processing order
     const std::size_t* sorted;      ///< indexes into names, in the order of the names' bytes
-    const QuotedName* quoted;       ///< in processing order
+    const QuotedName* quoted;       ///< in processing order, and one that nothing matches
     std::size_t count;
     const std::uint8_t* slots;  ///< a hash table of indexes into names plus one; 0 is free
     std::size_t slotMask;
@@ -95,7 +99,7 @@ struct NameList {
 
     std::array<std::string_view, N> names;
     std::array<std::size_t, N> sorted;  ///< indexes into names, in the order of the names' bytes
-    std::array<QuotedName, N> quoted;
+    std::array<QuotedName, N + 1> quoted;
     std::array<std::uint8_t, kSlots> slots;
 
     template <class... Name>
@@ -107,14 +111,17 @@ struct NameList {
         }
         for (std::size_t i = 0; i < N; ++i) {
             if (names[i].size() > QuotedName::kLongest) throw "a name has more than 26 bytes";
-            std::copy(names[i].begin(), names[i].end(), quoted[i].bytes);
-            quoted[i].bytes[names[i].size()] = '"';
+            quoted[i].bytes[0] = '"';
+            std::copy(names[i].begin(), names[i].end(), quoted[i].bytes + 1);
+            quoted[i].bytes[names[i].size() + 1] = '"';
+            quoted[i].bytes[names[i].size() + 2] = ':';
             quoted[i].size = static_cast<std::uint8_t>(names[i].size());
-            quoted[i].bits = (2U << names[i].size()) - 1;
+            quoted[i].bits = (std::uint64_t{1} << (names[i].size() + QuotedName::kMarks)) - 1;
             std::size_t slot = HashOfName(names[i].data(), names[i].size()) % kSlots;
             while (slots[slot] != 0) slot = (slot + 1) % kSlots;
             slots[slot] = static_cast<std::uint8_t>(i + 1);
         }
+        quoted[N].bits = std::uint64_t{1} << QuotedName::kBlock;
     }
 
     constexpr NameIndex index() const {

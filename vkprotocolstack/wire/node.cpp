@@ -98,7 +98,11 @@ long long Node::watchedRealToInt64() const {
 }
 
 void Node::rawTo(char* field, std::size_t count) const {
-    if (place_.isPlain()) return CopyText(place_.plain().substr(0, count), field);
+    if (!place_.isPlain()) return otherRawTo(field, count);
+    CopyText(place_.plain().substr(0, count), field);
+}
+
+void Node::otherRawTo(char* field, std::size_t count) const {
     std::string storage;
     const std::string_view taken = place_.text(storage).substr(0, count);
     if (taken.empty() && place_.isWatched()) [[unlikely]] {
@@ -111,9 +115,12 @@ void Node::rawTo(char* field, std::size_t count) const {
 }
 
 void Node::utf8To(char* field, int limit) const {
-    if (place_.isCopied()) {
-        if (limit >= 0) CopyText(place_.plain().substr(0, static_cast<std::size_t>(limit)), field);
-    } else if (place_.isPresent()) {
+    if (!place_.isCopied()) return otherUtf8To(field, limit);
+    if (limit >= 0) CopyText(place_.plain().substr(0, static_cast<std::size_t>(limit)), field);
+}
+
+void Node::otherUtf8To(char* field, int limit) const {
+    if (place_.isPresent()) {
         CopyUtf8(place_, field, limit);
     } else if (place_.isWatched()) {
         watchedUtf8To(field, limit);
@@ -153,8 +160,9 @@ void Node::watchedRenderTo(char* field, int size) const {
     report(place_).rendered(size, field);
 }
 
-char* Node::heapUtf8() const {
-    if (place_.isCopied()) return HeapCopy(place_.plain());
+char* Node::heapUtf8() const { return place_.isCopied() ? HeapCopy(place_.plain()) : otherHeapUtf8(); }
+
+char* Node::otherHeapUtf8() const {
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {
@@ -167,8 +175,9 @@ char* Node::heapUtf8() const {
     return buffer;
 }
 
-char* Node::heapString() const {
-    if (place_.isCopied()) return HeapCopy(place_.plain());
+char* Node::heapString() const { return place_.isCopied() ? HeapCopy(place_.plain()) : otherHeapString(); }
+
+char* Node::otherHeapString() const {
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {

@@ -189,6 +189,12 @@ class Node {
         return static_cast<Number>((place_.*Read)());
     }
 
+    // ---- what is not only copied: apart, since it needs a frame of its own
+    [[gnu::noinline]] void otherRawTo(char* field, std::size_t count) const;
+    [[gnu::noinline]] void otherUtf8To(char* field, int limit) const;
+    [[gnu::noinline]] char* otherHeapUtf8() const;
+    [[gnu::noinline]] char* otherHeapString() const;
+
     // ---- for an observer. A watched place reads as null, so that whoever finds something need not ask whether it is
     // one. Places are handed over by value: an address of one would keep it out of a register.
     /// The node of a watched value; of others, this.

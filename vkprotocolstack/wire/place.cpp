@@ -73,8 +73,9 @@ class TextCopy {
     std::unique_ptr<char[]> long_;
 };
 
-/// Looks up the names in object, an object.
-void FindMembers(const Json::Value& object, const NameIndex& names, Place* found) {
+/// Looks up the names in object, an object. Of its own, as the next is: each has a frame that the other need not set
+/// up.
+[[gnu::noinline]] void FindMembers(const Json::Value& object, const NameIndex& names, Place* found) {
     constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
     std::size_t left = object.size();
     if (left / kMembersALookup > names.count) {
@@ -100,24 +101,26 @@ void FindMembers(const Json::Value& object, const NameIndex& names, Place* found
 }
 
 /// The same of an object on the tape.
-void FindOnTape(const TextEntry& object, const NameIndex& names, Place* found) {
-    const TextEntry* child = object.first();
-    const TextEntry* const end = object.behind();
+[[gnu::noinline]] void FindOnTape(const TextEntry& object, const NameIndex& names, Place* found) {
     if (object.matched == names.names) {
-        for (; child != end; child = child->next()) {
-            if (child->slot != 0) found[child->slot - 1] = Place(child);
-        }
+        static_assert(sizeof(Place) == sizeof(MarkedEntry));
+        std::memcpy(static_cast<void*>(found), SlotsOf(&object, names.count), names.count * sizeof *found);
         return;
     }
+    const TextEntry* child = object.first();
+    const TextEntry* const end = object.behind();
     const std::string_view* next = names.names;
     const std::string_view* const last = next + names.count;
+    Place* slot = found;
     for (; child != end; child = child->next()) {
         if (next == last || next->size() != child->nameSize || !SameBytes(next->data(), child->name, child->nameSize)) {
-            const std::size_t slot = names.find(child->name, child->nameSize);
-            if (slot == 0) continue;
-            next = names.names + slot - 1;
+            const std::size_t index = names.find(child->name, child->nameSize);
+            if (index == 0) continue;
+            next = names.names + index - 1;
+            slot = found + index - 1;
         }
-        found[next++ - names.names] = Place(child);
+        ++next;
+        *slot++ = Place(child);
     }
 }
 

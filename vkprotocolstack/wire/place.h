@@ -55,7 +55,7 @@ class Place {
   public:
     Place() = default;
     explicit Place(const Json::Value* value) : bits_(reinterpret_cast<std::uintptr_t>(value)) {}
-    explicit Place(const TextEntry* entry) : bits_(reinterpret_cast<std::uintptr_t>(entry) | kOnTape) {}
+    explicit Place(const TextEntry* entry) : bits_(Marked(entry)) {}
 
     bool isOnTape() const { return (bits_ & kOnTape) != 0; }
     bool isWatched() const { return kWithObservers && isOnTape() && entry().type == TextType::Watched; }
@@ -140,8 +140,14 @@ class Place {
                 return found;
             }
             const TextEntry* element = entry().first();
-            for (std::size_t i = 0; i < N && i < entry().size; ++i, element = element->next())
-                found[i] = Place(element);
+            if (entry().size >= N) [[likely]] {
+                for (Place& place : found) {
+                    place = Place(element);
+                    element = element->next();
+                }
+                return found;
+            }
+            for (std::size_t i = 0; i < entry().size; ++i, element = element->next()) found[i] = Place(element);
             return found;
         }
         if (type() == Json::arrayValue) {
@@ -175,8 +181,6 @@ class Place {
     const Json::Value* address() const { return reinterpret_cast<const Json::Value*>(bits_); }
 
   private:
-    static constexpr std::uintptr_t kOnTape = 1;
-
     /// Of the type in a tree, or from one type on a tape to another.
     template <Json::ValueType Type>
     bool isOf(TextType first, TextType last) const {

@@ -72,8 +72,9 @@ template <std::size_t I = 0, std::size_t N, class Values>
                 const std::ptrdiff_t length = first.before == '\0' ? 8 : 9;
                 if (end - at < length || (first.before != '\0' && *at != first.before)) return false;
                 const char* const behind = at + length;
-                const bool isWhole =
-                    format.steps()[I + 2].width != 0 || behind == end || *behind < '0' || *behind > '9';
+                bool isWhole = format.steps()[I + 2].width != 0;
+                if constexpr (I + 3 < N) isWhole |= format.steps()[I + 3].before != '\0';
+                isWhole = isWhole || behind == end || *behind < '0' || *behind > '9';
                 return isWhole &&
                        ScanTime(behind - 8, std::get<I>(values), std::get<I + 1>(values), std::get<I + 2>(values)) &&
                        ScanPlain<I + 3>(behind, end, format, values);

@@ -17,8 +17,13 @@ struct Avx2Blocks {
 
     static std::uint64_t Endings(const char* p) {
         const auto endingsOf = [](__m256i block) {
-            const __m256i controls = _mm256_cmpeq_epi8(_mm256_min_epu8(block, _mm256_set1_epi8(0x1F)), block);
-            return Bits(_mm256_or_si256(_mm256_or_si256(Equal(block, '"'), Equal(block, '\\')), controls));
+            // By a character's lower half what it is compared with: but for the two only NUL equals that, a control.
+            const __m256i texts = _mm256_setr_epi8(0, 0, '"', 0, 0, 0, 0, 0, 0, 0, 0, 0, '\\', 0, 0, 0,  //
+                                                   0, 0, '"', 0, 0, 0, 0, 0, 0, 0, 0, 0, '\\', 0, 0, 0);
+            const __m256i inTexts = _mm256_cmpeq_epi8(_mm256_shuffle_epi8(texts, block), block);
+            const __m256i controls =
+                _mm256_subs_epu8(_mm256_set1_epi8(static_cast<char>(0x9F)), block);  // the high bit
+            return Bits(_mm256_or_si256(inTexts, controls));
         };
         return endingsOf(Load(p)) | std::uint64_t{endingsOf(Load(p + kWidth))} << kWidth;
     }
@@ -28,7 +33,7 @@ struct Avx2Blocks {
                                     _mm256_or_si256(Equal(block, '\r'), Equal(block, '\t'))));
     }
     static bool Starts(const char* p, const QuotedName& quoted) {
-        const std::uint32_t same = Bits(_mm256_cmpeq_epi8(Load(p), Load(quoted.bytes)));
+        const std::uint64_t same = Bits(_mm256_cmpeq_epi8(Load(p), Load(quoted.bytes)));
         return (~same & quoted.bits) == 0;
     }
     static StructureBits Structure(const char* p) {

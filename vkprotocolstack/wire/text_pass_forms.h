@@ -2,7 +2,7 @@
 //   kWidth, kAll              bytes in a block, and a bit for each
 //   Blanks(p)                 bits of a block: JSON's white space
 //   Endings(p)                of 64 bytes: quotes, backslashes, control characters
-//   Starts(p, quoted)         whether a text of at least 32 bytes starts with a name and its quote
+//   Starts(p, quoted)         whether a text of at least 32 bytes starts with a quoted name and its colon
 //   Structure(p)              of 64 bytes: quotes, backslashes, opening and closing brackets
 // Everything here is in an unnamed namespace and nothing is shared with other files: a form for wider instructions is
 // compiled with them, and the linker must not take its code for all.
@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 #include "vkprotocolstack/wire/text_pass.h"
 
@@ -28,7 +29,17 @@ struct StructureBits {
 inline bool IsBlank(char byte) { return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t'; }
 /// Above 9 when it is none.
 inline unsigned DigitOf(char byte) { return static_cast<unsigned char>(byte) - unsigned{'0'}; }
-inline bool IsDigit(char byte) { return DigitOf(byte) <= 9; }
+
+/// Tables of bytes: of a byte that is looked at several times this takes fewer steps than comparisons.
+constexpr auto TableOf(std::string_view bytes) {
+    std::array<bool, 256> table{};
+    for (const char byte : bytes) table[static_cast<unsigned char>(byte)] = true;
+    return table;
+}
+constexpr auto kDigits = TableOf("0123456789");
+constexpr auto kNumberGoesOn = TableOf(".eE");  ///< what a number that is no integer has behind its first digits
+
+inline bool IsDigit(char byte) { return kDigits[static_cast<unsigned char>(byte)]; }
 
 inline bool IsContainer(char byte) { return byte == '{' || byte == '['; }
 
@@ -66,6 +77,8 @@ class Pass {
 
     bool run() {
         while (end_ != job_.begin && IsBlank(end_[-1])) --end_;
+        const auto size = static_cast<std::size_t>(end_ - job_.begin);
+        lastBlock_ = size >= QuotedName::kBlock ? end_ - QuotedName::kBlock : nullptr;
         const char* p = job_.begin;
         while (p != end_ && IsBlank(*p)) ++p;
         forgetPart();
@@ -85,20 +98,14 @@ class Pass {
     static constexpr std::size_t kMostAhead = 32 * kBlock;
     static constexpr std::size_t kAheadSkipping = 4 * kBlock;
 
-    /// What a number that is no integer has behind its first digits.
-    static constexpr auto kNumberGoesOn = [] {
-        std::array<bool, 256> goesOn{};
-        for (const char byte : {'.', 'e', 'E'}) goesOn[static_cast<unsigned char>(byte)] = true;
-        return goesOn;
-    }();
-
     const char* declined(const char* p) {
         job_.stop = p;
         return nullptr;
     }
 
     ALWAYS_INLINE const char* skipBlanks(const char* p) const {
-        if (static_cast<unsigned char>(*p) > ' ') return p;
+        if (static_cast<unsigned char>(*p) > ' ') [[likely]]
+            return p;
         if (*p == ' ' && static_cast<unsigned char>(p[1]) > ' ') return p + 1;
         return skipManyBlanks(p);
     }
@@ -113,39 +120,39 @@ class Pass {
         return p;
     }
 
-    /// The closing quote of the text whose characters begin at p, where that is a short one without escapes; else null.
-    /// What ends runs of characters is found for many blocks ahead: so a text's end is known without waiting for that
-    /// of the text before, and wherever it begins.
-    ALWAYS_INLINE const char* endOfShortText(const char* p) const {
+    /// The next byte, from p on, that is no ordinary character of a text, where it is known and near; else null. What
+    /// ends runs of characters is found for many blocks ahead: so a text's end is known without waiting for that of the
+    /// text before, and wherever it begins.
+    ALWAYS_INLINE const char* nearEnding(const char* p) const {
         const auto offset = static_cast<std::size_t>(p - ahead_);
         if (offset >= aheadSize_) [[unlikely]]
             return nullptr;
         const std::uint64_t endings = endingsFrom(offset);
         if (endings == 0) [[unlikely]]
             return nullptr;
-        const char* const ending = p + __builtin_ctzll(endings);
-        return *ending == '"' ? ending : nullptr;
+        return p + __builtin_ctzll(endings);
     }
+
+    /// Compares two bytes at once. Within containers the last byte is a bracket, so what ends a text has one behind it.
+    ALWAYS_INLINE static bool is(const char* p, const char (&two)[3]) { return std::memcmp(p, two, 2) == 0; }
 
     /// Of any text, or null where it has none.
     [[gnu::noinline]] const char* endOfText(const char* p, bool& escaped) {
         for (;;) {
             p = nextEnding(p);
-            if (p == end_) return declined(p);
+            if (p == end_) [[unlikely]]
+                return declined(p);
             if (*p == '"') return p;
             if (*p != '\\') return declined(p);
             escaped = true;
             p = skipEscape(p);
-            if (p == nullptr) return nullptr;
+            if (p == nullptr) [[unlikely]]
+                return nullptr;
         }
     }
 
     /// Of a name, which has no escapes and not too many bytes, or null.
-    ALWAYS_INLINE const char* endOfName(const char* p) {
-        const char* const end = endOfShortText(p);
-        return end != nullptr ? end : endOfLongName(p);
-    }
-    [[gnu::noinline]] const char* endOfLongName(const char* p) {
+    [[gnu::noinline]] const char* endOfName(const char* p) {
         bool escaped = false;
         const char* const end = endOfText(p, escaped);
         return end == nullptr || (!escaped && end - p <= 0xFFFF) ? end : declined(p);
@@ -227,18 +234,20 @@ class Pass {
         return second >= 0xDC00 && second <= 0xDFFF ? p + 12 : declined(p);
     }
 
-    /// Reads the text whose characters begin at p into entry.
-    ALWAYS_INLINE const char* text(const char* p, TextEntry& entry) {
-        entry.type = plainText_;
-        const char* close = endOfShortText(p);
-        if (close == nullptr) [[unlikely]] {
-            bool escaped = false;
-            close = endOfText(p, escaped);
-            if (close == nullptr) return nullptr;
-            if (escaped) entry.type = TextType::EscapedText;
-        }
+    /// Reads the text whose characters begin at p, and end before close, into entry.
+    ALWAYS_INLINE void shortText(const char* p, const char* close, TextEntry& entry) const {
         entry.text = p;
         entry.size = static_cast<std::uint32_t>(close - p);
+        entry.type = plainText_;
+    }
+
+    /// Reads any text whose characters begin at p into entry.
+    [[gnu::noinline]] const char* text(const char* p, TextEntry& entry) {
+        bool escaped = false;
+        const char* const close = endOfText(p, escaped);
+        if (close == nullptr) return nullptr;
+        shortText(p, close, entry);
+        if (escaped) entry.type = TextType::EscapedText;
         return close + 1;
     }
 
@@ -267,40 +276,66 @@ class Pass {
     }
 
     /// Reads the scalar at p into entry.
-    ALWAYS_INLINE const char* scalar(const char* p, TextEntry& entry) {
+    const char* scalar(const char* p, TextEntry& entry) {
         if (*p == '"') return text(p + 1, entry);
         return IsDigit(*p) ? number(p, p, entry) : word(p, entry);
     }
 
-    /// The number that begins at begin, with its digits from p on.
-    ALWAYS_INLINE const char* number(const char* begin, const char* p, TextEntry& entry) {
-        const char* const digits = p;
-        std::uint64_t value = DigitOf(*p);
-        if (value > 9) return declined(begin);
-        unsigned digit = DigitOf(*++p);
-        if (digit <= 9) {
-            if (value == 0) return declined(begin);
-            do {
-                value = value * 10 + digit;
-                digit = DigitOf(*++p);
-            } while (digit <= 9);
-            if (p - digits > 18) [[unlikely]]
-                return longNumber(begin, p, value, entry);
-        }
-        if (kNumberGoesOn[static_cast<unsigned char>(*p)]) [[unlikely]]
-            return longNumber(begin, p, value, entry);
-        entry.integer = static_cast<std::int64_t>(digits == begin ? value : 0 - value);
-        entry.type = TextType::Integer;
-        return p;
+    // Most values within containers are short, and have a comma behind them: then these are behind that, and say so.
+
+    /// Reads the text whose characters begin at p into entry.
+    ALWAYS_INLINE const char* textWithComma(const char* p, TextEntry& entry, bool& comma) {
+        const char* const ending = nearEnding(p);
+        if (ending == nullptr || *ending != '"') [[unlikely]]
+            return text(p, entry);
+        shortText(p, ending, entry);
+        comma = ending[1] == ',';
+        return comma ? ending + 2 : ending + 1;
     }
 
-    /// A number that begins at begin, with its digits up to p, of which value has the low 64 bits.
-    [[gnu::noinline]] const char* longNumber(const char* begin, const char* p, std::uint64_t value, TextEntry& entry) {
-        const bool negative = *begin == '-';
-        const char* const digits = begin + (negative ? 1 : 0);
+    /// Reads the number that begins with the digit at p into entry.
+    ALWAYS_INLINE const char* numberWithComma(const char* p, TextEntry& entry, bool& comma) {
+        std::uint64_t value = 0;
+        const char* const end = shortInteger(p, value);
+        if (end == nullptr || kNumberGoesOn[static_cast<unsigned char>(*end)]) [[unlikely]]
+            return number(p, p, entry);
+        comma = *end == ',';
+        entry.integer = static_cast<std::int64_t>(value);
+        entry.type = TextType::Integer;
+        return comma ? end + 1 : end;
+    }
+
+    /// Behind the digits at p; null where there are more than 18, or one more behind a 0.
+    ALWAYS_INLINE static const char* shortInteger(const char* p, std::uint64_t& value) {
+        const char* const digits = p;
+        value = DigitOf(*p);
+        unsigned digit = DigitOf(*++p);
+        if (digit > 9) return p;
+        if (value == 0) return nullptr;
+        for (;; p += 2) {
+            value = value * 10 + digit;
+            digit = DigitOf(p[1]);
+            if (digit > 9) break;
+            value = value * 10 + digit;
+            digit = DigitOf(p[2]);
+            if (digit > 9) {
+                ++p;
+                break;
+            }
+        }
+        ++p;
+        return p - digits <= 18 ? p : nullptr;
+    }
+
+    /// Reads any number that begins at begin, with its digits from p on.
+    [[gnu::noinline]] const char* number(const char* begin, const char* p, TextEntry& entry) {
+        const char* const digits = p;
+        std::uint64_t value = 0;  // of many digits the low bits
+        while (IsDigit(*p)) value = value * 10 + DigitOf(*p++);
         const auto count = static_cast<std::size_t>(p - digits);
-        const bool isWhole = *p != '.' && *p != 'e' && *p != 'E';
-        if (isWhole && count <= 20) {
+        if (count == 0 || (count > 1 && *digits == '0')) return declined(begin);
+        const bool negative = digits != begin;
+        if (!kNumberGoesOn[static_cast<unsigned char>(*p)] && count <= 20) {
             // Twenty digits wrap to less than the first nineteen need, or begin with a digit above 1.
             const bool fits64 = count < 20 || (*digits == '1' && value >= 10000000000000000000U);
             constexpr std::uint64_t kMinimum = std::uint64_t{1} << 63;
@@ -315,9 +350,20 @@ class Pass {
                 return p;
             }
         }
+        p = behindReal(begin, p);
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+        entry.text = begin;
+        entry.size = static_cast<std::uint32_t>(p - begin);
+        entry.type = TextType::Real;
+        return p;
+    }
+
+    /// Behind the real number that begins at begin, with its first digits up to p.
+    [[gnu::noinline]] const char* behindReal(const char* begin, const char* p) {
         if (*p == '.') {
             const char* const fraction = ++p;
-            while (IsDigit(*p)) ++p;
+            p = behindDigits(p);
             if (p == fraction) return declined(begin);
         }
         std::size_t exponentDigits = 0;
@@ -325,54 +371,82 @@ class Pass {
             ++p;
             if (*p == '+' || *p == '-') ++p;
             const char* const exponent = p;
-            while (IsDigit(*p)) ++p;
+            p = behindDigits(p);
             exponentDigits = static_cast<std::size_t>(p - exponent);
             if (exponentDigits == 0) return declined(begin);
         }
         // Beyond this a number may be too large or too small for a double.
         if (p - begin > 100 || exponentDigits > 2) return declined(begin);
         job_.hasReal = true;
-        entry.text = begin;
-        entry.size = static_cast<std::uint32_t>(p - begin);
-        entry.type = TextType::Real;
         return p;
     }
 
-    /// Behind the value at p, which stands in depth containers.
-    ALWAYS_INLINE const char* other(const char* p, std::size_t depth) {
-        if (IsContainer(*p)) return job_.skipOthers ? skipContainer(p) : checkContainer(p, depth);
-        if (*p == '"') return checkText(p + 1);
-        return IsDigit(*p) ? checkNumber(p) : checkWord(p);
+    /// Behind the digits, if any, at p. Where they end is told by jumps, which a processor foresees: it need not wait
+    /// for these bytes before it reads on.
+    ALWAYS_INLINE static const char* behindDigits(const char* p) {
+        for (;; p += 4) {
+            if (!IsDigit(p[0])) return p;
+            if (!IsDigit(p[1])) return p + 1;
+            if (!IsDigit(p[2])) return p + 2;
+            if (!IsDigit(p[3])) return p + 3;
+        }
     }
 
     /// Behind the text whose characters begin at p.
-    ALWAYS_INLINE const char* checkText(const char* p) {
-        const char* close = endOfShortText(p);
-        if (close == nullptr) [[unlikely]] {
-            bool escaped = false;
-            close = endOfText(p, escaped);
-            if (close == nullptr) return nullptr;
-        }
-        return close + 1;
+    [[gnu::noinline]] const char* checkText(const char* p) {
+        bool escaped = false;
+        p = endOfText(p, escaped);
+        return p == nullptr ? p : p + 1;
+    }
+    ALWAYS_INLINE const char* checkTextWithComma(const char* p, bool& comma) {
+        const char* const ending = nearEnding(p);
+        if (ending == nullptr || *ending != '"') [[unlikely]]
+            return checkText(p);
+        comma = ending[1] == ',';
+        return comma ? ending + 2 : ending + 1;
     }
 
-    /// The number that begins with the digit at p.
-    ALWAYS_INLINE const char* checkNumber(const char* p) {
+    /// Behind the number that begins with the digit at p.
+    ALWAYS_INLINE const char* checkNumberWithComma(const char* p, bool& comma) {
+        // Most have few digits: how many is known by where there is no more.
         const char* const digits = p;
-        do {
-            ++p;
-        } while (IsDigit(*p));
-        const bool isUnusual = p - digits > 18 || (p - digits > 1 && *digits == '0');
-        if (kNumberGoesOn[static_cast<unsigned char>(*p)] || isUnusual) [[unlikely]] {
-            TextEntry entry;
-            return number(digits, digits, entry);
+        if (!IsDigit(p[1])) {
+            p += 1;
+        } else if (*digits == '0') {
+            return declined(digits);
+        } else if (!IsDigit(p[2])) {
+            p += 2;
+        } else if (!IsDigit(p[3])) {
+            p += 3;
+        } else if (!IsDigit(p[4])) {
+            p += 4;
+        } else {
+            p = behindDigits(p + 5);
+            if (p - digits > 18) [[unlikely]]
+                return checkScalar(digits);
         }
-        return p;
+        comma = *p == ',';
+        if (comma) return p + 1;
+        return kNumberGoesOn[static_cast<unsigned char>(*p)] ? behindReal(digits, p) : p;
     }
 
-    const char* checkWord(const char* p) {
+    [[gnu::noinline]] const char* checkScalar(const char* p) {
         TextEntry entry;
-        return word(p, entry);
+        return scalar(p, entry);
+    }
+
+    /// Behind the value at p, which stands in depth containers, at least one.
+    ALWAYS_INLINE const char* otherWithComma(const char* p, std::size_t depth, bool& comma) {
+        if (*p == '"') return checkTextWithComma(p + 1, comma);
+        if (IsDigit(*p)) return checkNumberWithComma(p, comma);
+        if (!IsContainer(*p)) return checkScalar(p);
+        return job_.skipOthers ? skipContainer(p) : checkContainer(p, depth);
+    }
+
+    /// Behind the colon of the name whose characters begin at p.
+    [[gnu::noinline]] const char* checkName(const char* p) {
+        p = checkText(p);
+        return p == nullptr ? p : skipColon(p);
     }
 
     /// Behind the container at p, which stands in outer containers.
@@ -387,68 +461,87 @@ class Pass {
         if (*p == '[') {
             p = skipBlanks(p + 1);
             if (*p == ']') goto close;
-            if (outer + depth >= maxDepth_) return declined(p);
+            if (outer + depth >= maxDepth_) [[unlikely]]
+                return declined(p);
             goto element;
         }
         ++kinds;
         p = skipBlanks(p + 1);
         if (*p == '}') goto close;
-        if (outer + depth >= maxDepth_) return declined(p);
-    member:
+        if (outer + depth >= maxDepth_) [[unlikely]]
+            return declined(p);
+    member : {
         p = skipQuote(p);
-        if (p == nullptr) return nullptr;
-        p = checkText(p);
-        if (p == nullptr) return nullptr;
-        p = skipColon(p);
-        if (p == nullptr) return nullptr;
-    memberValue:
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+        const char* const ending = nearEnding(p);
+        if (ending != nullptr && is(ending, "\":")) [[likely]] {
+            p = ending + 2;
+        } else {
+            p = checkName(p);
+            if (p == nullptr) [[unlikely]]
+                return nullptr;
+        }
+    }
+    memberValue : {
+        bool comma = false;
         if (*p == '"') {
-            p = checkText(p + 1);
+            p = checkTextWithComma(p + 1, comma);
         } else if (IsDigit(*p)) {
-            p = checkNumber(p);
+            p = checkNumberWithComma(p, comma);
         } else if (IsContainer(*p)) {
             goto open;
         } else if (IsBlank(*p)) [[unlikely]] {
             p = skipManyBlanks(p);
             goto memberValue;
         } else {
-            p = checkWord(p);
+            p = checkScalar(p);
         }
-        if (p == nullptr) return nullptr;
+        if (comma) goto member;
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+    }
     behindMember:
         if (*p != ',') {
             p = skipBlanks(p);
             if (*p == '}') goto close;
-            if (*p != ',') return declined(p);
+            if (*p != ',') [[unlikely]]
+                return declined(p);
         }
         ++p;
         goto member;
-    element:
+    element : {
+        bool comma = false;
         if (IsDigit(*p)) {
-            p = checkNumber(p);
+            p = checkNumberWithComma(p, comma);
         } else if (IsContainer(*p)) {
             goto open;
         } else if (*p == '"') {
-            p = checkText(p + 1);
+            p = checkTextWithComma(p + 1, comma);
         } else if (IsBlank(*p)) [[unlikely]] {
             p = skipManyBlanks(p);
             goto element;
         } else {
-            p = checkWord(p);
+            p = checkScalar(p);
         }
-        if (p == nullptr) return nullptr;
+        if (comma) goto element;
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+    }
     behindElement:
         if (*p != ',') {
             p = skipBlanks(p);
             if (*p == ']') goto close;
-            if (*p != ',') return declined(p);
+            if (*p != ',') [[unlikely]]
+                return declined(p);
         }
         ++p;
         goto element;
     close:
         ++p;
         if (--depth == 0) return p;
-        if (p == end_) return declined(p);
+        if (p == end_) [[unlikely]]
+            return declined(p);
         kinds = depth % 64 == 0 ? outerKinds[depth / 64] : kinds >> 1;
         if ((kinds & 1) != 0) goto behindMember;
         goto behindElement;
@@ -508,19 +601,43 @@ class Pass {
     /// Makes room for an entry at next, behind the last one. The tape may move.
     /// @return false when there is no memory, which is the message's end
     [[gnu::noinline]] bool grow(const TextEntry* next) {
-        if (!tape_.grow(static_cast<std::size_t>(next - tape_.entries))) {
+        const MarkedEntry before = Marked(tape_.entries);
+        if (!tape_.grow(indexOf(next))) {
             job_.noMemory = true;
             return false;
         }
         limit_ = tape_.entries + tape_.capacity;
+        const MarkedEntry moved = Marked(tape_.entries) - before;
+        for (std::size_t i = 0; i < slotCount_; ++i) {
+            if (slots()[i] != 0) slots()[i] += moved;
+        }
         return true;
+    }
+
+    MarkedEntry* slots() const { return reinterpret_cast<MarkedEntry*>(tape_.entries); }
+
+    /// Reads the name whose characters begin at p into entry, and its colon.
+    ALWAYS_INLINE const char* nameWithColon(const char* p, TextEntry& entry) {
+        entry.name = p;
+        const char* const ending = nearEnding(p);
+        if (ending == nullptr || !is(ending, "\":")) [[unlikely]]
+            return name(p, entry);
+        entry.nameSize = static_cast<std::uint16_t>(ending - p);
+        return ending + 2;
+    }
+    /// The same of any name.
+    [[gnu::noinline]] const char* name(const char* p, TextEntry& entry) {
+        const char* const close = endOfName(p);
+        if (close == nullptr) return nullptr;
+        entry.nameSize = static_cast<std::uint16_t>(close - p);
+        return skipColon(close + 1);
     }
 
     // Messages have few blanks or none, so what looks for a value's first byte looks for blanks last.
 
     /// Behind the colon between a name and its value; null where there is none.
     ALWAYS_INLINE const char* skipColon(const char* p) {
-        if (*p != ':') {
+        if (*p != ':') [[unlikely]] {
             p = skipBlanks(p);
             if (*p != ':') return declined(p);
         }
@@ -529,7 +646,7 @@ class Pass {
 
     /// Behind the quote of the name that is due at p; null where there is none.
     ALWAYS_INLINE const char* skipQuote(const char* p) {
-        if (*p != '"') {
+        if (*p != '"') [[unlikely]] {
             p = skipBlanks(p);
             if (*p != '"') return declined(p);
         }
@@ -551,18 +668,19 @@ class Pass {
             container->type = TextType::Array;
             p = skipBlanks(p + 1);
             if (*p == ']') goto close;
-            if (depth >= maxDepth_) return declined(p);
+            if (depth >= maxDepth_) [[unlikely]]
+                return declined(p);
             goto element;
         }
         container->type = TextType::Object;
         p = skipBlanks(p + 1);
         if (*p == '}') goto close;
-        if (depth >= maxDepth_) return declined(p);
+        if (depth >= maxDepth_) [[unlikely]]
+            return declined(p);
     member : {
         const char* const name = skipQuote(p);
-        if (name == nullptr) return nullptr;
-        p = endOfName(name);
-        if (p == nullptr) return nullptr;
+        if (name == nullptr) [[unlikely]]
+            return nullptr;
         if (next == limit_) [[unlikely]] {
             const std::size_t index = indexOf(container);
             const std::size_t used = indexOf(next);
@@ -571,17 +689,17 @@ class Pass {
             next = tape_.entries + used;
         }
         entry = next++;
-        entry->name = name;
-        entry->nameSize = static_cast<std::uint16_t>(p - name);
-        p = skipColon(p + 1);
-        if (p == nullptr) return nullptr;
+        p = nameWithColon(name, *entry);
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
         ++children;
     }
-    memberValue:
+    memberValue : {
+        bool comma = false;
         if (*p == '"') {
-            p = text(p + 1, *entry);
+            p = textWithComma(p + 1, *entry, comma);
         } else if (IsDigit(*p)) {
-            p = number(p, p, *entry);
+            p = numberWithComma(p, *entry, comma);
         } else if (IsContainer(*p)) {
             goto nested;
         } else if (IsBlank(*p)) [[unlikely]] {
@@ -590,12 +708,16 @@ class Pass {
         } else {
             p = word(p, *entry);
         }
-        if (p == nullptr) return nullptr;
+        if (comma) goto member;
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+    }
     behindMember:
         if (*p != ',') {
             p = skipBlanks(p);
             if (*p == '}') goto close;
-            if (*p != ',') return declined(p);
+            if (*p != ',') [[unlikely]]
+                return declined(p);
         }
         ++p;
         goto member;
@@ -609,26 +731,31 @@ class Pass {
         }
         entry = next++;
         ++children;
-    elementValue:
-        if (IsDigit(*p)) {
-            p = number(p, p, *entry);
+    elementValue : {
+        bool comma = false;
+        if (*p == '"') {
+            p = textWithComma(p + 1, *entry, comma);
+        } else if (IsDigit(*p)) {
+            p = numberWithComma(p, *entry, comma);
         } else if (IsContainer(*p)) {
-            entry->name = nullptr;  // which also says that no list's slots are in its members
+            entry->name = nullptr;  // which also says that it has no slots
             goto nested;
-        } else if (*p == '"') {
-            p = text(p + 1, *entry);
         } else if (IsBlank(*p)) [[unlikely]] {
             p = skipManyBlanks(p);
             goto elementValue;
         } else {
             p = word(p, *entry);
         }
-        if (p == nullptr) return nullptr;
+        if (comma) goto element;
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+    }
     behindElement:
         if (*p != ',') {
             p = skipBlanks(p);
             if (*p == ']') goto close;
-            if (*p != ',') return declined(p);
+            if (*p != ',') [[unlikely]]
+                return declined(p);
         }
         ++p;
         goto element;
@@ -646,110 +773,156 @@ class Pass {
             next_ = next;
             return p;
         }
-        if (p == end_) return declined(p);
+        if (p == end_) [[unlikely]]
+            return declined(p);
         container = EntryBefore(container, parent);
         children = container->size;
         if (container->type == TextType::Array) goto behindElement;
         goto behindMember;
     }
 
-    /// Takes down the object at p, whose entry is the tape's first, matching its members against the expected names:
-    /// the one behind the last match is tried before any search, and needs no look for the name's end.
+    /// The index of the entry's name in the expected ones plus one; 0 when it is none of them.
+    ALWAYS_INLINE std::size_t find(const TextEntry& entry) const {
+        const NameIndex& expected = *job_.expected;
+        const char* const quote = entry.name - 1;
+        const std::size_t index = expected.slots[HashOfName(entry.name, entry.nameSize) & expected.slotMask];
+        // Nearly always the hash leads to the name at once, or to nothing.
+        if (index == 0) return 0;
+        if (quote <= lastBlock_ && Blocks::Starts(quote, expected.quoted[index - 1])) [[likely]]
+            return index;
+        return expected.find(entry.name, entry.nameSize);
+    }
+
+    /// Makes room behind the tape's last entry for the expected members that may follow, and one more.
+    bool hasRoomForExpected() {
+        if (limit_ - next_ > static_cast<std::ptrdiff_t>(job_.expected->count)) return true;
+        const std::size_t used = indexOf(next_);
+        if (!grow(next_)) return false;
+        next_ = tape_.entries + used;
+        return true;
+    }
+
+    /// Takes down the object at p, whose entry is the tape's last, matching its members against the expected names: the
+    /// one behind the last match is tried before any search, and needs no look for the name's end.
     [[gnu::noinline]] const char* tapeExpected(const char* p, std::size_t depth) {
         const NameIndex& expected = *job_.expected;
         const QuotedName* quoted = expected.quoted;
-        const QuotedName* const quotedEnd = quoted + expected.count;
-        const bool hasBlock = end_ - job_.begin >= static_cast<std::ptrdiff_t>(sizeof(QuotedName));
-        const char* const lastBlock = hasBlock ? end_ - sizeof(QuotedName) : nullptr;
-        std::uint32_t members = 0;
+        MarkedEntry* slot = slots();
+        const char* const lastBlock = lastBlock_;
+        std::size_t inMembers = 0;  // entries of what stands in members
         TextEntry* next = next_;
+        TextEntry* entry = nullptr;
         ++depth;
         p = skipBlanks(p + 1);
-        if (*p == '}') return closeExpected(p, members);
-        if (depth >= maxDepth_) return declined(p);
-        for (;;) {
-            const char* const name = skipQuote(p);
-            if (name == nullptr) return nullptr;
-            if (next == limit_) [[unlikely]] {
-                const std::size_t used = indexOf(next);
-                if (!grow(next)) return declined(name);
-                next = tape_.entries + used;
+        if (*p == '}') return closeExpected(p, inMembers);
+        if (depth >= maxDepth_) [[unlikely]]
+            return declined(p);
+    member:
+        entry = next++;
+        if (p <= lastBlock && Blocks::Starts(p, *quoted)) [[likely]] {
+            const std::size_t size = quoted->size;
+            entry->name = p + 1;
+            entry->nameSize = static_cast<std::uint16_t>(size);
+            p += size + QuotedName::kMarks;
+            ++quoted;
+            *slot++ = Marked(entry);
+        } else {
+            p = skipQuote(p);
+            if (p == nullptr) [[unlikely]]
+                return nullptr;
+            p = nameWithColon(p, *entry);
+            if (p == nullptr) [[unlikely]]
+                return nullptr;
+            const std::size_t found = find(*entry);
+            if (found != 0) {
+                quoted = expected.quoted + found;
+                slot = slots() + found;
+                slot[-1] = Marked(entry);
             }
-            TextEntry* const entry = next++;
-            ++members;
-            entry->name = name;
-            if (quoted != quotedEnd && name <= lastBlock && Blocks::Starts(name, *quoted)) {
-                p = name + quoted->size;
-                ++quoted;
-                entry->slot = static_cast<std::uint8_t>(quoted - expected.quoted);
-            } else {
-                p = endOfName(name);
-                if (p == nullptr) return nullptr;
-                const std::size_t found = expected.find(name, static_cast<std::size_t>(p - name));
-                if (found != 0) quoted = expected.quoted + found;
-                entry->slot = static_cast<std::uint8_t>(found);
-            }
-            entry->nameSize = static_cast<std::uint16_t>(p - name);
-            p = skipColon(p + 1);
-            if (p == nullptr) return nullptr;
-        value:
-            if (*p == '"') {
-                p = text(p + 1, *entry);
-            } else if (IsDigit(*p)) {
-                p = number(p, p, *entry);
-            } else if (IsContainer(*p)) {
-                next_ = next;
-                p = tapeContainer(p, depth);
-                next = next_;
-                if (p == end_) return declined(p);
-            } else if (IsBlank(*p)) [[unlikely]] {
-                p = skipManyBlanks(p);
-                goto value;
-            } else {
-                p = word(p, *entry);
-            }
-            if (p == nullptr) return nullptr;
-            if (*p != ',') {
-                p = skipBlanks(p);
-                if (*p == '}') break;
-                if (*p != ',') return declined(p);
-            }
-            ++p;
+            next_ = next;
+            if (!hasRoomForExpected()) return declined(p);
+            next = next_;
+            entry = next - 1;
+            slot = slots() + (quoted - expected.quoted);
         }
-        next_ = next;
-        return closeExpected(p, members);
+    value : {
+        bool comma = false;
+        if (*p == '"') {
+            p = textWithComma(p + 1, *entry, comma);
+        } else if (IsDigit(*p)) {
+            p = numberWithComma(p, *entry, comma);
+        } else if (IsContainer(*p)) {
+            next_ = next;
+            const std::size_t before = indexOf(next);
+            p = tapeContainer(p, depth);
+            if (p == nullptr) [[unlikely]]
+                return nullptr;
+            inMembers += indexOf(next_) - before;
+            if (p == end_ || !hasRoomForExpected()) return declined(p);
+            next = next_;
+            slot = slots() + (quoted - expected.quoted);
+        } else if (IsBlank(*p)) [[unlikely]] {
+            p = skipManyBlanks(p);
+            goto value;
+        } else {
+            p = word(p, *entry);
+        }
+        if (comma) goto member;
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+    }
+        if (*p != ',') {
+            p = skipBlanks(p);
+            if (*p == '}') {
+                next_ = next;
+                return closeExpected(p, inMembers);
+            }
+            if (*p != ',') [[unlikely]]
+                return declined(p);
+        }
+        ++p;
+        goto member;
     }
 
-    const char* closeExpected(const char* p, std::uint32_t members) {
-        TextEntry& object = tape_.entries[0];
-        object.type = TextType::Object;
-        object.size = members;
-        object.span = BytesBetween(&object, next_);
-        object.matched = job_.expected->names;
+    const char* closeExpected(const char* p, std::size_t inMembers) {
+        TextEntry* const object = part();
+        object->type = TextType::Object;
+        object->size = static_cast<std::uint32_t>(static_cast<std::size_t>(next_ - object) - 1 - inMembers);
+        object->span = BytesBetween(object, next_);
+        object->matched = job_.expected->names;
         return p + 1;
     }
 
     std::size_t indexOf(const TextEntry* entry) const { return static_cast<std::size_t>(entry - tape_.entries); }
 
+    TextEntry* part() const { return tape_.entries + SlotEntries(slotCount_); }
+
     /// Takes down the value at p, the part.
     const char* tapePart(const char* p, std::size_t depth) {
-        if (next_ == limit_ && !grow(next_)) return declined(p);
-        next_ = tape_.entries + 1;
-        TextEntry* const entry = tape_.entries;
+        const bool isExpected = job_.expected != nullptr && *p == '{';
+        const std::size_t count = isExpected ? job_.expected->count : 0;
+        while (tape_.capacity < SlotEntries(count) + count + 2) {
+            if (!grow(tape_.entries)) return declined(p);
+        }
+        std::memset(slots(), 0, count * sizeof(MarkedEntry));
+        slotCount_ = count;
+        TextEntry* const entry = part();
+        next_ = entry + 1;
         entry->matched = nullptr;
         entry->nameSize = 0;
-        if (job_.expected != nullptr && *p == '{') {
+        if (isExpected) {
             p = tapeExpected(p, depth);
         } else {
             p = IsContainer(*p) ? tapeContainer(p, depth) : scalar(p, *entry);
         }
-        job_.part = tape_.entries;
+        job_.part = part();
         return p;
     }
 
     void forgetPart() {
         job_.part = nullptr;
         next_ = tape_.entries;
+        slotCount_ = 0;
     }
 
     /// Follows the steps from the value at p, the message, to the part, and checks what lies around.
@@ -766,58 +939,70 @@ class Pass {
             ++depth;
             p = skipBlanks(p + 1);
             if (*p == (isObject[depth - 1] ? '}' : ']')) goto close;
-            if (depth >= maxDepth_) return declined(p);
+            if (depth >= maxDepth_) [[unlikely]]
+                return declined(p);
             if (isObject[depth - 1]) goto member;
             goto element;
         } else {
-            p = other(p, depth);
+            p = checkScalar(p);
         }
-        if (p == nullptr) return nullptr;
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
     behind:
         if (depth == 0) return p;
-        if (p == end_) return declined(p);
+        if (p == end_) [[unlikely]]
+            return declined(p);
         p = skipBlanks(p);
         if (*p == ',') {
-            p = skipBlanks(p + 1);
-            if (isObject[depth - 1]) goto member;
-            ++indexes[depth - 1];
-            goto element;
+            ++p;
+            goto next;
         }
         if (*p != (isObject[depth - 1] ? '}' : ']')) return declined(p);
     close:
         ++p;
         --depth;
         goto behind;
+    next:
+        p = skipBlanks(p);
+        if (!isObject[depth - 1]) {
+            ++indexes[depth - 1];
+            goto element;
+        }
     member : {
         if (*p != '"') return declined(p);
         const char* const name = p + 1;
-        p = endOfName(name);
-        if (p == nullptr) return nullptr;
-        const auto size = static_cast<std::size_t>(p - name);
-        p = skipColon(p + 1);
-        if (p == nullptr) return nullptr;
+        TextEntry entry;
+        p = nameWithColon(name, entry);
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+        const std::size_t size = entry.nameSize;
         p = skipBlanks(p);
         const TextStep& step = job_.steps[depth - 1];
         if ((step.size == size || step.escaped) && IsStepTo(step, name, size)) {
             forgetPart();  // of members with the same name the last one counts
             goto value;
         }
-        p = other(p, depth);
-        if (p == nullptr) return nullptr;
+    }
+    other : {
+        bool comma = false;
+        p = otherWithComma(p, depth, comma);
+        if (comma) goto next;
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
         goto behind;
     }
     element:
         if (indexes[depth - 1] == job_.steps[depth - 1].index) goto value;
-        p = other(p, depth);
-        if (p == nullptr) return nullptr;
-        goto behind;
+        goto other;
     }
 
     TextPass& job_;
     TextTape& tape_;
-    TextEntry* next_ = nullptr;  ///< behind the tape's last entry
-    TextEntry* limit_;           ///< behind its memory
-    const char* end_;            ///< behind the last byte that is not blank
+    TextEntry* next_ = nullptr;        ///< behind the tape's last entry
+    TextEntry* limit_;                 ///< behind its memory
+    std::size_t slotCount_ = 0;        ///< slots at its beginning
+    const char* end_;                  ///< behind the last byte that is not blank
+    const char* lastBlock_ = nullptr;  ///< where a name's block may be read for the last time; null when there is none
     const std::size_t maxDepth_;
     const TextType plainText_;
     const char* ahead_ = nullptr;  ///< where the blocks begin whose endings are known

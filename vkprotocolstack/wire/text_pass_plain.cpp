@@ -43,7 +43,7 @@ struct PlainBlocks {
         return Bits(Equal(word, ' ') | Equal(word, '\n') | Equal(word, '\r') | Equal(word, '\t'));
     }
     static bool Starts(const char* p, const QuotedName& quoted) {
-        return std::memcmp(p, quoted.bytes, std::size_t{quoted.size} + 1) == 0;
+        return quoted.bits <= ~std::uint32_t{0} && std::memcmp(p, quoted.bytes, quoted.size + QuotedName::kMarks) == 0;
     }
     static StructureBits Structure(const char* p) {
         StructureBits bits{};

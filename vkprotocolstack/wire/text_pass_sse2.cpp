@@ -19,7 +19,7 @@ struct Sse2Blocks {
         std::uint64_t bits = 0;
         for (std::size_t i = 0; i < 64; i += kWidth) {
             const __m128i block = Load(p + i);
-            const __m128i controls = _mm_cmpeq_epi8(_mm_min_epu8(block, _mm_set1_epi8(0x1F)), block);
+            const __m128i controls = _mm_subs_epu8(_mm_set1_epi8(static_cast<char>(0x9F)), block);  // the high bit
             const __m128i texts = _mm_or_si128(Equal(block, '"'), Equal(block, '\\'));
             bits |= std::uint64_t{Bits(_mm_or_si128(texts, controls))} << i;
         }
@@ -31,8 +31,8 @@ struct Sse2Blocks {
                                  _mm_or_si128(Equal(block, '\r'), Equal(block, '\t'))));
     }
     static bool Starts(const char* p, const QuotedName& quoted) {
-        std::uint32_t same = Bits(_mm_cmpeq_epi8(Load(p), Load(quoted.bytes)));
-        if (quoted.size >= 16) same |= Bits(_mm_cmpeq_epi8(Load(p + 16), Load(quoted.bytes + 16))) << 16;
+        std::uint64_t same = Bits(_mm_cmpeq_epi8(Load(p), Load(quoted.bytes)));
+        if (quoted.bits > kAll) same |= Bits(_mm_cmpeq_epi8(Load(p + kWidth), Load(quoted.bytes + kWidth))) << kWidth;
         return (~same & quoted.bits) == 0;
     }
     static StructureBits Structure(const char* p) {

@@ -38,11 +38,10 @@ struct TextEntry {
     };
     union {
         const char* name;
-        const std::string_view* matched;  ///< the part itself: the list of names whose slots its members have, or null
+        const std::string_view* matched;  ///< the part itself: the list of names that its slots are of, or null
     };
     std::uint32_t size;  ///< bytes of text, or elements or members
     std::uint16_t nameSize;
-    std::uint8_t slot;  ///< the name's index plus one in the list that the object was matched against, or 0
     TextType type;
 
     bool isContainer() const { return type >= TextType::Array; }
@@ -71,6 +70,21 @@ inline std::size_t BytesBetween(const TextEntry* first, const TextEntry* second)
 }
 inline TextEntry* EntryBefore(TextEntry* entry, std::size_t bytes) {
     return reinterpret_cast<TextEntry*>(reinterpret_cast<char*>(entry) - bytes);
+}
+
+/// The address of an entry as a place has it: marked, so that it is told from one in a tree.
+using MarkedEntry = std::uintptr_t;
+inline constexpr MarkedEntry kOnTape = 1;
+inline MarkedEntry Marked(const TextEntry* entry) { return reinterpret_cast<MarkedEntry>(entry) + kOnTape; }
+
+/// Before a part that was matched against a list of names stand the slots of these: the member of each name, the last
+/// one of several, or 0. They take so many entries.
+constexpr std::size_t SlotEntries(std::size_t names) {
+    constexpr std::size_t kSlots = sizeof(TextEntry) / sizeof(MarkedEntry);
+    return (names + kSlots - 1) / kSlots;
+}
+inline const MarkedEntry* SlotsOf(const TextEntry* part, std::size_t names) {
+    return reinterpret_cast<const MarkedEntry*>(part - SlotEntries(names));
 }
 
 /// Memory for entries. A tape takes the thread's last block and leaves it its own.
