@@ -23,9 +23,11 @@ using fuzz::Memory;
 using fuzz::Reader;
 
 /// Lengths within what records hold, as a rule, and beyond. From some length between on, the C library moves memory by
-/// an instruction that counts once for each byte: no pair of lengths stands on both sides of that.
+/// an instruction that counts once for each byte: no pair of lengths stands on both sides of that. Memory for a
+/// message's values begins with 256 and doubles, and what was in it is copied: many are so many that this beginning no
+/// longer shows.
 constexpr Json::ArrayIndex kFew = 8;
-constexpr Json::ArrayIndex kMany = 1024;
+constexpr Json::ArrayIndex kMany = 2048;
 constexpr Json::ArrayIndex kShortText = 16;
 constexpr Json::ArrayIndex kLongText = 4096;
 
@@ -91,7 +93,7 @@ void CountReader(const Reader& reader) {
             return Message(places, {text, 4, true});
         });
     }
-    // Memory for a message's values begins with 256 and doubles: of more than 2048, that beginning no longer shows.
+    // Twice as many again: members that are read stand beside these, and one array at many places.
     for (const Json::ArrayIndex length : {kFew, 2 * kMany}) {
         CountReader(reader, "unknown members", length, [&](Json::ArrayIndex n) {
             Json::Value message = Message(places, {"x", 4, false});
