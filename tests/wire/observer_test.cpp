@@ -129,7 +129,9 @@ TEST(Observer, SeesAllThatTheTrafficCarConverterReads) {
 /Redundance | array | present | [true]
 /Redundance | array | size | [2]
 /Redundance/0 | int | unsigned, low 8 bits | [1]
+/Redundance | array | size | [2]
 /Redundance/1 | int | unsigned, low 8 bits | [44] wrapped to the low 8 bits
+/Redundance | array | size | [2]
 /MachineAddress | missing | isMember | [false]
 /ActualShutter | missing | present | [false]
 /ActualGain | int | present | [true]

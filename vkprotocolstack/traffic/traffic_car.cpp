@@ -115,10 +115,7 @@ void Read(const Members<kNames>& in, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) 
     if (auto v = in["DetailedAddress"]; v.isMember()) car.pszDetailedAddress = v.heapUtf8();
     if (auto v = in["VehicleSign"]; v.isMember()) v.stringTo(car.szVehicleSign, 32);
     if (auto v = in["Redundance"]) {
-        v.forElements(8, [&car](Node element, std::size_t i) {
-            car.byRedundance[i] = element.uintLow8();
-            return true;
-        });
+        for (std::size_t i = 0; i < 8 && i < v.size(); ++i) car.byRedundance[i] = v.at(i).uintLow8();
     }
     if (auto v = in["MachineAddress"]; v.isMember()) car.pszMachineAddress = v.heapUtf8();
     if (auto v = in["ActualShutter"]) car.fActualShutter = v.asFloat();
