@@ -26,8 +26,9 @@ bool Read(Node schedule, Section* sections, int maxRows, int maxSegments, int* r
     if (rowsFound != nullptr) *rowsFound = static_cast<int>(rows);
     const auto stride = static_cast<std::size_t>(maxSegments);
     return schedule.forElements(rows, [=](Node row, std::size_t r) {
-        return row.forElements(
-            stride, [=](Node segment, std::size_t s) { return ReadLenient(segment, sections[r * stride + s]); });
+        return row.forElements(std::min(row.size(), stride), [=](Node segment, std::size_t s) {
+            return ReadLenient(segment, sections[r * stride + s]);
+        });
     });
 }
 

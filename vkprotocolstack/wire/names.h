@@ -28,30 +28,28 @@ struct QuotedName {
 
 /// Whether two texts of size bytes are equal. Names are short: this is faster than a call.
 inline bool SameBytes(const char* a, const char* b, std::size_t size) {
-    const auto differing = []<class Word>(const char* x, const char* y, Word left) {
+    const auto same = []<class Word>(const char* x, const char* y, Word left) {
         Word right = 0;
         std::memcpy(&left, x, sizeof left);
         std::memcpy(&right, y, sizeof right);
-        return left ^ right;
+        return left == right;
     };
     if (size >= 8) {
-        const std::size_t last = size - 8;
-        std::uint64_t bits = differing(a, b, std::uint64_t{}) | differing(a + last, b + last, std::uint64_t{});
-        for (std::size_t i = 8; i < last; i += 8) bits |= differing(a + i, b + i, std::uint64_t{});
-        return bits == 0;
+        if (!same(a, b, std::uint64_t{}) || !same(a + size - 8, b + size - 8, std::uint64_t{})) return false;
+        for (; size > 16; size -= 8) {
+            if (!same(a + size - 16, b + size - 16, std::uint64_t{})) return false;
+        }
+        return true;
     }
-    if (size >= 4) {
-        const std::size_t last = size - 4;
-        return (differing(a, b, std::uint32_t{}) | differing(a + last, b + last, std::uint32_t{})) == 0;
-    }
+    if (size >= 4) return same(a, b, std::uint32_t{}) && same(a + size - 4, b + size - 4, std::uint32_t{});
     for (std::size_t i = 0; i < size; ++i) {
         if (a[i] != b[i]) return false;
     }
     return true;
 }
 
-/// Of a name's length, its beginning and its end; never reads outside it. Always expanded, as what the forms of the pass
-/// call has to be (see text_pass_forms.h).
+/// Of a name's length, its beginning and its end; never reads outside it. Always expanded, as what the forms of the
+/// pass call has to be (see text_pass_forms.h).
 [[gnu::always_inline]] constexpr std::uint64_t HashOfName(const char* name, std::size_t size) {
     const auto load = [name](std::size_t at, std::size_t count) {
         std::uint64_t word = 0;
