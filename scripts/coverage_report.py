@@ -39,7 +39,7 @@ def missed(file):
 
 
 def allowed_at(source, kept, path):
-    """The line of code that allows each line: itself, or the one that opens the block it is in."""
+    """The line of code that allows each line: itself, the one that opens the block it is in, or that before its brace."""
     allowed = {}
     for number, line in enumerate(source, 1):
         code = line.strip()
@@ -50,7 +50,9 @@ def allowed_at(source, kept, path):
             closing = line[:len(line) - len(line.lstrip())] + "}"
             while end < len(source) and source[end] != closing:
                 end += 1
-        for inside in range(number, end + 2 if code.endswith("{") else end + 1):
+        if end < len(source) and source[end].strip() == "}":
+            end += 1
+        for inside in range(number, end + 1):
             allowed[inside] = code
     return allowed
 

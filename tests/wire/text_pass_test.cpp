@@ -211,6 +211,7 @@ class Expected {
     explicit Expected(std::string text)
         : index_(kExpected.index()), taken_(std::move(text), 128, TextType::Text, &index_) {}
 
+    bool accepted() const { return taken_.accepted(); }
     const TextEntry& root() const { return taken_.root(); }
     /// The member in the slot of that name, or null.
     const TextEntry* member(std::string_view name) const {
@@ -261,6 +262,14 @@ TEST_P(EveryForm, LeavesTheSlotsOfMissingMembersEmpty) {
         const Expected object(text);
         for (const std::string_view name : kExpected.names) EXPECT_EQ(object.member(name), nullptr) << text << name;
     }
+}
+
+TEST_P(EveryForm, DeclinesEveryBeginningOfAnObjectOfExpectedMembers) {
+    const std::string text = R"({"First":[1,{"a":2}],"Second":{"b":"x"},"T":"y","Other":[3],"":-4.5})";
+    for (std::size_t size = 0; size < text.size(); ++size) {
+        EXPECT_FALSE(Expected(text.substr(0, size)).accepted()) << size;
+    }
+    EXPECT_TRUE(Expected(text).accepted());
 }
 
 TEST_P(EveryForm, TakesTheLastOfExpectedMembersThatStandSeveralTimes) {
