@@ -785,12 +785,16 @@ class Pass {
     ALWAYS_INLINE std::size_t find(const TextEntry& entry) const {
         const NameIndex& expected = *job_.expected;
         const char* const quote = entry.name - 1;
-        const std::size_t index = expected.slots[HashOfName(entry.name, entry.nameSize) & expected.slotMask];
-        // Nearly always the hash leads to the name at once, or to nothing.
-        if (index == 0) return 0;
-        if (quote <= lastBlock_ && Blocks::Starts(quote, expected.quoted[index - 1])) [[likely]]
-            return index;
-        return expected.find(entry.name, entry.nameSize);
+        const bool isBlock = quote <= lastBlock_ && entry.name[entry.nameSize + 1] == ':';
+        if (!isBlock) [[unlikely]]
+            return expected.find(entry.name, entry.nameSize);
+        std::size_t slot = HashOfName(entry.name, entry.nameSize) & expected.slotMask;
+        for (; expected.slots[slot] != 0; slot = (slot + 1) & expected.slotMask) {
+            const std::size_t index = expected.slots[slot];
+            if (Blocks::Starts(quote, expected.quoted[index - 1])) [[likely]]
+                return index;
+        }
+        return 0;
     }
 
     /// Makes room behind the tape's last entry for the expected members that may follow, and one more.
