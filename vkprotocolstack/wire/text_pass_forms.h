@@ -797,13 +797,10 @@ class Pass {
         return 0;
     }
 
-    /// Makes room behind the tape's last entry for the expected members that may follow, and one more.
-    bool hasRoomForExpected() {
-        if (limit_ - next_ > static_cast<std::ptrdiff_t>(job_.expected->count)) return true;
-        const std::size_t used = indexOf(next_);
-        if (!grow(next_)) return false;
-        next_ = tape_.entries + used;
-        return true;
+    /// Whether behind next, the tape's next entry, is room for the expected members that may follow, and one more.
+    ALWAYS_INLINE bool hasRoomForExpected(const TextEntry* next) const {
+        const std::size_t needed = (job_.expected->count + 1) * sizeof(TextEntry);
+        return reinterpret_cast<std::uintptr_t>(limit_) - reinterpret_cast<std::uintptr_t>(next) >= needed;
     }
 
     /// Takes down the object at p, whose entry is the tape's last, matching its members against the expected names: the
@@ -843,11 +840,13 @@ class Pass {
                 slot = slots() + found;
                 slot[-1] = Marked(entry);
             }
-            next_ = next;
-            if (!hasRoomForExpected()) return declined(p);
-            next = next_;
-            entry = next - 1;
-            slot = slots() + (quoted - expected.quoted);
+            if (!hasRoomForExpected(next)) [[unlikely]] {
+                const std::size_t used = indexOf(next);
+                if (!grow(next)) return declined(p);
+                next = tape_.entries + used;
+                entry = next - 1;
+                slot = slots() + (quoted - expected.quoted);
+            }
         }
     value : {
         bool comma = false;
@@ -862,8 +861,12 @@ class Pass {
             if (p == nullptr) [[unlikely]]
                 return nullptr;
             inMembers += indexOf(next_) - before;
-            if (p == end_ || !hasRoomForExpected()) return declined(p);
-            next = next_;
+            if (p == end_) [[unlikely]]
+                return declined(p);
+            const std::size_t used = indexOf(next_);
+            if (!hasRoomForExpected(next_) && !grow(next_)) [[unlikely]]
+                return declined(p);
+            next = tape_.entries + used;
             slot = slots() + (quoted - expected.quoted);
         } else if (IsBlank(*p)) [[unlikely]] {
             p = skipManyBlanks(p);
