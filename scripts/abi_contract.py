@@ -16,6 +16,11 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FUNCTIONS = ("FunctionDecl", "CXXMethodDecl", "CXXConstructorDecl", "CXXDestructorDecl", "CXXConversionDecl")
 SCOPES = ("NamespaceDecl", "CXXRecordDecl")
+BETWEEN_THE_LIBRARIES = (
+    "jsonparser::support::DefaultChangeUtf8Assic(unsigned char*, char*)",
+    "jsonparser::support::DefaultGetJsonString(Json::Value const&, char*, int, bool)",
+    "jsonparser::support::DefaultParseJsonNodeToStr(Json::Value const&, char*, int)",
+)
 
 
 def output_of(*command, **options):
@@ -69,7 +74,7 @@ def main():
         match = re.match(r"[\w: ]+? ([\w:]+)<(.*?)>\(", name)
         if match and match[1] in templates:
             instances[match[1]][match[2]] += 1
-        elif not name.startswith("jsonparser::support::"):  # what the two libraries have between themselves
+        elif name not in BETWEEN_THE_LIBRARIES:
             breaches.append(f"{name}: exported and not declared in a public header")
     for name, count in sorted(templates.items()):
         if name not in instances:
@@ -78,7 +83,7 @@ def main():
             if exports != count:
                 breaches.append(f"{name}<{arguments}>: {count} declared, {exports} exported")
     print("\n".join(breaches) or f"contract: {len(declared)} functions and {sum(templates.values())} templates are "
-                                 "declared, and nothing else is exported")
+                                 f"declared; but for {len(BETWEEN_THE_LIBRARIES)} functions between the libraries nothing else is exported")
     return 1 if breaches else 0
 
 

@@ -380,15 +380,26 @@ TEST_P(FailingAllocations, OfReadersOfTextsAreSoftAndLeakNothing) {
 TEST_P(FailingAllocations, OfATextsReaderAreNoFaultOfTheText) {
     const std::string nested =
         std::string(20, '[') + R"({"Name": "longer than a string keeps within", "B": ""})" + std::string(20, ']');
-    jsonparser::MessageTextOptions options;
-    options.maxDepth = 30;
-    for (const std::string& sent : {nested, nested + " // declined"}) {
+    jsonparser::MessageTextOptions lenient;
+    lenient.maxDepth = 30;
+    jsonparser::MessageTextOptions strict = lenient;
+    strict.strictOnly = true;
+    const struct {
+        std::string sent;
+        jsonparser::MessageTextOptions options;
+    } rows[] = {
+        {nested,                  lenient},
+        {nested + " // declined", lenient},
+        {nested,                  strict },
+    };
+    for (const auto& row : rows) {
+        const std::string& sent = row.sent;
         bool isAccepted = false;
         std::string what;
         const long failures = FailEach(
             sent,
             [&] {
-                jsonparser::MessageText source(sent, options);
+                jsonparser::MessageText source(sent, row.options);
                 isAccepted = source.accepted();
                 isConverting = false;
                 what = isAccepted ? "" : source.error()->what;

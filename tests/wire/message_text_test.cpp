@@ -225,6 +225,15 @@ TEST(MessageText, AcceptsWhatIsStrictlyValid) {
     });
 }
 
+TEST(MessageText, RefusesATextThatIsNowhere) {
+    WithEachForm([] {
+        MessageTextOptions strict;
+        strict.strictOnly = true;
+        EXPECT_FALSE(MessageText(std::string_view()).accepted());
+        EXPECT_FALSE(MessageText(std::string_view(), strict).accepted());
+    });
+}
+
 TEST(MessageText, RefusesWhatIsNotWhereItIsToBeStrict) {
     WithEachForm([] {
         for (const std::string text : kNotStrict) {

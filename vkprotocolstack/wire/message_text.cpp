@@ -184,6 +184,7 @@ void MessageReading::Read(MessageText& text, std::string_view pointer, const Nam
         return;
     }
     text.state_ = MessageText::State::Refused;
+    if (pass.noMemory) return;
     if (!accepted) {
         return Refuse(text, static_cast<std::size_t>(pass.stop - pass.begin), "not strictly valid, or out of range");
     }

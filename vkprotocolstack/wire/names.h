@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
-#include <type_traits>
 
 namespace jsonparser {
 
@@ -51,9 +50,9 @@ inline bool SameBytes(const char* a, const char* b, std::size_t size) {
 /// Of a name's length, its beginning and its end; never reads outside it. Always expanded, as what the forms of the
 /// pass call has to be (see text_pass_forms.h).
 [[gnu::always_inline]] constexpr std::uint64_t HashOfName(const char* name, std::size_t size) {
-    const auto load = [name](std::size_t at, std::size_t count) {
+    const auto load = [name](std::size_t at, std::size_t count) __attribute__((always_inline)) {
         std::uint64_t word = 0;
-        if (std::is_constant_evaluated()) {
+        if (__builtin_is_constant_evaluated()) {
             for (std::size_t i = 0; i < count; ++i) {
                 word |= static_cast<std::uint64_t>(static_cast<unsigned char>(name[at + i])) << (8 * i);
             }

@@ -208,7 +208,7 @@ class Place {
         if (isOnTape()) return entry().type >= first && entry().type <= last;
         return bits_ != 0 && address()->type() == Type;
     }
-    /// Nothing for a place on a tape.
+    /// None of these for a place on a tape.
     Known known() const { return static_cast<Known>(bits_ & (kKnown | kOnTape)); }
     /// Empty for what is no text. Not of this place: its address would keep it out of a register.
     static std::string_view TextOf(const Json::Value& value);

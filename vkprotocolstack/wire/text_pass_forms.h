@@ -6,7 +6,6 @@
 //   Structure(p)              of 64 bytes: quotes, backslashes, opening and closing brackets
 // Everything here is in an unnamed namespace and nothing is shared with other files: a form for wider instructions is
 // compiled with them, and the linker must not take its code for all.
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -31,15 +30,18 @@ inline bool IsBlank(char byte) { return byte == ' ' || byte == '\n' || byte == '
 inline unsigned DigitOf(char byte) { return static_cast<unsigned char>(byte) - unsigned{'0'}; }
 
 /// Tables of bytes: of a byte that is looked at several times this takes fewer steps than comparisons.
-constexpr auto TableOf(std::string_view bytes) {
-    std::array<bool, 256> table{};
-    for (const char byte : bytes) table[static_cast<unsigned char>(byte)] = true;
-    return table;
-}
-constexpr auto kDigits = TableOf("0123456789");
-constexpr auto kNumberGoesOn = TableOf(".eE");  ///< what a number that is no integer has behind its first digits
+struct ByteTable {
+    explicit constexpr ByteTable(std::string_view bytes) : has{} {
+        for (const char byte : bytes) has[static_cast<unsigned char>(byte)] = true;
+    }
+    bool operator[](char byte) const { return has[static_cast<unsigned char>(byte)]; }
 
-inline bool IsDigit(char byte) { return kDigits[static_cast<unsigned char>(byte)]; }
+    bool has[256];
+};
+constexpr ByteTable kDigits("0123456789");
+constexpr ByteTable kNumberGoesOn(".eE");  ///< what a number that is no integer has behind its first digits
+
+inline bool IsDigit(char byte) { return kDigits[byte]; }
 
 inline bool IsContainer(char byte) { return byte == '{' || byte == '['; }
 
@@ -82,8 +84,8 @@ class Pass {
         const char* p = job_.begin;
         while (p != end_ && IsBlank(*p)) ++p;
         forgetPart();
-        lookAhead(p);
         if (end_ - p < 2) return declined(p) != nullptr;
+        lookAhead(p);
         // What is read from here on ends at the latest at the last byte: a bracket stops every scan but that of texts.
         const char last = end_[-1];
         const bool closes = (*p == '{' && last == '}') || (*p == '[' && last == ']') || (*p == '"' && last == '"');
@@ -297,7 +299,7 @@ class Pass {
     ALWAYS_INLINE const char* numberWithComma(const char* p, TextEntry& entry, bool& comma) {
         std::uint64_t value = 0;
         const char* const end = shortInteger(p, value);
-        if (end == nullptr || kNumberGoesOn[static_cast<unsigned char>(*end)]) [[unlikely]]
+        if (end == nullptr || kNumberGoesOn[*end]) [[unlikely]]
             return number(p, p, entry);
         comma = *end == ',';
         entry.integer = static_cast<std::int64_t>(value);
@@ -335,7 +337,7 @@ class Pass {
         const auto count = static_cast<std::size_t>(p - digits);
         if (count == 0 || (count > 1 && *digits == '0')) return declined(begin);
         const bool negative = digits != begin;
-        if (!kNumberGoesOn[static_cast<unsigned char>(*p)] && count <= 20) {
+        if (!kNumberGoesOn[*p] && count <= 20) {
             // Twenty digits wrap to less than the first nineteen need, or begin with a digit above 1.
             const bool fits64 = count < 20 || (*digits == '1' && value >= 10000000000000000000U);
             constexpr std::uint64_t kMinimum = std::uint64_t{1} << 63;
@@ -427,7 +429,7 @@ class Pass {
         }
         comma = *p == ',';
         if (comma) return p + 1;
-        return kNumberGoesOn[static_cast<unsigned char>(*p)] ? behindReal(digits, p) : p;
+        return kNumberGoesOn[*p] ? behindReal(digits, p) : p;
     }
 
     [[gnu::noinline]] const char* checkScalar(const char* p) {

@@ -64,22 +64,26 @@ struct TextEntry {
     }
 };
 
+// What the forms of the pass call is always expanded (see text_pass_forms.h).
+
 /// Between two entries of a tape, the first one before the second.
-inline std::size_t BytesBetween(const TextEntry* first, const TextEntry* second) {
+[[gnu::always_inline]] inline std::size_t BytesBetween(const TextEntry* first, const TextEntry* second) {
     return static_cast<std::size_t>(reinterpret_cast<const char*>(second) - reinterpret_cast<const char*>(first));
 }
-inline TextEntry* EntryBefore(TextEntry* entry, std::size_t bytes) {
+[[gnu::always_inline]] inline TextEntry* EntryBefore(TextEntry* entry, std::size_t bytes) {
     return reinterpret_cast<TextEntry*>(reinterpret_cast<char*>(entry) - bytes);
 }
 
 /// The address of an entry as a place has it: marked, so that it is told from one in a tree.
 using MarkedEntry = std::uintptr_t;
 inline constexpr MarkedEntry kOnTape = 1;
-inline MarkedEntry Marked(const TextEntry* entry) { return reinterpret_cast<MarkedEntry>(entry) + kOnTape; }
+[[gnu::always_inline]] inline MarkedEntry Marked(const TextEntry* entry) {
+    return reinterpret_cast<MarkedEntry>(entry) + kOnTape;
+}
 
 /// Before a part that was matched against a list of names stand the slots of these: the member of each name, the last
 /// one of several, or 0. They take so many entries.
-constexpr std::size_t SlotEntries(std::size_t names) {
+[[gnu::always_inline]] constexpr std::size_t SlotEntries(std::size_t names) {
     constexpr std::size_t kSlots = sizeof(TextEntry) / sizeof(MarkedEntry);
     return (names + kSlots - 1) / kSlots;
 }
