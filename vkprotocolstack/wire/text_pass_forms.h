@@ -38,8 +38,8 @@ struct ByteTable {
 
     bool has[256];
 };
-constexpr ByteTable kDigits("0123456789");
-constexpr ByteTable kNumberGoesOn(".eE");  ///< what a number that is no integer has behind its first digits
+inline constexpr ByteTable kDigits("0123456789");
+inline constexpr ByteTable kNumberGoesOn(".eE");  ///< what a number that is no integer has behind its first digits
 
 inline bool IsDigit(char byte) { return kDigits[byte]; }
 
