@@ -20,9 +20,8 @@ struct QuotedName {
     static constexpr std::size_t kMarks = 3;  ///< the quotes and the colon
 
     char bytes[kBlock - 1];
-    std::uint8_t size;  ///< of the name
-    std::uint64_t
-        bits;  ///< one for each byte of the name and its marks; above these 32, for none: what nothing matches
+    std::uint8_t size;   ///< of the name
+    std::uint64_t bits;  ///< one for each byte of the name and its marks; one above the block matches nothing
 };
 
 /// Whether two texts of size bytes are equal. Names are short: this is faster than a call.

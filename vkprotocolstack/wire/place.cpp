@@ -89,8 +89,7 @@ class TypedPlaces {
     Place::Known text_ = Place::kNothing;  ///< not asked for yet
 };
 
-/// Looks up the names in object, an object. Of its own, as the next is: each has a frame that the other need not set
-/// up.
+/// Looks up the names in object, an object. Apart from the next: each has a frame that the other need not set up.
 [[gnu::noinline]] void FindMembers(const Json::Value& object, const NameIndex& names, Place* found) {
     constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
     std::size_t left = object.size();
