@@ -54,6 +54,9 @@ struct MessageTextOptions {
     int maxDepth = 128;
 };
 
+/// What is accepted unless it is said otherwise.
+inline constexpr MessageTextOptions kDefaultMessageTextOptions;
+
 /// Why a message is not accepted.
 struct MessageTextError {
     std::size_t position;  ///< bytes before the place
@@ -73,10 +76,10 @@ struct MessageTextError {
 class VK_API MessageText {
   public:
     /// text must stay until the last reader is done.
-    explicit MessageText(std::string_view text, const MessageTextOptions& options = {});
+    explicit MessageText(std::string_view text, const MessageTextOptions& options = kDefaultMessageTextOptions);
     /// A temporary would not stay.
     template <class Text, std::enable_if_t<std::is_same_v<Text, std::string>, int> = 0>
-    explicit MessageText(Text&& text, const MessageTextOptions& options = {}) = delete;
+    explicit MessageText(Text&& text, const MessageTextOptions& options = kDefaultMessageTextOptions) = delete;
     /// The text stays the caller's.
     ~MessageText();
     MessageText(const MessageText&) = delete;

@@ -81,7 +81,7 @@ TEST(MessageText, WithoutMemoryForItIsRefusedAndSaysSo) {
     ASSERT_NE(error, nullptr);
     EXPECT_EQ(error->what, "out of memory");
     EXPECT_EQ(message.error(), error);
-    EXPECT_FALSE(NodeAt(message.at("")).has_value());
+    EXPECT_FALSE(NodeAt(message.at("")).isAccepted);
     EXPECT_TRUE(MessageText(text).accepted());
 }
 
@@ -89,7 +89,7 @@ TEST(MessageText, ATreeThatThereIsNoMemoryForIsRenderedAsNothing) {
     const std::string text = R"({"a": [1, 2, 3]})";
     MessageText message(text);
     const auto node = NodeAt(message.at("/a"));
-    ASSERT_TRUE(node.has_value());
+    ASSERT_TRUE(node.isAccepted);
     char field[20] = "before";
     memoryIsGone = true;
     node->renderTo(field, sizeof field);
@@ -103,7 +103,7 @@ TEST(MessageText, AnEscapedTextThatThereIsNoMemoryForIsEmpty) {
     const std::string text = "[\"\\u0041" + std::string(100, 'x') + "\"]";
     MessageText message(text);
     const auto node = NodeAt(message.at("/0"));
-    ASSERT_TRUE(node.has_value());
+    ASSERT_TRUE(node.isAccepted);
     char field[200] = "before";
     memoryIsGone = true;
     node->rawTo(field, sizeof field - 1);
@@ -119,7 +119,7 @@ TEST(MessageText, ALongTextThatThereIsNoMemoryForIsEmptyInItsField) {
     MessageText message(text);
     for (const char* pointer : {"/0", "/1"}) {
         const auto node = NodeAt(message.at(pointer));
-        ASSERT_TRUE(node.has_value());
+        ASSERT_TRUE(node.isAccepted);
         char field[3000] = "before";
         textMemoryIsGone = true;
         EXPECT_TRUE(node->stringTo(field, sizeof field));

@@ -264,7 +264,7 @@ TEST(MessageText, ElseAcceptsWhatJsoncppAcceptsAndReadsTheSame) {
             EXPECT_EQ(message.accepted(), expected);
             if (!expected) continue;
             const auto node = NodeAt(message.at(""));
-            ASSERT_TRUE(node.has_value());
+            ASSERT_TRUE(node.isAccepted);
             ExpectSame(*node, Node(tree));
             for (std::size_t i = 0; i < node->size(); ++i) ExpectSame(node->at(i), Node(tree).at(i));
         }
@@ -342,7 +342,7 @@ TEST(MessageText, FindsPlacesByPointers) {
             if (!hasEscapedName && row.expected == 10) continue;
             MessageText body(message);
             const auto node = NodeAt(body.at(row.pointer));
-            ASSERT_TRUE(node.has_value()) << row.pointer;
+            ASSERT_TRUE(node.isAccepted) << row.pointer;
             EXPECT_EQ(node->asInt(), row.expected) << row.pointer;
             EXPECT_EQ(body.at(row.pointer).exists(), row.expected != 0) << row.pointer;
         }
@@ -437,7 +437,7 @@ TEST(MessageText, FindsOtherPlacesThanTheOneThatWasReadFirst) {
         MessageText message(text);
         for (const auto& [pointer, expected] : rows) {
             const auto node = NodeAt(message.at(pointer));
-            ASSERT_TRUE(node.has_value()) << pointer;
+            ASSERT_TRUE(node.isAccepted) << pointer;
             EXPECT_EQ(node->asInt(), expected) << pointer;
         }
     }
@@ -453,7 +453,7 @@ TEST(MessageText, ChecksWhatItSkippedWhenThatIsAskedFor) {
     const std::string nonsense = R"({"car":{"Lane":3},"x":[nonsense]})";
     MessageText message(nonsense, {.skipOthers = true});
     EXPECT_EQ(NodeAt(message.at("/car/Lane"))->asInt(), 3);
-    EXPECT_FALSE(NodeAt(message.at("/x/1")).has_value());
+    EXPECT_FALSE(NodeAt(message.at("/x/1")).isAccepted);
     EXPECT_FALSE(message.accepted());
     ASSERT_NE(message.error(), nullptr);
     EXPECT_EQ(message.error()->position, 23U);
@@ -485,7 +485,7 @@ TEST(MessageText, HasTheFirstElementsThatATreeHas) {
     for (const char* text : {"[]", "[1,2]", "[1,2,3,4]", "[1,[2],3,4,5]", "7", R"({"a":1})", R"("text")"}) {
         MessageText message(text);
         const auto node = NodeAt(message.at(""));
-        ASSERT_TRUE(node.has_value());
+        ASSERT_TRUE(node.isAccepted);
         const Json::Value tree = Json(text);
         const auto actual = node->first<4>();
         const auto expected = Node(tree).first<4>();

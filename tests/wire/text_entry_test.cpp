@@ -13,7 +13,6 @@
 
 namespace {
 
-using jsonparser::DoubleOf;
 using jsonparser::ScalarOf;
 using jsonparser::TextEntry;
 using jsonparser::TextType;
@@ -83,10 +82,10 @@ TEST(TextEntry, GivesRealsToTheLastBit) {
     for (const auto& row : rows) {
         const Taken taken(InArray(row.text));
         ASSERT_EQ(taken.first().type, TextType::Real) << row.text;
-        EXPECT_EQ(DoubleOf(taken.first()), row.value) << row.text;
+        EXPECT_EQ(taken.first().real, row.value) << row.text;
     }
     const Taken negativeZero("[-0.0]");
-    EXPECT_TRUE(std::signbit(DoubleOf(negativeZero.first())));
+    EXPECT_TRUE(std::signbit(negativeZero.first().real));
 }
 
 TEST(TextEntry, WhatIsNeitherNumberNorBoolIsNoScalar) {
@@ -198,8 +197,8 @@ TEST(TextEntry, DecimalsOfAnyLengthAreTheNearestDouble) {
         std::istringstream stream(text);
         stream.imbue(std::locale::classic());  // strtod would go by the program's
         stream >> expected;
-        ASSERT_EQ(DoubleOf(taken.first()), expected) << text;
-        ASSERT_EQ(std::signbit(DoubleOf(taken.first())), std::signbit(expected)) << text;
+        ASSERT_EQ(taken.first().real, expected) << text;
+        ASSERT_EQ(std::signbit(taken.first().real), std::signbit(expected)) << text;
     }
 }
 

@@ -204,7 +204,7 @@ bool ReadAt(const MessagePlace& place, Object* object) {
     if (object == nullptr) return false;
     const auto start = NodeAt(place, kNames);
     if (start) Read(*start, *object);
-    return start.has_value();
+    return start.isAccepted;
 }
 
 }  // namespace

@@ -33,7 +33,7 @@ bool ParseExtensionInfo(const Json::Value& event, tagNET_EXTENSION_INFO& info) {
 bool ParseExtensionInfo(const MessagePlace& event, tagNET_EXTENSION_INFO& info) {
     const auto node = NodeAt(event, kNames);
     if (node) Read(*node, info);
-    return node.has_value();
+    return node.isAccepted;
 }
 
 bool ParseHumanTraitExtensionInfo(const Json::Value& event, tagNET_HUMANTRAIT_EXTENSION_INFO& info) {
@@ -44,5 +44,5 @@ bool ParseHumanTraitExtensionInfo(const Json::Value& event, tagNET_HUMANTRAIT_EX
 bool ParseHumanTraitExtensionInfo(const MessagePlace& event, tagNET_HUMANTRAIT_EXTENSION_INFO& info) {
     const auto node = NodeAt(event, kHumanTraitNames);
     if (node) Read(*node, info);
-    return node.has_value();
+    return node.isAccepted;
 }

@@ -6,39 +6,45 @@
 
 namespace {
 
-/// A number divided, rounded down, and the rest, which is never negative.
-struct Division {
-    long quotient;
-    long rest;
-};
+constexpr long kDay = 86400;
+constexpr long kCycle = 146097 * kDay;  // then the calendar repeats, 400 years later
+constexpr long kNear = 10 * kCycle;     // before and after 1970, what the calendar and an unsigned number of days hold
 
-Division Divided(long number, long divisor) {
-    const long rest = number % divisor;
-    return rest < 0 ? Division{number / divisor - 1, rest + divisor} : Division{number / divisor, rest};
-}
+template <class Time>
+Time FarFromUtc(long seconds);
 
 /// Fills the six calendar fields that both records have in common, as gmtime_r would, which looks at the zone too.
 template <class Time>
 Time FromUtc(long seconds) {
-    constexpr long kDaysOf400Years = 146097;  // then the calendar repeats
-    const Division day = Divided(seconds, 86400);
-    const Division era = Divided(day.quotient, kDaysOf400Years);
-    const std::chrono::year_month_day date(std::chrono::sys_days(std::chrono::days(era.rest)));
-    const long year = 400 * era.quotient + static_cast<int>(date.year());
+    const unsigned long shifted = static_cast<unsigned long>(seconds) + kNear;
+    if (shifted >= 2 * kNear) [[unlikely]]
+        return FarFromUtc<Time>(seconds);
+    const std::chrono::days day(static_cast<int>(shifted / kDay) - static_cast<int>(kNear / kDay));
+    const auto second = static_cast<unsigned>(shifted % kDay);
+    const std::chrono::year_month_day date{std::chrono::sys_days(day)};
     Time time{};
+    time.dwYear = static_cast<unsigned>(static_cast<int>(date.year()));
+    time.dwMonth = static_cast<unsigned>(date.month());
+    time.dwDay = static_cast<unsigned>(date.day());
+    time.dwHour = second / 3600;
+    time.dwMinute = second / 60 % 60;
+    time.dwSecond = second % 60;
+    return time;
+}
+
+template <class Time>
+[[gnu::noinline]] Time FarFromUtc(long seconds) {
+    Time time = FromUtc<Time>(seconds % kCycle);
+    const long year = static_cast<int>(time.dwYear) + 400 * (seconds / kCycle);
     // gmtime_r counts years from 1900 in an int, and fails where they do not fit.
     if (year - 1900 > INT_MAX || year - 1900 < INT_MIN) {
+        time = {};
         time.dwYear = 1900;
         time.dwMonth = 1;
         time.dwDay = 1;
         return time;
     }
     time.dwYear = static_cast<unsigned>(year);
-    time.dwMonth = static_cast<unsigned>(date.month());
-    time.dwDay = static_cast<unsigned>(date.day());
-    time.dwHour = static_cast<unsigned>(day.rest / 3600);
-    time.dwMinute = static_cast<unsigned>(day.rest / 60 % 60);
-    time.dwSecond = static_cast<unsigned>(day.rest % 60);
     return time;
 }
 

@@ -2,18 +2,28 @@
 #ifndef VKPROTOCOLSTACK_WIRE_MESSAGE_NODE_H
 #define VKPROTOCOLSTACK_WIRE_MESSAGE_NODE_H
 
-#include <optional>
-
 #include "vkprotocolstack/message_text.h"
 #include "vkprotocolstack/wire/node.h"
 
 namespace jsonparser {
 
+/// What reading a place gives: nothing when the message is not accepted. Not std::optional, which goes through memory
+/// in two sizes: a reader of the texts of small messages waited for that longer than for the message.
+template <class T>
+struct OfAccepted {
+    T value{};
+    bool isAccepted = false;
+
+    explicit operator bool() const { return isAccepted; }
+    const T& operator*() const { return value; }
+    const T* operator->() const { return &value; }
+};
+
 class MessageReading {
   public:
-    /// The place in the message; nothing when the message is not accepted. expected, which may be null, are the names
-    /// that the place's object is likely to be asked for: they make the pass over it faster.
-    static std::optional<Place> PlaceAt(const MessagePlace& place, const NameIndex* expected);
+    /// The place in the message. expected, which may be null, are the names that the place's object is likely to be
+    /// asked for: they make the pass over it faster.
+    static OfAccepted<Place> PlaceAt(const MessagePlace& place, const NameIndex* expected);
 
   private:
     static void Read(MessageText& text, std::string_view pointer, const NameIndex* expected);
@@ -22,20 +32,15 @@ class MessageReading {
     static void RefuseAt(MessageText& text, std::size_t line, std::size_t column, std::string_view what);
 };
 
-/// The node at a place; nothing when the message is not accepted.
-inline std::optional<Node> NodeAt(const MessagePlace& place) {
-    const std::optional<Place> found = MessageReading::PlaceAt(place, nullptr);
-    if (!found) return std::nullopt;
-    return Node::Root(*found);
+/// The node at a place, for a converter that asks for the expected names first, where it has such.
+inline OfAccepted<Node> NodeAt(const MessagePlace& place, const NameIndex* expected = nullptr) {
+    const OfAccepted<Place> found = MessageReading::PlaceAt(place, expected);
+    return {found ? Node::Root(*found) : Node(Place()), found.isAccepted};
 }
-
-/// The same, for a converter that asks for these names first.
 template <std::size_t N>
-std::optional<Node> NodeAt(const MessagePlace& place, const NameList<N>& expected) {
+OfAccepted<Node> NodeAt(const MessagePlace& place, const NameList<N>& expected) {
     const NameIndex index = expected.index();
-    const std::optional<Place> found = MessageReading::PlaceAt(place, &index);
-    if (!found) return std::nullopt;
-    return Node::Root(*found);
+    return NodeAt(place, &index);
 }
 
 }  // namespace jsonparser

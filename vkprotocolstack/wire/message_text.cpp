@@ -18,11 +18,13 @@
 namespace jsonparser {
 namespace {
 
-/// Of a pointer that may be none: nothing then.
-std::optional<std::size_t> Steps(std::string_view pointer, TextStep (&steps)[TextPass::kMaxSteps]) {
+constexpr std::size_t kNotFollowed = TextPass::kMaxSteps + 1;
+
+/// The number of steps of a pointer; of what is none, or has too many, kNotFollowed.
+std::size_t Steps(std::string_view pointer, TextStep (&steps)[TextPass::kMaxSteps]) {
     std::size_t count = 0;
     while (!pointer.empty()) {
-        if (pointer.front() != '/' || count == TextPass::kMaxSteps) return std::nullopt;
+        if (pointer.front() != '/' || count == TextPass::kMaxSteps) return kNotFollowed;
         steps[count++] = TakeStep(pointer);
     }
     return count;
@@ -152,8 +154,8 @@ void MessageReading::ReadTree(MessageText& text) {
 
 void MessageReading::Read(MessageText& text, std::string_view pointer, const NameIndex* expected) {
     TextStep steps[TextPass::kMaxSteps];
-    std::optional<std::size_t> count = Steps(pointer, steps);
-    if (!count || pointer.size() > sizeof text.partPointer_) {
+    std::size_t count = Steps(pointer, steps);
+    if (count == kNotFollowed || pointer.size() > sizeof text.partPointer_) {
         pointer = "";
         count = 0;
         expected = nullptr;
@@ -163,7 +165,7 @@ void MessageReading::Read(MessageText& text, std::string_view pointer, const Nam
     pass.begin = text.text_.data();
     pass.end = pass.begin + text.text_.size();
     pass.steps = steps;
-    pass.stepCount = *count;
+    pass.stepCount = count;
     pass.expected = expected;
     pass.skipOthers = text.options_.skipOthers;
     pass.maxDepth = Depth(text.options_);
@@ -193,7 +195,7 @@ void MessageReading::Read(MessageText& text, std::string_view pointer, const Nam
     text.state_ = MessageText::State::Accepted;
 }
 
-std::optional<Place> MessageReading::PlaceAt(const MessagePlace& place, const NameIndex* expected) {
+OfAccepted<Place> MessageReading::PlaceAt(const MessagePlace& place, const NameIndex* expected) {
     MessageText& text = *place.text_;
     const std::string_view pointer = place.pointer_;
     try {
@@ -203,34 +205,28 @@ std::optional<Place> MessageReading::PlaceAt(const MessagePlace& place, const Na
         if (text.state_ == MessageText::State::Unread || isOutdated) Read(text, pointer, expected);
         const bool isObserved = ObserverScope::Current() != nullptr;
         if (text.state_ == MessageText::State::Accepted && isObserved && text.tree_ == nullptr) ReadTree(text);
-        if (text.state_ == MessageText::State::Refused) return std::nullopt;
+        if (text.state_ == MessageText::State::Refused) return {};
         if (text.tree_ == nullptr) {
             std::string_view part(text.partPointer_, text.partPointerSize_);
-            if (pointer == part) return OnTape(text.part_, "");
-            if (!pointer.empty() && pointer.front() != '/') return Place();
+            if (pointer == part) return {OnTape(text.part_, ""), true};
+            if (!pointer.empty() && pointer.front() != '/') return {Place(), true};
             const bool isBelow = pointer.substr(0, part.size()) == part && pointer[part.size()] == '/';
-            if (isBelow) return OnTape(text.part_, pointer.substr(part.size()));
+            if (isBelow) return {OnTape(text.part_, pointer.substr(part.size())), true};
             // Another part: the whole message goes on the tape, so that no number of parts takes longer than this.
             Read(text, "", nullptr);
-            if (text.state_ == MessageText::State::Refused) return std::nullopt;
-            if (text.tree_ == nullptr) return OnTape(text.part_, pointer);
+            if (text.state_ == MessageText::State::Refused) return {};
+            if (text.tree_ == nullptr) return {OnTape(text.part_, pointer), true};
         }
-        return InTree(*text.tree_, pointer);
+        return {InTree(*text.tree_, pointer), true};
     } catch (const std::exception&) {  // no memory, which jsoncpp reports by one of its own
         text.state_ = MessageText::State::Refused;
-        return std::nullopt;
+        return {};
     }
 }
 
-bool MessagePlace::exists() const {
-    const auto place = MessageReading::PlaceAt(*this, nullptr);
-    return place && place->exists();
-}
+bool MessagePlace::exists() const { return MessageReading::PlaceAt(*this, nullptr)->exists(); }
 
-std::size_t MessagePlace::size() const {
-    const auto place = MessageReading::PlaceAt(*this, nullptr);
-    return place ? place->size() : 0;
-}
+std::size_t MessagePlace::size() const { return MessageReading::PlaceAt(*this, nullptr)->size(); }
 
 MessageText::MessageText(std::string_view text, const MessageTextOptions& options) : text_(text), options_(options) {}
 

@@ -39,7 +39,7 @@ Integer IntegerOf(const TextEntry& entry) {
         case TextType::Unsigned:
             return static_cast<Integer>(entry.unsignedInteger);
         case TextType::Real:
-            return Truncate<Integer>(DoubleOf(entry));
+            return Truncate<Integer>(entry.real);
         case TextType::True:
             return 1;
         default:
@@ -201,7 +201,7 @@ double Place::convertedToDouble() const {
     if (isOnTape()) {
         const TextEntry& e = entry();
         if (e.type == TextType::Unsigned) return static_cast<double>(e.unsignedInteger);
-        if (e.type == TextType::Real) return DoubleOf(e);
+        if (e.type == TextType::Real) return e.real;
         return e.type == TextType::True ? 1.0 : 0.0;
     }
     switch (type()) {

@@ -33,31 +33,6 @@ char* PutUtf8(char* to, std::uint32_t code) {
     return to;
 }
 
-/// Whether the number is one of few digits without an exponent, and its value: the quotient of two integers that
-/// doubles hold exactly is as near as a double can be.
-bool IsShortDecimal(const TextEntry& entry, double& value) {
-    static constexpr double kPowers[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
-    constexpr std::uint32_t kMost = 16;  // with the point and a digit before it
-    if (entry.size > kMost) return false;
-    const char* const begin = entry.text + (*entry.text == '-' ? 1 : 0);
-    const char* const end = entry.text + entry.size;
-    const char* fraction = end;
-    std::uint64_t digits = 0;
-    for (const char* p = begin; p != end; ++p) {
-        const unsigned digit = static_cast<unsigned char>(*p) - unsigned{'0'};
-        if (digit <= 9) {
-            digits = digits * 10 + digit;
-        } else if (*p == '.') {
-            fraction = p + 1;
-        } else {
-            return false;
-        }
-    }
-    value = static_cast<double>(digits) / kPowers[end - fraction];
-    if (begin != entry.text) value = -value;
-    return true;
-}
-
 Json::Value TextOf(const TextEntry& entry) {
     if (entry.isPlainText()) return {entry.text, entry.text + entry.size};
     std::string text(entry.size, '\0');
@@ -66,13 +41,6 @@ Json::Value TextOf(const TextEntry& entry) {
 }
 
 }  // namespace
-
-double DoubleOf(const TextEntry& entry) {
-    double value = 0;
-    if (IsShortDecimal(entry, value)) return value;
-    std::from_chars(entry.text, entry.text + entry.size, value);
-    return value;
-}
 
 std::size_t Unescape(const TextEntry& entry, char* buffer) {
     char* to = buffer;
@@ -128,7 +96,7 @@ Json::Value ScalarOf(const TextEntry& entry) {
         case TextType::Unsigned:
             return Json::Value::UInt64{entry.unsignedInteger};
         case TextType::Real:
-            return DoubleOf(entry);
+            return entry.real;
         default:
             return {};
     }

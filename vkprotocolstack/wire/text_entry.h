@@ -10,9 +10,6 @@
 
 namespace jsonparser {
 
-/// Of a Real.
-double DoubleOf(const TextEntry& entry);
-
 /// Bytes of an EscapedText's characters as UTF-8, decoded to the beginning of a buffer of at least entry.size bytes.
 /// @return how many there are
 std::size_t Unescape(const TextEntry& entry, char* buffer);

@@ -1,6 +1,7 @@
 #include "vkprotocolstack/wire/text_pass.h"
 
 #include <atomic>
+#include <charconv>
 
 namespace jsonparser {
 namespace {
@@ -15,7 +16,8 @@ Run RunnerOf(TextPassForm form) {
         case TextPassForm::Sse2:
             return RunSse2TextPass;
         case TextPassForm::Avx2:
-            if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") && __builtin_cpu_supports("pclmul")) {
+            if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2") &&
+                __builtin_cpu_supports("pclmul")) {
                 return RunAvx2TextPass;
             }
             return nullptr;
@@ -61,6 +63,12 @@ bool IsStepTo(const TextStep& step, const char* name, std::size_t size) {
         if (i == size || name[i] != byte) return false;
     }
     return i == size;
+}
+
+double RealOf(std::string_view number) {
+    double value = 0;
+    std::from_chars(number.data(), number.data() + number.size(), value);
+    return value;
 }
 
 bool RunTextPass(TextPass& pass) { return runner.load(std::memory_order_relaxed)(pass); }

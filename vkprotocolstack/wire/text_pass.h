@@ -30,6 +30,9 @@ TextStep TakeStep(std::string_view& pointer);
 /// Whether the step is to a member of that name.
 bool IsStepTo(const TextStep& step, const char* name, std::size_t size);
 
+/// The double nearest to a number that is neither too large nor too small for one; 0 where it is.
+double RealOf(std::string_view number);
+
 struct TextPass {
     // what to do
     const char* begin;

@@ -41,6 +41,8 @@ struct ByteTable {
 inline constexpr ByteTable kDigits("0123456789");
 inline constexpr ByteTable kNumberGoesOn(".eE");  ///< what a number that is no integer has behind its first digits
 
+inline constexpr double kPowersOfTen[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+
 inline bool IsDigit(char byte) { return kDigits[byte]; }
 
 inline bool IsContainer(char byte) { return byte == '{' || byte == '['; }
@@ -198,16 +200,24 @@ class Pass {
         aheadSize_ = whole;
         std::uint64_t endings = 0;
         if (whole != most) {
-            char tail[kBlock];
-            std::memset(tail, ' ', sizeof tail);
-            std::memcpy(tail, p, left - whole);
-            endings = Blocks::Endings(tail);
+            endings = endingsOfTail(p, left - whole);
             std::memcpy(bits, &endings, sizeof endings);
             bits += sizeof endings;
             endings = 0;
             aheadSize_ += kBlock;
         }
         std::memcpy(bits, &endings, sizeof endings);
+    }
+
+    /// Of the text's last bytes, fewer than a block from p on.
+    ALWAYS_INLINE std::uint64_t endingsOfTail(const char* p, std::size_t size) const {
+        if (size == 0) return 0;
+        if (static_cast<std::size_t>(end_ - job_.begin) >= kBlock)
+            return Blocks::Endings(end_ - kBlock) >> (kBlock - size);
+        char tail[kBlock];
+        std::memset(tail, ' ', sizeof tail);
+        std::memcpy(tail, p, size);
+        return Blocks::Endings(tail);
     }
 
     const char* skipEscape(const char* p) {
@@ -288,23 +298,27 @@ class Pass {
     /// Reads the text whose characters begin at p into entry.
     ALWAYS_INLINE const char* textWithComma(const char* p, TextEntry& entry, bool& comma) {
         const char* const ending = nearEnding(p);
-        if (ending == nullptr || *ending != '"') [[unlikely]]
+        if (ending == nullptr) [[unlikely]]
             return text(p, entry);
         shortText(p, ending, entry);
-        comma = ending[1] == ',';
-        return comma ? ending + 2 : ending + 1;
+        comma = is(ending, "\",");
+        if (comma) [[likely]]
+            return ending + 2;
+        return *ending == '"' ? ending + 1 : text(p, entry);
     }
 
     /// Reads the number that begins with the digit at p into entry.
     ALWAYS_INLINE const char* numberWithComma(const char* p, TextEntry& entry, bool& comma) {
         std::uint64_t value = 0;
         const char* const end = shortInteger(p, value);
-        if (end == nullptr || kNumberGoesOn[*end]) [[unlikely]]
+        if (end == nullptr) [[unlikely]]
             return number(p, p, entry);
-        comma = *end == ',';
         entry.integer = static_cast<std::int64_t>(value);
         entry.type = TextType::Integer;
-        return comma ? end + 1 : end;
+        comma = *end == ',';
+        if (comma) [[likely]]
+            return end + 1;
+        return kNumberGoesOn[*end] ? number(p, p, entry) : end;
     }
 
     /// Behind the digits at p; null where there are more than 18, or one more behind a 0.
@@ -352,13 +366,26 @@ class Pass {
                 return p;
             }
         }
-        p = behindReal(begin, p);
-        if (p == nullptr) [[unlikely]]
-            return nullptr;
-        entry.text = begin;
-        entry.size = static_cast<std::uint32_t>(p - begin);
+        const char* const point = p;
+        if (*p == '.') {
+            while (IsDigit(*++p)) value = value * 10 + DigitOf(*p);
+        }
         entry.type = TextType::Real;
+        if (isShortReal(digits, point, p)) [[likely]] {
+            job_.hasReal = true;
+            entry.real = static_cast<double>(value) / kPowersOfTen[p - point - 1];
+            if (negative) entry.real = -entry.real;
+            return p;
+        }
+        p = behindReal(begin, point);
+        if (p != nullptr) entry.real = RealOf({begin, static_cast<std::size_t>(p - begin)});
         return p;
+    }
+
+    /// Whether the number with these digits around its point, and with its end, is the quotient of two numbers that
+    /// doubles hold exactly: that is as near as a double can be.
+    ALWAYS_INLINE static bool isShortReal(const char* digits, const char* point, const char* end) {
+        return end - point > 1 && end - digits <= 16 && !kNumberGoesOn[*end];
     }
 
     /// Behind the real number that begins at begin, with its first digits up to p.
@@ -402,10 +429,12 @@ class Pass {
     }
     ALWAYS_INLINE const char* checkTextWithComma(const char* p, bool& comma) {
         const char* const ending = nearEnding(p);
-        if (ending == nullptr || *ending != '"') [[unlikely]]
+        if (ending == nullptr) [[unlikely]]
             return checkText(p);
-        comma = ending[1] == ',';
-        return comma ? ending + 2 : ending + 1;
+        comma = is(ending, "\",");
+        if (comma) [[likely]]
+            return ending + 2;
+        return *ending == '"' ? ending + 1 : checkText(p);
     }
 
     /// Behind the number that begins with the digit at p.
@@ -700,7 +729,7 @@ class Pass {
         bool comma = false;
         if (*p == '"') {
             p = textWithComma(p + 1, *entry, comma);
-        } else if (IsDigit(*p)) {
+        } else if (DigitOf(*p) <= 9) {
             p = numberWithComma(p, *entry, comma);
         } else if (IsContainer(*p)) {
             goto nested;
@@ -737,7 +766,7 @@ class Pass {
         bool comma = false;
         if (*p == '"') {
             p = textWithComma(p + 1, *entry, comma);
-        } else if (IsDigit(*p)) {
+        } else if (DigitOf(*p) <= 9) {
             p = numberWithComma(p, *entry, comma);
         } else if (IsContainer(*p)) {
             entry->name = nullptr;  // which also says that it has no slots
@@ -854,7 +883,7 @@ class Pass {
         bool comma = false;
         if (*p == '"') {
             p = textWithComma(p + 1, *entry, comma);
-        } else if (IsDigit(*p)) {
+        } else if (DigitOf(*p) <= 9) {
             p = numberWithComma(p, *entry, comma);
         } else if (IsContainer(*p)) {
             next_ = next;

@@ -31,7 +31,8 @@ struct TextEntry {
     union {
         std::int64_t integer;           ///< Integer
         std::uint64_t unsignedInteger;  ///< Unsigned: above the range of Integer
-        const char* text;               ///< Real: the number; texts: what is between the quotes
+        double real;                    ///< Real
+        const char* text;               ///< texts: what is between the quotes
         std::size_t span;               ///< Array, Object: bytes of the entries that it takes, this one included
         std::size_t parent;             ///< a container that is still open: bytes back to the one around it
         const Trail* trail;             ///< Watched
