@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <random>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -305,6 +308,90 @@ TEST_P(EveryForm, KeepsTheSlotsOfExpectedMembersWhereverTheTapeMoves) {
             }
             ASSERT_EQ(object.root().size, children) << text;
         }
+    }
+}
+
+/// The text of an object whose members have these names, and as values their places.
+std::string ObjectOf(const std::vector<std::string_view>& names) {
+    std::string text = "{";
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i > 0) text += ',';
+        text += '"' + std::string(names[i]) + "\":" + std::to_string(i);
+    }
+    return text + '}';
+}
+
+// What followed a name in one message is expected there in the next.
+TEST_P(EveryForm, FindsExpectedMembersWhateverOrderTheMessagesBeforeHad) {
+    std::mt19937 random(20240105);
+    std::vector<std::string_view> names(kExpected.names.begin(), kExpected.names.end());
+    names.insert(names.end(), {"First", "T", "Other", "Firs", "UpperBodyColorSimilarityX"});
+    for (int round = 0; round < 2000; ++round) {
+        if (random() % 3 == 0) std::shuffle(names.begin(), names.end(), random);
+        const std::vector<std::string_view> some(names.begin(), names.begin() + static_cast<long>(random() % 11));
+        const Expected object(ObjectOf(some));
+        ASSERT_EQ(object.root().size, some.size());
+        for (const std::string_view name : kExpected.names) {
+            const auto last = std::find(some.rbegin(), some.rend(), name);
+            ASSERT_EQ(object.integer(name), last == some.rend() ? -1 : some.rend() - last - 1) << ObjectOf(some);
+        }
+    }
+}
+
+// On a thread of its own: the tape begins with 256 entries, and the first message leaves it the order.
+TEST_P(EveryForm, MakesRoomForMembersThatKeepComingInTheOrderOfTheMessageBefore) {
+    std::thread([] {
+        std::vector<std::string_view> names{"T", "First", "T", "First", "Second", "First", ""};
+        EXPECT_EQ(Expected(ObjectOf(names)).integer(""), 6);
+        names.clear();
+        for (int i = 0; i < 1000; ++i) names.emplace_back(i % 2 == 0 ? "T" : "First");
+        const Expected object(ObjectOf(names));
+        EXPECT_EQ(object.root().size, 1000U);
+        EXPECT_EQ(object.integer("T"), 998);
+        EXPECT_EQ(object.integer("First"), 999);
+    }).join();
+}
+
+constexpr char kPairs[] =
+    "a0a1a2a3a4a5a6a7a8a9b0b1b2b3b4b5b6b7b8b9c0c1c2c3c4c5c6c7c8c9d0d1d2d3d4d5d6d7d8d9e0e1e2e3e4e5e6e7e8e9"
+    "f0f1f2f3f4f5f6f7f8f9g0g1g2g3g4g5g6g7g8g9";
+template <std::size_t... I>
+consteval auto PairsList(std::index_sequence<I...>) {
+    return NameList(std::string_view(kPairs + 2 * I, 2)...);
+}
+
+/// Reads members in the list's order and backwards, twice each, and expects all to be found.
+template <const auto& List>
+void FindAllBothWays() {
+    const NameIndex index = List.index();
+    std::vector<std::string_view> names(List.names.begin(), List.names.end());
+    for (int round = 0; round < 8; ++round) {
+        if (round % 2 == 0) std::reverse(names.begin(), names.end());
+        const Taken taken(ObjectOf(names), 128, TextType::Text, &index);
+        const jsonparser::MarkedEntry* const slots = jsonparser::SlotsOf(&taken.root(), index.count);
+        for (std::size_t i = 0; i < index.count; ++i) {
+            ASSERT_NE(slots[i], 0U) << index.names[i];
+            const auto& entry = *reinterpret_cast<const TextEntry*>(slots[i] - jsonparser::kOnTape);
+            ASSERT_EQ(std::string_view(entry.name, entry.nameSize), index.names[i]);
+        }
+    }
+}
+
+// Orders of a few lists are kept, and of lists that are not too long.
+TEST_P(EveryForm, FindsExpectedMembersOfManyListsAndOfLongOnes) {
+    static constexpr auto kFew = PairsList(std::make_index_sequence<3>());
+    static constexpr auto kOne = PairsList(std::make_index_sequence<1>());
+    static constexpr auto kMany = PairsList(std::make_index_sequence<62>());
+    static constexpr auto kMost = PairsList(std::make_index_sequence<63>());
+    static constexpr auto kMore = PairsList(std::make_index_sequence<64>());
+    static constexpr auto kAll = PairsList(std::make_index_sequence<70>());
+    for (int round = 0; round < 3; ++round) {
+        FindAllBothWays<kFew>();
+        FindAllBothWays<kMost>();
+        FindAllBothWays<kOne>();
+        FindAllBothWays<kMore>();
+        FindAllBothWays<kMany>();
+        FindAllBothWays<kAll>();
     }
 }
 

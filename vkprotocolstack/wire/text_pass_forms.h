@@ -828,14 +828,37 @@ class Pass {
         return 0;
     }
 
-    /// Whether behind next, the tape's next entry, is room for the expected members that may follow, and one more.
-    ALWAYS_INLINE bool hasRoomForExpected(const TextEntry* next) const {
+    /// Makes room behind next, the tape's next entry, for the expected members that may follow, and one more. The tape
+    /// may move.
+    /// @return false when there is no memory
+    ALWAYS_INLINE bool makeRoomForExpected(TextEntry*& next) {
         const std::size_t needed = (job_.expected->count + 1) * sizeof(TextEntry);
-        return reinterpret_cast<std::uintptr_t>(limit_) - reinterpret_cast<std::uintptr_t>(next) >= needed;
+        const std::size_t room = reinterpret_cast<std::uintptr_t>(limit_) - reinterpret_cast<std::uintptr_t>(next);
+        if (room >= needed) [[likely]]
+            return true;
+        const std::size_t used = indexOf(next);
+        if (!grow(next)) return false;
+        next = tape_.entries + used;
+        return true;
+    }
+
+    /// The number of the expected name that came behind the one with this number in another message, or 0.
+    ALWAYS_INLINE std::size_t otherNext(std::size_t number) const {
+        const NameIndex& expected = *job_.expected;
+        if (expected.count > MemberOrder::kMost) return 0;
+        const std::size_t next = tape_.nextOf(expected.names)[number];
+        return next <= expected.count ? next : 0;
+    }
+    ALWAYS_INLINE void keepNext(std::size_t number, std::size_t next) {
+        const NameIndex& expected = *job_.expected;
+        if (expected.count <= MemberOrder::kMost) {
+            tape_.nextOf(expected.names)[number] = static_cast<std::uint8_t>(next);
+        }
     }
 
     /// Takes down the object at p, whose entry is the tape's last, matching its members against the expected names: the
-    /// one behind the last match is tried before any search, and needs no look for the name's end.
+    /// one behind the last match is tried before any search, then the one that came there in another message. Neither
+    /// needs a look for the name's end.
     [[gnu::noinline]] const char* tapeExpected(const char* p, std::size_t depth) {
         const NameIndex& expected = *job_.expected;
         const QuotedName* quoted = expected.quoted;
@@ -851,34 +874,44 @@ class Pass {
             return declined(p);
     member:
         entry = next++;
-        if (p <= lastBlock && Blocks::Starts(p, *quoted)) [[likely]] {
-            const std::size_t size = quoted->size;
-            entry->name = p + 1;
-            entry->nameSize = static_cast<std::uint16_t>(size);
-            p += size + QuotedName::kMarks;
-            ++quoted;
-            *slot++ = Marked(entry);
-        } else {
-            p = skipQuote(p);
-            if (p == nullptr) [[unlikely]]
-                return nullptr;
-            p = nameWithColon(p, *entry);
-            if (p == nullptr) [[unlikely]]
-                return nullptr;
-            const std::size_t found = find(*entry);
-            if (found != 0) {
-                quoted = expected.quoted + found;
-                slot = slots() + found;
-                slot[-1] = Marked(entry);
-            }
-            if (!hasRoomForExpected(next)) [[unlikely]] {
-                const std::size_t used = indexOf(next);
-                if (!grow(next)) return declined(p);
-                next = tape_.entries + used;
+        if (p <= lastBlock) [[likely]] {
+            if (Blocks::Starts(p, *quoted)) [[likely]]
+                goto matched;
+            const std::size_t other = otherNext(static_cast<std::size_t>(slot - slots()));
+            if (other != 0 && Blocks::Starts(p, expected.quoted[other - 1])) {
+                if (!makeRoomForExpected(next)) [[unlikely]]
+                    return declined(p);
                 entry = next - 1;
-                slot = slots() + (quoted - expected.quoted);
+                quoted = expected.quoted + (other - 1);
+                slot = slots() + (other - 1);
+                goto matched;
             }
         }
+        p = skipQuote(p);
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+        p = nameWithColon(p, *entry);
+        if (p == nullptr) [[unlikely]]
+            return nullptr;
+        if (const std::size_t found = find(*entry)) {
+            keepNext(static_cast<std::size_t>(slot - slots()), found);
+            quoted = expected.quoted + found;
+            slot = slots() + found;
+            slot[-1] = Marked(entry);
+        }
+        if (!makeRoomForExpected(next)) [[unlikely]]
+            return declined(p);
+        entry = next - 1;
+        slot = slots() + (quoted - expected.quoted);
+        goto value;
+    matched : {
+        const std::size_t size = quoted->size;
+        entry->name = p + 1;
+        entry->nameSize = static_cast<std::uint16_t>(size);
+        p += size + QuotedName::kMarks;
+        ++quoted;
+        *slot++ = Marked(entry);
+    }
     value : {
         bool comma = false;
         if (*p == '"') {
@@ -894,10 +927,9 @@ class Pass {
             inMembers += indexOf(next_) - before;
             if (p == end_) [[unlikely]]
                 return declined(p);
-            const std::size_t used = indexOf(next_);
-            if (!hasRoomForExpected(next_) && !grow(next_)) [[unlikely]]
+            next = next_;
+            if (!makeRoomForExpected(next)) [[unlikely]]
                 return declined(p);
-            next = tape_.entries + used;
             slot = slots() + (quoted - expected.quoted);
         } else if (IsBlank(*p)) [[unlikely]] {
             p = skipManyBlanks(p);

@@ -92,7 +92,18 @@ inline const MarkedEntry* SlotsOf(const TextEntry* part, std::size_t names) {
     return reinterpret_cast<const MarkedEntry*>(part - SlotEntries(names));
 }
 
-/// Memory for entries. A tape takes the thread's last block and leaves it its own.
+/// The order in which messages had the members of a list of names, where it was not the list's.
+struct MemberOrder {
+    static constexpr std::size_t kMost = 63;  ///< names of a list that has one
+
+    const std::string_view* names;  ///< the list's
+    /// By the number of a name, the number of the one that followed it last; 0 is none. Names are counted from 1, and 0
+    /// is what the object begins with.
+    std::uint8_t next[kMost + 1];
+};
+
+/// Memory for entries. A tape takes the thread's last block and leaves it its own. A block knows the orders of members
+/// that messages lately had: those of the same device have the same.
 class TextTape {
   public:
     TextTape(TextEntry* memory, std::size_t size) : entries(memory), capacity(size) {}
@@ -103,8 +114,27 @@ class TextTape {
     /// Makes room for more than the first used entries, which it keeps; they may move. False when there is no memory.
     bool grow(std::size_t used);
 
+    /// What follows the names of a list, by their numbers, until the tape grows. Not for a tape that has no memory.
+    [[gnu::always_inline]] std::uint8_t* nextOf(const std::string_view* names) const {
+        MemberOrder& order = orders()[reinterpret_cast<std::uintptr_t>(names) / sizeof(std::string_view) % kOrders];
+        if (order.names != names) [[unlikely]]
+            forget(order, names);
+        return order.next;
+    }
+
     TextEntry* entries;
     std::size_t capacity;
+
+  private:
+    static constexpr std::size_t kOrders = 4;
+    static constexpr std::size_t kOrderEntries = kOrders * sizeof(MemberOrder) / sizeof(TextEntry);
+    static_assert(kOrderEntries * sizeof(TextEntry) == kOrders * sizeof(MemberOrder));
+
+    static void forget(MemberOrder& order, const std::string_view* names);
+    static bool leaveAsSpare(TextEntry* block, std::size_t capacity);
+    static TextEntry* takeSpare();
+    [[gnu::always_inline]] TextEntry* block() const { return entries - kOrderEntries; }
+    [[gnu::always_inline]] MemberOrder* orders() const { return reinterpret_cast<MemberOrder*>(block()); }
 };
 
 }  // namespace jsonparser
