@@ -8,10 +8,12 @@
 #include "taken.h"
 #include "testing/json.h"
 #include "vkprotocolstack/wire/copied_text.h"
+#include "vkprotocolstack/wire/node.h"
 
 namespace {
 
 using jsonparser::NameList;
+using jsonparser::Node;
 using jsonparser::Place;
 using jsonparser::TextEntry;
 using jsonparser::TextType;
@@ -48,6 +50,7 @@ const char* const kTexts[] = {
     "-2147483649",
     "4294967295",
     "4294967296",
+    "4611686293305294849",
     "9223372036854775807",
     "9223372036854775808",
     "-9223372036854775808",
@@ -112,6 +115,7 @@ TEST_P(PlaceOnATape, IsWhatItIsInATree) {
         EXPECT_EQ(tape.asInt(), tree.asInt()) << text;
         EXPECT_EQ(tape.asUInt(), tree.asUInt()) << text;
         EXPECT_EQ(tape.asDouble(), tree.asDouble()) << text;
+        EXPECT_EQ(Node(tape).asFloat(), static_cast<float>(tree.asDouble())) << text;
         EXPECT_EQ(tape.asBool(), tree.asBool()) << text;
         EXPECT_EQ(tape.is32Bits(), tree.is32Bits()) << text;
         EXPECT_EQ(tape.size(), tree.size()) << text;

@@ -182,8 +182,7 @@ class Node {
     }
     template <class Number, auto Read, const char* Name>
     Number number() const {
-        if (place_.isInteger()) return static_cast<Number>(place_.integer());
-        if (place_.isWatched()) [[unlikely]]
+        if (!place_.isInteger() && place_.isWatched()) [[unlikely]]
             return reportedNumber<Number, Read, Name>(place_);
         return static_cast<Number>((place_.*Read)());
     }
