@@ -271,4 +271,19 @@ TEST(CopyText, WritesTheTextAndATerminatorAndNoMore) {
     }
 }
 
+TEST(UpToNul, EndsBeforeTheFirstNulWhereverItIs) {
+    for (std::size_t size = 0; size <= 70; ++size) {
+        const std::string text(size, '\x80');  // a byte of which one less, and its complement, have other highest bits
+        EXPECT_EQ(jsonparser::UpToNul(text), text);
+        for (std::size_t first = 0; first < size; ++first) {
+            std::string withNuls = text;
+            withNuls[first] = withNuls[first + (size - first) / 2] = '\0';
+            EXPECT_EQ(jsonparser::UpToNul(withNuls).data(), withNuls.data());
+            EXPECT_EQ(jsonparser::UpToNul(withNuls).size(), first) << size;
+        }
+        EXPECT_EQ(jsonparser::UpToNul(std::string(size, '\x01')).size(), size);
+        EXPECT_EQ(jsonparser::UpToNul(std::string(size, '\xFF')).size(), size);
+    }
+}
+
 }  // namespace
