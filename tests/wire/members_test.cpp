@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <numeric>
 #include <random>
 #include <string>
 #include <string_view>
@@ -22,6 +21,7 @@ using jsonparser::NameIndex;
 using jsonparser::NameList;
 using jsonparser::Node;
 using jsonparser::Place;
+using jsonparser::SortedName;
 using testing_tools::HostileValues;
 using testing_tools::Json;
 
@@ -168,7 +168,10 @@ TEST(NameList, KeepsTheOrderAndSortsByBytes) {
     static_assert(kNames.indexOf("Lane") == 0);
     static_assert(kNames.indexOf("Lanes") == 9);
     std::vector<std::string_view> sorted;
-    for (const std::size_t i : kNames.sorted) sorted.push_back(kNames.names[i]);
+    for (const SortedName& name : kNames.sorted) {
+        sorted.emplace_back(name.text, name.size);
+        EXPECT_EQ(sorted.back(), kNames.names[name.index]);
+    }
     EXPECT_EQ(sorted, (std::vector<std::string_view>{"", "B", "La", "Lane", "Lanes", "b", "bb", "\x7F", "路", "\xFF"}));
 }
 
@@ -186,14 +189,18 @@ TEST(Members, FindInRandomObjectsWhatFindFinds) {
         Json::Value object(Json::objectValue);
         for (auto count = below(30); count > 0; --count) object[name()] = round;
         std::vector<std::string> wanted;
-        for (auto count = below(20); count > 0; --count) wanted.push_back(name());
+        for (auto count = 1 + below(20); count > 0; --count) wanted.push_back(name());
         std::sort(wanted.begin(), wanted.end());
         wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
         std::shuffle(wanted.begin(), wanted.end(), random);
         const std::vector<std::string_view> names(wanted.begin(), wanted.end());
-        std::vector<std::size_t> sorted(names.size());
-        std::iota(sorted.begin(), sorted.end(), std::size_t{0});
-        std::sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) { return names[a] < names[b]; });
+        std::vector<SortedName> sorted;
+        for (const std::string_view each : names) {
+            sorted.push_back(
+                {each.data(), static_cast<std::uint8_t>(each.size()), static_cast<std::uint8_t>(sorted.size())});
+        }
+        std::sort(sorted.begin(), sorted.end(),
+                  [&](const SortedName& a, const SortedName& b) { return names[a.index] < names[b.index]; });
         std::vector<Place> found(names.size());
         std::array<std::uint8_t, 64> slots{};
         for (std::size_t i = 0; i < names.size(); ++i) {

@@ -8,10 +8,12 @@
 #include "taken.h"
 #include "testing/json.h"
 #include "vkprotocolstack/wire/copied_text.h"
+#include "vkprotocolstack/wire/node.h"
 
 namespace {
 
 using jsonparser::NameList;
+using jsonparser::Node;
 using jsonparser::Place;
 using jsonparser::TextEntry;
 using jsonparser::TextType;
@@ -48,6 +50,7 @@ const char* const kTexts[] = {
     "-2147483649",
     "4294967295",
     "4294967296",
+    "4611686293305294849",
     "9223372036854775807",
     "9223372036854775808",
     "-9223372036854775808",
@@ -112,6 +115,7 @@ TEST_P(PlaceOnATape, IsWhatItIsInATree) {
         EXPECT_EQ(tape.asInt(), tree.asInt()) << text;
         EXPECT_EQ(tape.asUInt(), tree.asUInt()) << text;
         EXPECT_EQ(tape.asDouble(), tree.asDouble()) << text;
+        EXPECT_EQ(Node(tape).asFloat(), static_cast<float>(tree.asDouble())) << text;
         EXPECT_EQ(tape.asBool(), tree.asBool()) << text;
         EXPECT_EQ(tape.is32Bits(), tree.is32Bits()) << text;
         EXPECT_EQ(tape.size(), tree.size()) << text;
@@ -264,6 +268,21 @@ TEST(CopyText, WritesTheTextAndATerminatorAndNoMore) {
         std::string field(size + 2, '\xA5');
         jsonparser::CopyText(text, field.data());
         EXPECT_EQ(field, text + '\0' + '\xA5');
+    }
+}
+
+TEST(UpToNul, EndsBeforeTheFirstNulWhereverItIs) {
+    for (std::size_t size = 0; size <= 70; ++size) {
+        const std::string text(size, '\x80');  // a byte of which one less, and its complement, have other highest bits
+        EXPECT_EQ(jsonparser::UpToNul(text), text);
+        for (std::size_t first = 0; first < size; ++first) {
+            std::string withNuls = text;
+            withNuls[first] = withNuls[first + (size - first) / 2] = '\0';
+            EXPECT_EQ(jsonparser::UpToNul(withNuls).data(), withNuls.data());
+            EXPECT_EQ(jsonparser::UpToNul(withNuls).size(), first) << size;
+        }
+        EXPECT_EQ(jsonparser::UpToNul(std::string(size, '\x01')).size(), size);
+        EXPECT_EQ(jsonparser::UpToNul(std::string(size, '\xFF')).size(), size);
     }
 }
 

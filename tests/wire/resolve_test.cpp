@@ -66,8 +66,9 @@ TEST(FindFirst, FindsWhatFindElementFindsAtEachIndex) {
                                      Sparse(1), Sparse(2), Sparse(4), Sparse(5), Sparse(100), holeBehind}) {
         for (const std::size_t count : {1U, 2U, 4U, 6U, 12U}) {
             std::vector<const Json::Value*> found(count, &array);
-            FindFirst(array, count, found.data());
-            for (std::size_t i = 0; i < count; ++i) {
+            const std::size_t there = FindFirst(array, count, found.data());
+            EXPECT_EQ(there, std::min<std::size_t>(count, array.size()));
+            for (std::size_t i = 0; i < there; ++i) {
                 EXPECT_EQ(found[i], FindElement(array, i)) << array.size() << ' ' << count << ' ' << i;
             }
         }

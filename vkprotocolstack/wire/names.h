@@ -75,10 +75,17 @@ inline bool SameBytes(const char* a, const char* b, std::size_t size) {
     return ((first + size) * 0x9E3779B97F4A7C15U ^ last) * 0xC2B2AE3D27D4EB4FU >> 32;
 }
 
+/// A name among those that are sorted.
+struct SortedName {
+    const char* text;
+    std::uint8_t size;
+    std::uint8_t index;  ///< into the names in processing order
+};
+
 /// A list of names, whatever its length: what looking members up needs.
 struct NameIndex {
     const std::string_view* names;  ///< in processing order
-    const std::size_t* sorted;      ///< indexes into names, in the order of the names' bytes
+    const SortedName* sorted;       ///< in the order of their bytes
     const QuotedName* quoted;       ///< in processing order, and one that nothing matches
     std::size_t count;
     const std::uint8_t* slots;  ///< a hash table of indexes into names plus one; 0 is free
@@ -96,19 +103,22 @@ struct NameList {
     static_assert(N < 255);
 
     std::array<std::string_view, N> names;
-    std::array<std::size_t, N> sorted;  ///< indexes into names, in the order of the names' bytes
+    std::array<SortedName, N> sorted;  ///< in the order of their bytes
     std::array<QuotedName, N + 1> quoted;
     std::array<std::uint8_t, kSlots> slots;
 
     template <class... Name>
     consteval explicit NameList(const Name&... name) : names{std::string_view(name)...}, sorted{}, quoted{}, slots{} {
-        for (std::size_t i = 0; i < N; ++i) sorted[i] = i;
-        std::sort(sorted.begin(), sorted.end(), [this](std::size_t a, std::size_t b) { return names[a] < names[b]; });
-        for (std::size_t i = 1; i < N; ++i) {
-            if (names[sorted[i - 1]] == names[sorted[i]]) throw "a name stands twice in the list";
-        }
         for (std::size_t i = 0; i < N; ++i) {
             if (names[i].size() > QuotedName::kLongest) throw "a name has more than 26 bytes";
+            sorted[i] = {names[i].data(), static_cast<std::uint8_t>(names[i].size()), static_cast<std::uint8_t>(i)};
+        }
+        std::sort(sorted.begin(), sorted.end(),
+                  [this](SortedName a, SortedName b) { return names[a.index] < names[b.index]; });
+        for (std::size_t i = 1; i < N; ++i) {
+            if (names[sorted[i - 1].index] == names[sorted[i].index]) throw "a name stands twice in the list";
+        }
+        for (std::size_t i = 0; i < N; ++i) {
             quoted[i].bytes[0] = '"';
             std::copy(names[i].begin(), names[i].end(), quoted[i].bytes + 1);
             quoted[i].bytes[names[i].size() + 1] = '"';

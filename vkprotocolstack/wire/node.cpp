@@ -107,12 +107,12 @@ long long Node::watchedRealToInt64() const {
 }
 
 void Node::rawTo(char* field, std::size_t count) const {
-    if (!place_.isPlain()) return otherRawTo(field, count);
-    CopyText(place_.plain().substr(0, count), field);
+    if (place_.isPlain()) return CopyText(place_.plain().substr(0, count), field);
+    if (place_.isTextInTree()) return place_.copyInTree(field, count);
+    otherRawTo(field, count);
 }
 
 void Node::otherRawTo(char* field, std::size_t count) const {
-    if (place_.isTextInTree()) return CopyText(place_.inTreeUpToNul().substr(0, count), field);
     std::string storage;
     const std::string_view taken = place_.text(storage).substr(0, count);
     if (taken.empty() && place_.isWatched()) [[unlikely]] {
@@ -125,14 +125,17 @@ void Node::otherRawTo(char* field, std::size_t count) const {
 }
 
 void Node::utf8To(char* field, int limit) const {
-    if (!place_.isCopiedOnTape()) return otherUtf8To(field, limit);
-    if (limit >= 0) CopyText(place_.plain().substr(0, static_cast<std::size_t>(limit)), field);
+    if (place_.isCopiedOnTape()) {
+        if (limit >= 0) CopyText(place_.plain().substr(0, static_cast<std::size_t>(limit)), field);
+    } else if (place_.isCopiedInTree()) {
+        if (limit >= 0) place_.copyInTree(field, static_cast<std::size_t>(limit));
+    } else {
+        otherUtf8To(field, limit);
+    }
 }
 
 void Node::otherUtf8To(char* field, int limit) const {
-    if (place_.isCopiedInTree()) {
-        if (limit >= 0) CopyText(place_.inTreeUpToNul().substr(0, static_cast<std::size_t>(limit)), field);
-    } else if (place_.isPresent()) {
+    if (place_.isPresent()) {
         CopyUtf8(place_, field, limit);
     } else if (place_.isWatched()) {
         watchedUtf8To(field, limit);

@@ -69,8 +69,8 @@ class Node {
     bool isUInt() const { return passes<&Place::isUInt, kIsUInt>(); }
     /// Elements of an array, 0 for anything else.
     std::size_t size() const {
-        if (place_.isArray()) return place_.size();
-        return place_.isWatched() ? reportedSize(place_) : 0;
+        if (place_.isOnTape() && !place_.isArray()) return place_.isWatched() ? reportedSize(place_) : 0;
+        return place_.size();
     }
 
     // ---- way down
@@ -182,8 +182,7 @@ class Node {
     }
     template <class Number, auto Read, const char* Name>
     Number number() const {
-        if (place_.isInteger()) return static_cast<Number>(place_.integer());
-        if (place_.isWatched()) [[unlikely]]
+        if (!place_.isInteger() && place_.isWatched()) [[unlikely]]
             return reportedNumber<Number, Read, Name>(place_);
         return static_cast<Number>((place_.*Read)());
     }
@@ -250,6 +249,7 @@ class Node {
 template <const auto& List>
 class Members {
     static constexpr std::size_t kCount = List.names.size();
+    static constexpr NameIndex kIndex = List.index();
 
   public:
     struct Name {
@@ -258,7 +258,7 @@ class Members {
         consteval Name(const char (&text)[N]) : index(List.indexOf(std::string_view(text))) {}
     };
 
-    explicit Members(Node object) { object.place_.members(List.index(), found_.data()); }
+    explicit Members(Node object) { object.place_.members(kIndex, found_.data()); }
 
     /// Whether the object has the name at this index of List.
     bool found(std::size_t index) const { return at(index).plain().place_.exists(); }

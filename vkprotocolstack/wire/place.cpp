@@ -20,7 +20,7 @@ template <class Integer>
 Integer IntegerOf(Json::ValueType type, const Json::Value* value) {
     switch (type) {
         case Json::intValue:
-            return static_cast<Integer>(value->asLargestInt());
+            return static_cast<Integer>(value->as<Json::LargestInt>());
         case Json::uintValue:
             return static_cast<Integer>(value->asLargestUInt());
         case Json::realValue:
@@ -90,29 +90,34 @@ class TypedPlaces {
 };
 
 /// Looks up the names in object, an object. Apart from the next: each has a frame that the other need not set up.
-[[gnu::noinline]] void FindMembers(const Json::Value& object, const NameIndex& names, Place* found) {
+[[gnu::noinline]] void FindMembers(const Json::Value& object, const NameIndex& names, Place* places) {
     constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
     std::size_t left = object.size();
     if (left / kMembersALookup > names.count) {
-        for (std::size_t i = 0; i < names.count; ++i) found[i] = Place(FindMember(object, names.names[i]));
+        for (std::size_t i = 0; i < names.count; ++i) places[i] = Place(FindMember(object, names.names[i]));
         return;
     }
+    if (left == 0) return;
     // jsoncpp keeps members in the order of their names' bytes: each is either the next of the sorted names or comes
     // before it and is none of them, unless some of the names are missing.
-    const std::size_t* next = names.sorted;
-    const std::size_t* const end = next + names.count;
+    const SortedName* next = names.sorted;
+    const SortedName* const end = next + names.count;
     TypedPlaces typed;
-    for (auto member = object.begin(); left > 0 && next != end; --left, ++member) {
-        const char* nameEnd = nullptr;
+    for (auto member = object.begin();; ++member) {
+        const char* nameEnd;
         const char* const name = member.memberName(&nameEnd);
         const auto size = static_cast<std::size_t>(nameEnd - name);
-        const std::string_view expected = names.names[*next];
-        if (expected.size() != size || !SameBytes(expected.data(), name, size)) {
+        bool found = next->size == size && SameBytes(next->text, name, size);
+        if (!found) {
             const std::size_t slot = names.find(name, size);
-            if (slot == 0) continue;
-            while (*next != slot - 1) ++next;
+            found = slot != 0;
+            while (found && next->index != slot - 1) ++next;
         }
-        found[*next++] = typed.place(*member);
+        if (found) {
+            places[next->index] = typed.place(*member);
+            if (++next == end) return;
+        }
+        if (--left == 0) return;
     }
 }
 
@@ -187,13 +192,9 @@ bool Place::isUInt() const {
     return e.type == TextType::Real && ScalarOf(e).isUInt();
 }
 
-int Place::convertedToInt() const {
-    if (known() == kInteger) return static_cast<int>(address()->asLargestInt());
-    return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address());
-}
+int Place::convertedToInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
 
 unsigned Place::convertedToUInt() const {
-    if (known() == kInteger) return static_cast<unsigned>(address()->asLargestInt());
     return isOnTape() ? IntegerOf<unsigned>(entry()) : IntegerOf<unsigned>(type(), address());
 }
 
@@ -251,13 +252,6 @@ bool Place::is32Bits() const {
     }
 }
 
-std::string_view Place::TextOf(const Json::Value& value) {
-    const char* begin = "";
-    const char* end = begin;
-    value.getString(&begin, &end);
-    return {begin, static_cast<std::size_t>(end - begin)};
-}
-
 std::string_view Place::otherText(std::string& storage) const {
     if (isOnTape()) return MadeText(entry(), storage);
     switch (type()) {
@@ -272,13 +266,12 @@ std::string_view Place::otherText(std::string& storage) const {
     }
 }
 
-std::string_view Place::inTreeUpToNul() const {
-    const std::string_view text = inTree();
-    return text.substr(0, text.find('\0'));
+void Place::CopyTextOf(const Json::Value& value, char* field, std::size_t limit) {
+    CopyText(UpToNul(TextOf(value)).substr(0, limit), field);
 }
 
-bool Place::copiesFromTreeTo(char* field, int size) const {
-    const std::string_view text = inTreeUpToNul();
+bool Place::CopiesTextOf(const Json::Value& value, char* field, int size) {
+    const std::string_view text = UpToNul(TextOf(value));
     if (static_cast<std::int64_t>(text.size()) >= size) return false;
     CopyText(text, field);
     return true;

@@ -49,6 +49,26 @@ inline void CopyText(std::string_view text, char* field) {
     field[size] = '\0';
 }
 
+/// The text before its first NUL. Texts are short: looking at all bytes at once is faster than a call.
+inline std::string_view UpToNul(std::string_view text) {
+    const char* const begin = text.data();
+    const char* const end = begin + text.size();
+    const auto nuls = []<class Word>(const char* at, Word word) {
+        constexpr Word kOnes = ~Word{0} / 0xFF;
+        std::memcpy(&word, at, sizeof word);
+        return (word - kOnes) & ~word & kOnes << 7;  // of the words that have no NUL: 0
+    };
+    if (text.size() >= 8 && text.size() <= 32) {
+        constexpr std::uint64_t word = 0;
+        std::uint64_t found = nuls(begin, word) | nuls(end - 8, word);
+        if (text.size() > 16) found |= nuls(begin + 8, word) | nuls(end - 16, word);
+        if (found == 0) return text;
+    } else if (text.size() >= 4 && text.size() < 8) {
+        if ((nuls(begin, std::uint32_t{}) | nuls(end - 4, std::uint32_t{})) == 0) return text;
+    }
+    return text.substr(0, text.find('\0'));
+}
+
 /// A value in jsoncpp's tree or on the tape of a message text, or no value at all. What is missing reads as null. So
 /// does a watched place, but for its members and elements, which are watched places too.
 class Place {
@@ -91,9 +111,9 @@ class Place {
     /// An integer on the tape, which needs no conversion.
     bool isInteger() const { return isOnTape() && entry().type == TextType::Integer; }
     std::int64_t integer() const { return entry().integer; }
-    int asInt() const { return isInteger() ? static_cast<int>(integer()) : convertedToInt(); }
-    unsigned asUInt() const { return isInteger() ? static_cast<unsigned>(integer()) : convertedToUInt(); }
-    double asDouble() const { return isInteger() ? static_cast<double>(integer()) : convertedToDouble(); }
+    int asInt() const { return asNumber<int, &Place::convertedToInt>(); }
+    unsigned asUInt() const { return asNumber<unsigned, &Place::convertedToUInt>(); }
+    double asDouble() const { return asNumber<double, &Place::convertedToDouble>(); }
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
@@ -124,7 +144,8 @@ class Place {
     std::string_view plain() const { return {entry().text, entry().size}; }
     /// Those of a text in a tree.
     std::string_view inTree() const { return TextOf(*address()); }
-    std::string_view inTreeUpToNul() const;
+    /// Copies them up to the first NUL, at most limit bytes, and a terminator.
+    void copyInTree(char* field, std::size_t limit) const { CopyTextOf(*address(), field, limit); }
 
     /// GetJsonString and parseJsonNodeToStr of the value. On the tape they are given a value of the same type; the
     /// first of them, in place of an array or an object, null, which is no text either.
@@ -168,8 +189,8 @@ class Place {
         }
         if (type() == Json::arrayValue) {
             std::array<const Json::Value*, N> elements;
-            FindFirst(*address(), N, elements.data());
-            std::transform(elements.begin(), elements.end(), found.begin(),
+            const std::size_t count = FindFirst(*address(), N, elements.data());
+            std::transform(elements.begin(), elements.begin() + count, found.begin(),
                            [](const Json::Value* element) { return Place(element); });
         }
         return found;
@@ -210,16 +231,29 @@ class Place {
     }
     /// None of these for a place on a tape.
     Known known() const { return static_cast<Known>(bits_ & (kKnown | kOnTape)); }
+    /// An integer, wherever it is, or what convert makes of any other value.
+    template <class Number, auto convert>
+    Number asNumber() const {
+        if (isInteger()) return static_cast<Number>(integer());
+        if (known() == kInteger) return static_cast<Number>(address()->as<Json::LargestInt>());
+        return (this->*convert)();
+    }
     /// Empty for what is no text. Not of this place: its address would keep it out of a register.
-    static std::string_view TextOf(const Json::Value& value);
+    static std::string_view TextOf(const Json::Value& value) {
+        const char* begin = "";
+        const char* end = begin;
+        value.getString(&begin, &end);
+        return {begin, static_cast<std::size_t>(end - begin)};
+    }
+    static void CopyTextOf(const Json::Value& value, char* field, std::size_t limit);
     /// A text that is only copied, and needs no cut.
     bool copiesTo(char* field, int size) const {
-        if (!isCopiedOnTape()) return isCopiedInTree() && copiesFromTreeTo(field, size);
+        if (!isCopiedOnTape()) return isCopiedInTree() && CopiesTextOf(*address(), field, size);
         if (std::int64_t{entry().size} >= size) return false;
         CopyText(plain(), field);
         return true;
     }
-    bool copiesFromTreeTo(char* field, int size) const;
+    static bool CopiesTextOf(const Json::Value& value, char* field, int size);
     bool convertedStringTo(char* field, int size) const;
     void convertedRenderTo(char* field, int size) const;
     [[gnu::cold]] static Place WatchedElement(Place watched, std::size_t index);

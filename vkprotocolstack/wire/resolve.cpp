@@ -12,20 +12,20 @@ const Json::Value* FindElement(const Json::Value& array, std::size_t index) {
     return &element != &Json::Value::nullSingleton() || index < array.size() ? &element : nullptr;
 }
 
-void FindFirst(const Json::Value& array, std::size_t count, const Json::Value** found) {
-    std::fill_n(found, count, nullptr);
+std::size_t FindFirst(const Json::Value& array, std::size_t most, const Json::Value** found) {
     const std::size_t size = array.size();
-    const std::size_t wanted = std::min(count, size);
-    if (wanted == 0) return;
+    const std::size_t count = std::min(most, size);
+    if (count == 0) return 0;
     const auto end = array.end();
     auto next = array.begin();
     std::size_t met = 0;
     do {
         found[met++] = &*next;
-    } while (met < wanted && ++next != end);
+    } while (met < count && ++next != end);
     // Where the tree lacks elements, fewer are met, or the last one is not at its place.
-    if (met == size || (met == wanted && next.index() == met - 1)) return;
+    if (met == size || (met == count && next.index() == met - 1)) return count;
     for (std::size_t i = 0; i < count; ++i) found[i] = FindElement(array, i);
+    return count;
 }
 
 }  // namespace jsonparser

@@ -5,6 +5,7 @@
 #include <json/value.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -20,30 +21,35 @@ inline const Json::Value* FindMember(const Json::Value& object, std::string_view
 /// null.
 const Json::Value* FindElement(const Json::Value& array, std::size_t index);
 
-/// What FindElement finds at the first count indexes.
-void FindFirst(const Json::Value& array, std::size_t count, const Json::Value** found);
+/// What FindElement finds at the first indexes of array, an array, at most so many.
+/// @return how many there are
+std::size_t FindFirst(const Json::Value& array, std::size_t most, const Json::Value** found);
 
-/// Calls visit with the first elements of array, an array, at most so many, until it returns false.
+/// Calls visit with the first count elements of array, an array of as many or more, until it returns false.
 /// @return whether it never did
 template <class Visit>
-bool ForElements(const Json::Value& array, std::size_t most, Visit visit) {
-    constexpr std::ptrdiff_t kFew = 64;  // elements that may be counted
-    const Json::ArrayIndex size = array.size();
-    std::size_t count = std::min<std::size_t>(size, most);
-    if (count == 0) return true;
+[[gnu::noinline]] bool WalkElements(const Json::Value& array, std::size_t count, Visit& visit) {
+    // The tree may lack elements: the next that it has then stands further on.
     auto element = array.begin();
-    if (size > kFew || array.end() - element != static_cast<std::ptrdiff_t>(size)) {
-        // The tree may lack elements: the next that it has then stands further on.
-        for (Json::ArrayIndex i = 0; i < count; ++i) {
-            const bool has = element.index() == i;
-            if (!visit(has ? *element : Json::Value::nullSingleton())) return false;
-            if (has) ++element;
-        }
-        return true;
+    for (Json::ArrayIndex i = 0; i < count; ++i) {
+        const bool has = element.index() == i;
+        if (!visit(has ? *element : Json::Value::nullSingleton())) return false;
+        if (has) ++element;
     }
-    // The tree lacks no element, so a walk meets all of them in order.
-    for (; count > 0; --count, ++element) {
-        if (!visit(*element)) return false;
+    return true;
+}
+
+/// The same with the first elements of array, at most so many.
+template <class Visit>
+bool ForElements(const Json::Value& array, std::size_t most, Visit visit) {
+    constexpr std::size_t kFew = 64;  // elements that are found at one go
+    if (most > kFew && array.size() > kFew) [[unlikely]]
+        return WalkElements(array, std::min<std::size_t>(most, array.size()), visit);
+    std::array<const Json::Value*, kFew> elements;
+    const std::size_t count = FindFirst(array, std::min(most, kFew), elements.data());
+    // Not std::all_of, which holds the call of visit four times: too often for it to be expanded there.
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!visit(*elements[i])) return false;
     }
     return true;
 }
