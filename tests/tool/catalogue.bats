@@ -19,10 +19,17 @@ assert records["VK_POINT"] == {"name": "VK_POINT", "size": 4, "decode": True, "e
 }
 
 @test "every record of the list can be asked for its fields" {
-    for record in $("$JSONPARSER" records | cut -d' ' -f1); do
+    records=$("$JSONPARSER" records | cut -d' ' -f1)
+    for record in $records; do
         "$JSONPARSER" fields "$record" >/dev/null
-        "$JSONPARSER" fields "$record" --json | python3 -c 'import json, sys; json.load(sys.stdin)'
-    done
+        "$JSONPARSER" fields "$record" --json
+    done >"$BATS_TEST_TMPDIR/fields"
+    read_documents=$(python3 -c 'import json, sys
+text, decoder, read = sys.stdin.read(), json.JSONDecoder(), 0
+while text:
+    text, read = text[decoder.raw_decode(text)[1]:].lstrip(), read + 1
+print(read)' <"$BATS_TEST_TMPDIR/fields")
+    [ "$read_documents" -eq "$(wc -w <<<"$records")" ]
 }
 
 @test "fields shows offset, size, type, name and meaning" {

@@ -319,14 +319,18 @@ END
 
 # What is wrong with each sample message, and nothing else: outcomes of its record, sorted.
 @test "every sample message explains without finding but for these" {
-    actual=$(grep -v '^#' "$MESSAGES/index.txt" | while read -r file record place; do
-        "$JSONPARSER" explain --json "$record" --at "$place" "$MESSAGES/$file" |
-            python3 -c '
-import collections, json, sys
-outcomes = collections.Counter(r["outcome"] for r in json.load(sys.stdin)["readings"] if r["finding"])
-if outcomes: print(*sys.argv[1:], *(f"{outcome}={count}" for outcome, count in sorted(outcomes.items())))
-' "$file" "$record" "$place"
-    done)
+    actual=$(python3 - <<'END'
+import collections, json, os, subprocess
+folder = os.environ["MESSAGES"]
+for row in open(folder + "/index.txt"):
+    if row.startswith("#"): continue
+    file, record, place = row.split()
+    account = subprocess.run([os.environ["JSONPARSER"], "explain", "--json", record, "--at", place, f"{folder}/{file}"],
+                             stdout=subprocess.PIPE).stdout
+    outcomes = collections.Counter(r["outcome"] for r in json.loads(account)["readings"] if r["finding"])
+    if outcomes: print(file, record, place, *(f"{outcome}={count}" for outcome, count in sorted(outcomes.items())))
+END
+)
     diff -u - <(echo "$actual") <<'END'
 traffic_event.json tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO /params/Events/0/TrafficCar unread=1
 traffic_violation.json tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO /params/Events/0/TrafficCar cut=1 fraction=2 full=1 limited=1 refused=5 unknown keyword=1 unread=2 wrapped=5 wrong type=6
