@@ -4,6 +4,7 @@
 #include "vkprotocolstack/analytics/object_keywords.h"
 #include "vkprotocolstack/foundation/box.h"
 #include "vkprotocolstack/foundation/geometry.h"
+#include "vkprotocolstack/time/utc.h"
 #include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
 #include "vkprotocolstack/wire/record.h"
@@ -22,6 +23,7 @@ using jsonparser::NameList;
 using jsonparser::Node;
 using jsonparser::NodeAt;
 using jsonparser::PointOf;
+using jsonparser::SetUtc;
 
 namespace {
 
@@ -94,7 +96,7 @@ void ReadImage(Node node, Object& object) {
 /// Whichever stamp it is, its milliseconds go to the current time.
 void ReadStamp(Node node, tagNET_TIME_EX& time, tagNET_TIME_EX& currentTime) {
     const Members<kTimeNames> in(node);
-    if (auto v = in["UTC"]) time = GetNetTimeByUTCTime(v.utcSeconds());
+    if (auto v = in["UTC"]) SetUtc(time, v.utcSeconds());
     if (auto v = in["UTCMS"]) currentTime.dwMillisecond = static_cast<unsigned>(v.asInt());
 }
 

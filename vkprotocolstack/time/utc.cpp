@@ -3,38 +3,39 @@
 #include <ctime>
 
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/time/utc.h"
 
 namespace {
 
 constexpr long kDay = 86400;
 constexpr long kCycle = 146097 * kDay;  // then the calendar repeats, 400 years later
-constexpr long kNear = 10 * kCycle;     // before and after 1970, what the calendar and an unsigned number of days hold
+constexpr long kNear = 10 * kCycle;     // around 1970, what both the calendar and an unsigned number of days hold
 
 template <class Time>
-Time FarFromUtc(long seconds);
+void SetFarUtc(Time& time, long seconds);
 
-/// Fills the six calendar fields that both records have in common, as gmtime_r would, which looks at the zone too.
+/// Fills the six calendar fields that both records have in common, as gmtime_r would, which looks at the zone too, and
+/// clears the others.
 template <class Time>
-Time FromUtc(long seconds) {
+void Set(Time& time, long seconds) {
     const unsigned long shifted = static_cast<unsigned long>(seconds) + kNear;
     if (shifted >= 2 * kNear) [[unlikely]]
-        return FarFromUtc<Time>(seconds);
+        return SetFarUtc(time, seconds);
     const std::chrono::days day(static_cast<int>(shifted / kDay) - static_cast<int>(kNear / kDay));
     const auto second = static_cast<unsigned>(shifted % kDay);
     const std::chrono::year_month_day date{std::chrono::sys_days(day)};
-    Time time{};
+    time = {};
     time.dwYear = static_cast<unsigned>(static_cast<int>(date.year()));
     time.dwMonth = static_cast<unsigned>(date.month());
     time.dwDay = static_cast<unsigned>(date.day());
     time.dwHour = second / 3600;
     time.dwMinute = second / 60 % 60;
     time.dwSecond = second % 60;
-    return time;
 }
 
 template <class Time>
-[[gnu::noinline]] Time FarFromUtc(long seconds) {
-    Time time = FromUtc<Time>(seconds % kCycle);
+[[gnu::noinline]] void SetFarUtc(Time& time, long seconds) {
+    Set(time, seconds % kCycle);
     const long year = static_cast<int>(time.dwYear) + 400 * (seconds / kCycle);
     // gmtime_r counts years from 1900 in an int, and fails where they do not fit.
     if (year - 1900 > INT_MAX || year - 1900 < INT_MIN) {
@@ -42,10 +43,9 @@ template <class Time>
         time.dwYear = 1900;
         time.dwMonth = 1;
         time.dwDay = 1;
-        return time;
+        return;
     }
     time.dwYear = static_cast<unsigned>(year);
-    return time;
 }
 
 /// mktime of the calendar fields: local time, daylight saving decided by the zone; -1 when there is no such time.
@@ -72,9 +72,21 @@ long MinutesWest() {
 
 }  // namespace
 
-tagNET_TIME_EX GetNetTimeByUTCTime(long seconds) { return FromUtc<tagNET_TIME_EX>(seconds); }
+void jsonparser::SetUtc(tagNET_TIME& time, long seconds) { Set(time, seconds); }
 
-tagNET_TIME GetNetTimeByUTCTimeNew(long seconds) { return FromUtc<tagNET_TIME>(seconds); }
+void jsonparser::SetUtc(tagNET_TIME_EX& time, long seconds) { Set(time, seconds); }
+
+tagNET_TIME_EX GetNetTimeByUTCTime(long seconds) {
+    tagNET_TIME_EX time;
+    Set(time, seconds);
+    return time;
+}
+
+tagNET_TIME GetNetTimeByUTCTimeNew(long seconds) {
+    tagNET_TIME time;
+    Set(time, seconds);
+    return time;
+}
 
 long GetUTCTimebyNetTime(const tagNET_TIME_EX& time) { return NotNegative(LocalSeconds(time)); }
 

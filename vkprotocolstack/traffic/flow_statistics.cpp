@@ -1,4 +1,5 @@
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/time/utc.h"
 #include "vkprotocolstack/traffic/flow_statistics_keywords.h"
 #include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
@@ -9,6 +10,7 @@ using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
 using jsonparser::NodeAt;
+using jsonparser::SetUtc;
 
 namespace {
 
@@ -54,7 +56,7 @@ void ReadStatistics(Node node, Record& info) {
     // Of 256 bytes or more, this ends in the first driving direction, which was read above.
     if (auto v = in["MachineName"]) v.utf8To(info.szMachineName, 256);
     if (auto v = in["Period"]) info.nPeriod = v.asInt();
-    if (auto v = in["UTC"]) info.stuTime = GetNetTimeByUTCTime(v.unsignedUtcSeconds());
+    if (auto v = in["UTC"]) SetUtc(info.stuTime, v.unsignedUtcSeconds());
     if (auto v = in["UTCMS"]) info.stuTime.dwMillisecond = v.asUInt();
     if (auto v = in["Vehicles"]) info.nVehicles = v.asInt();
     if (auto v = in["AverageSpeed"]) info.fAverageSpeed = v.asFloat();

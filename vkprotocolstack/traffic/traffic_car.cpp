@@ -1,5 +1,6 @@
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/foundation/geometry.h"
+#include "vkprotocolstack/time/utc.h"
 #include "vkprotocolstack/traffic/vehicle_size_keywords.h"
 #include "vkprotocolstack/wire/message_node.h"
 #include "vkprotocolstack/wire/node.h"
@@ -14,6 +15,7 @@ using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
 using jsonparser::NodeAt;
+using jsonparser::SetUtc;
 
 namespace {
 
@@ -131,14 +133,14 @@ void Read(const Members<kNames>& in, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) 
         const auto components = v.first<4>();
         for (std::size_t i = 0; i < 4; ++i) car.dwVehicleColorRGB[i] = components[i].asUInt();
     }
-    if (auto v = in["UTC"]; v.isInt()) car.stuUTC = GetNetTimeByUTCTimeNew(v.utcSeconds());
+    if (auto v = in["UTC"]; v.isInt()) SetUtc(car.stuUTC, v.utcSeconds());
     car.dwRecNo = in["RecNo"].asUInt();
     if (auto v = in["StereoGarage"]) Read(v, car.stuStereoGarage);
     if (auto v = in["Weight"]; v.isInt()) car.nWeight = v.asInt();
     if (auto v = in["PhysicalLane"]; v.isInt()) car.byPhysicalLane = v.intLow8();
     if (auto v = in["MovingDirection"]; v.isUInt()) car.emMovingDirection = v.asUInt();
     // The electronic tag has the event's time, whatever its own member holds.
-    if (in["EleTagInfoUTC"]) car.stuEleTagInfoUTC = GetNetTimeByUTCTimeNew(in["UTC"].utcSeconds());
+    if (in["EleTagInfoUTC"]) SetUtc(car.stuEleTagInfoUTC, in["UTC"].utcSeconds());
     if (auto v = in["CarWindow"]) Read(v["BoundingBox"], car.stuCarWindowBox);
 }
 
