@@ -3,6 +3,7 @@
 #include <array>
 #include <climits>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <random>
 #include <string>
@@ -11,9 +12,11 @@
 
 #include "testing/zone.h"
 #include "vkprotocolstack/JsonParser.h"
+#include "vkprotocolstack/time/utc.h"
 
 namespace {
 
+using jsonparser::SetUtc;
 using testing_tools::TimeZone;
 
 /// Year, month, day, hour, minute, second, as the records hold them.
@@ -104,6 +107,24 @@ const Moment kMoments[] = {
 
 constexpr const char* kZones[] = {"UTC",          "CST-8",       "EST5",     "America/New_York", "Europe/Berlin",
                                   "Asia/Kolkata", "<-0330>3:30", "<+14>-14", "<-12>12",          ""};
+
+TEST(SetUtc, ClearsWhatItDoesNotSet) {
+    for (const long seconds : {0L, 1704447000L, 99999999999L, kLast, kLast + 1}) {
+        tagNET_TIME_EX time;
+        std::memset(&time, 0xA5, sizeof time);
+        SetUtc(time, seconds);
+        const tagNET_TIME_EX expected = GetNetTimeByUTCTime(seconds);
+        EXPECT_EQ(std::memcmp(&time, &expected, sizeof time), 0) << seconds;
+        EXPECT_EQ(time.dwMillisecond, 0U);
+        EXPECT_EQ(time.dwUTC, 0U);
+        EXPECT_EQ(time.dwReserved, 0U);
+        tagNET_TIME plain;
+        std::memset(&plain, 0xA5, sizeof plain);
+        SetUtc(plain, seconds);
+        const Calendar calendar{plain.dwYear, plain.dwMonth, plain.dwDay, plain.dwHour, plain.dwMinute, plain.dwSecond};
+        EXPECT_EQ(calendar, Broken(seconds)) << seconds;
+    }
+}
 
 TEST(GetNetTimeByUTCTime, Gives19700101For0WhateverTheZone) {
     for (const char* zone : kZones) {
