@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include "taken.h"
 #include "testing/json.h"
+#include "testing/locale.h"
 #include "vkprotocolstack/wire/copied_text.h"
 #include "vkprotocolstack/wire/node.h"
 
@@ -169,6 +171,59 @@ TEST(Place, OfAMemberReadsAsItsValueByItself) {
             member.renderTo(first.data(), size);
             alone.renderTo(second.data(), size);
             EXPECT_EQ(first, second) << text;
+        }
+    }
+}
+
+/// What all operations on texts make of a place, as one text.
+std::string TextsOf(Place place) {
+    const Node node(place);
+    std::string all;
+    for (const int size : {0, 1, 2, 5, 50}) {
+        std::vector<char> field(100, 'x');
+        node.utf8To(field.data(), size);
+        all.append(field.data(), field.size());
+        node.rawTo(field.data(), static_cast<std::size_t>(size));
+        all.append(field.data(), field.size());
+        all += node.stringTo(field.data(), size) ? '+' : '-';
+        all.append(field.data(), field.size());
+        node.renderTo(field.data(), size);
+        all.append(field.data(), field.size());
+        all += std::to_string(node.textSize(size));
+    }
+    const std::size_t length = static_cast<std::size_t>(node.textSize(1000));
+    for (char* const text : {node.heapUtf8(), node.heapString()}) {
+        all.append(text, length);
+        delete[] text;
+    }
+    return all;
+}
+
+TEST(Place, UnderAMemberReadsAsItsValueByItselfInEveryLocale) {
+    static constexpr NameList kNames{"a"};
+    std::vector<std::string> texts(std::begin(kTexts), std::end(kTexts));
+    texts.insert(texts.end(),
+                 {R"("a\u0000b")", R"("\u0000")", R"("\u8def\u8def\u8def")", R"("longer than eight")",
+                  R"("longer than sixteen\u0000, with a NUL")", R"("more than thirty-two bytes, all of them")"});
+    for (const char* name : {"C", "C.UTF-8", "zh_CN.GBK"}) {
+        const testing_tools::ThreadLocale locale(name);
+        for (const std::string& text : texts) {
+            const Json::Value object = Json(R"({"a":[)" + text + R"(,{"b":)" + text + R"(}]})");
+            Place array;
+            Place(&object).members(kNames.index(), &array);
+            std::vector<Place> places{array.element(0), array.first<1>()[0], array.element(1).member("b")};
+            array.forElements(1, [&](Place element) {
+                places.push_back(element);
+                return true;
+            });
+            const Place alone(&object["a"][0U]);
+            for (const Place place : places) {
+                EXPECT_EQ(place.isPresent(), alone.isPresent()) << text;
+                EXPECT_EQ(place.type(), alone.type()) << text;
+                EXPECT_EQ(place.isString(), alone.isString()) << text;
+                EXPECT_EQ(place.asInt(), alone.asInt()) << text;
+                EXPECT_EQ(TextsOf(place), TextsOf(alone)) << text << ' ' << name;
+            }
         }
     }
 }

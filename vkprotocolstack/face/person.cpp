@@ -139,7 +139,10 @@ void ReadShared(const Members<List>& in, Person& info) {
 void ReadCustomInfo(Node texts, tagFACERECOGNITION_PERSON_INFOEX& info) {
     const std::size_t count = std::min<std::size_t>(texts.size(), 4);
     info.nCustomPersonInfoNum = static_cast<int>(count);
-    for (std::size_t i = 0; i < count; ++i) texts.at(i).renderTo(info.stuCustomPersonInfo[i].szPersonInfo, 64);
+    texts.forElements(count, [&info](Node text, std::size_t i) {
+        text.renderTo(info.stuCustomPersonInfo[i].szPersonInfo, 64);
+        return true;
+    });
 }
 
 // ---- writing

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "vkprotocolstack/wire/place.h"
+
 namespace jsonparser {
 namespace {
 
@@ -9,16 +11,17 @@ char Lower(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<ch
 
 template <class Row, class Matches>
 const Keyword* FirstOf(Row begin, Row end, Matches matches) {
-    const auto row = std::find_if(begin, end, matches);
-    return row == end ? nullptr : &*row;
+    // Not std::find_if, which holds matches four times: tables are short, and its frame is then larger than its work.
+    for (; begin != end; ++begin) {
+        if (matches(*begin)) return &*begin;
+    }
+    return nullptr;
 }
-
-std::string_view UpToNul(std::string_view text) { return text.substr(0, text.find('\0')); }
 
 /// Of texts without NULs.
 bool SameIgnoringCase(std::string_view a, std::string_view b) {
     return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return x == y || Lower(x) == Lower(y); });
 }
 
 }  // namespace

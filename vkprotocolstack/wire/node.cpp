@@ -5,7 +5,6 @@
 #include <cstring>
 #include <memory>
 #include <new>
-#include <optional>
 
 #include "vkprotocolstack/support/support.h"
 #include "vkprotocolstack/wire/numbers.h"
@@ -22,14 +21,6 @@ char* HeapCopy(std::string_view text) {
     char* const copy = new (std::nothrow) char[text.size() + 1];
     if (copy != nullptr) CopyText(text, copy);
     return copy;
-}
-
-/// A text in a tree that is only copied, unless it has a NUL, or more bytes than HeapText gives.
-std::optional<std::string_view> WholeCopiedText(Place place) {
-    if (!place.isCopiedInTree()) return std::nullopt;
-    const std::string_view text = place.inTree();
-    if (text.size() >= INT_MAX || text.find('\0') != text.npos) return std::nullopt;
-    return text;
 }
 
 /// @return whether field was written
@@ -108,7 +99,7 @@ long long Node::watchedRealToInt64() const {
 
 void Node::rawTo(char* field, std::size_t count) const {
     if (place_.isPlain()) return CopyText(place_.plain().substr(0, count), field);
-    if (place_.isTextInTree()) return place_.copyInTree(field, count);
+    if (place_.isCopiedInTree()) return place_.copyInTree(field, count);
     otherRawTo(field, count);
 }
 
@@ -135,7 +126,9 @@ void Node::utf8To(char* field, int limit) const {
 }
 
 void Node::otherUtf8To(char* field, int limit) const {
-    if (place_.isPresent()) {
+    if (const Place place = place_.typed(); place.isCopiedInTree()) {
+        Node(place).utf8To(field, limit);
+    } else if (place_.isPresent()) {
         CopyUtf8(place_, field, limit);
     } else if (place_.isWatched()) {
         watchedUtf8To(field, limit);
@@ -154,6 +147,10 @@ bool Node::watchedStringTo(char* field, int size) const {
 }
 
 int Node::textSize(int limit) const {
+    const auto sizeOf = [limit](std::string_view text) {
+        return static_cast<int>(std::min(text.size() + 1, static_cast<std::size_t>(limit)));
+    };
+    if (place_.isCopiedInTree()) return sizeOf(place_.inTree());
     std::string storage;
     const std::string_view text = place_.text(storage);
     if (text.empty() && place_.isWatched()) [[unlikely]] {
@@ -161,7 +158,7 @@ int Node::textSize(int limit) const {
         report(place_).textSize(limit, size);
         return size;
     }
-    return static_cast<int>(std::min(text.size() + 1, static_cast<std::size_t>(limit)));
+    return sizeOf(text);
 }
 
 void Node::renderTo(char* field, int size) const {
@@ -175,10 +172,12 @@ void Node::watchedRenderTo(char* field, int size) const {
     report(place_).rendered(size, field);
 }
 
-char* Node::heapUtf8() const { return place_.isCopiedOnTape() ? HeapCopy(place_.plain()) : otherHeapUtf8(); }
+char* Node::heapUtf8() const {
+    if (place_.isCopiedOnTape()) return HeapCopy(place_.plain());
+    return place_.isCopiedInTree() ? copiedHeap() : otherHeapUtf8();
+}
 
 char* Node::otherHeapUtf8() const {
-    if (const auto text = WholeCopiedText(place_)) return HeapCopy(*text);
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {
@@ -191,10 +190,18 @@ char* Node::otherHeapUtf8() const {
     return buffer;
 }
 
-char* Node::heapString() const { return place_.isCopiedOnTape() ? HeapCopy(place_.plain()) : otherHeapString(); }
+char* Node::heapString() const {
+    if (place_.isCopiedOnTape()) return HeapCopy(place_.plain());
+    return place_.isCopiedInTree() ? copiedHeap() : otherHeapString();
+}
+
+char* Node::copiedHeap() const {
+    const std::string_view text = place_.inTree();
+    if (text.size() < INT_MAX && UpToNul(text).size() == text.size()) return HeapCopy(text);
+    return otherHeapString();  // which gives the same as otherHeapUtf8 of a text that is copied
+}
 
 char* Node::otherHeapString() const {
-    if (const auto text = WholeCopiedText(place_)) return HeapCopy(*text);
     std::string storage;
     const std::size_t length = place_.text(storage).size();
     if (length == 0 && place_.isWatched()) [[unlikely]] {

@@ -190,6 +190,7 @@ class Node {
     // ---- what is not only copied: apart, since it needs a frame of its own
     [[gnu::noinline]] void otherRawTo(char* field, std::size_t count) const;
     [[gnu::noinline]] void otherUtf8To(char* field, int limit) const;
+    [[gnu::noinline]] char* copiedHeap() const;
     [[gnu::noinline]] char* otherHeapUtf8() const;
     [[gnu::noinline]] char* otherHeapString() const;
 

@@ -74,23 +74,27 @@ class TextCopy {
     std::unique_ptr<char[]> long_;
 };
 
-/// Places of values in a tree, whose types are looked at once and for all.
-class TypedPlaces {
-  public:
-    Place place(const Json::Value& value) {
-        const Json::ValueType type = value.type();
-        if (type == Json::intValue) return Place(value, Place::kInteger);
-        if (type != Json::stringValue) return Place(&value);
-        if (text_ == Place::kNothing) text_ = CopiesTexts() ? Place::kCopiedText : Place::kText;
-        return Place(value, text_);
-    }
-
-  private:
-    Place::Known text_ = Place::kNothing;  ///< not asked for yet
+/// What is known of a value by its type, in a tree whose texts are converted, and in one whose texts are copied.
+constexpr Place::Known kKnownOfTypes[][8] = {
+    {Place::kNothing, Place::kInteger, Place::kNothing, Place::kNothing, Place::kNothing,    Place::kNothing,
+     Place::kNothing, Place::kNothing},
+    {Place::kCopying, Place::kInteger, Place::kCopying, Place::kCopying, Place::kCopiedText, Place::kCopying,
+     Place::kCopying, Place::kCopying},
 };
+static_assert(Json::nullValue == 0 && Json::intValue == 1 && Json::stringValue == 4 && Json::objectValue == 7);
+
+/// The row of the name among the sorted ones, of which it is next or comes behind it; null when it is none of them.
+[[gnu::noinline]] const SortedName* FindFrom(const SortedName* next, const NameIndex& names, const char* name,
+                                             std::size_t size) {
+    const std::size_t slot = names.find(name, size);
+    if (slot == 0) return nullptr;
+    while (next->index != slot - 1) ++next;
+    return next;
+}
 
 /// Looks up the names in object, an object. Apart from the next: each has a frame that the other need not set up.
-[[gnu::noinline]] void FindMembers(const Json::Value& object, const NameIndex& names, Place* places) {
+[[gnu::noinline, gnu::aligned(64)]] void FindMembers(const Json::Value& object, const Place::Known* known,
+                                                     const NameIndex& names, Place* places) {
     constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
     std::size_t left = object.size();
     if (left / kMembersALookup > names.count) {
@@ -102,21 +106,21 @@ class TypedPlaces {
     // before it and is none of them, unless some of the names are missing.
     const SortedName* next = names.sorted;
     const SortedName* const end = next + names.count;
-    TypedPlaces typed;
     for (auto member = object.begin();; ++member) {
         const char* nameEnd;
         const char* const name = member.memberName(&nameEnd);
         const auto size = static_cast<std::size_t>(nameEnd - name);
-        bool found = next->size == size && SameBytes(next->text, name, size);
-        if (!found) {
-            const std::size_t slot = names.find(name, size);
-            found = slot != 0;
-            while (found && next->index != slot - 1) ++next;
+        if (next->size != size || !SameBytes(next->text, name, size)) [[unlikely]] {
+            const SortedName* const row = FindFrom(next, names, name, size);
+            if (row == nullptr) {
+                if (--left == 0) return;
+                continue;
+            }
+            next = row;
         }
-        if (found) {
-            places[next->index] = typed.place(*member);
-            if (++next == end) return;
-        }
+        const Json::Value& value = *member;
+        places[next->index] = Place(value, known[value.type()]);
+        if (++next == end) return;
         if (--left == 0) return;
     }
 }
@@ -222,11 +226,12 @@ bool Place::asBool() const {
         if (e.type <= TextType::True) return e.type == TextType::True;
         return e.type == TextType::Real ? ScalarOf(e).asBool() : asDouble() != 0.0;
     }
-    switch (type()) {
+    const Json::ValueType type = this->type();
+    if (type == Json::booleanValue) return address()->asBool();
+    switch (type) {
         case Json::intValue:
         case Json::uintValue:
         case Json::realValue:
-        case Json::booleanValue:
             return address()->asBool();
         default:
             return false;
@@ -278,13 +283,21 @@ bool Place::CopiesTextOf(const Json::Value& value, char* field, int size) {
 }
 
 bool Place::convertedStringTo(char* field, int size) const {
-    if (!isOnTape()) return GetJsonString(exists() ? *address() : Json::Value::nullSingleton(), field, size, true);
+    if (!isOnTape()) {
+        if (const Place place = typed(); place.bits_ != bits_ && place.copiesTo(field, size)) return true;
+        return GetJsonString(exists() ? *address() : Json::Value::nullSingleton(), field, size, true);
+    }
     if (type() == Json::stringValue) return GetJsonString(TextCopy(entry(), size).value(), field, size, true);
     return GetJsonString(ScalarOf(entry()), field, size, true);
 }
 
+void Place::renderTextTo(char* field, int size) const {
+    if (!CopiesTextOf(*address(), field, size)) convertedRenderTo(field, size);
+}
+
 void Place::convertedRenderTo(char* field, int size) const {
     if (!isOnTape()) {
+        if (const Place place = typed(); place.bits_ != bits_ && place.copiesTo(field, size)) return;
         parseJsonNodeToStr(exists() ? *address() : Json::Value::nullSingleton(), field, size);
     } else if (type() == Json::stringValue) {
         parseJsonNodeToStr(TextCopy(entry(), size).value(), field, size);
@@ -295,7 +308,7 @@ void Place::convertedRenderTo(char* field, int size) const {
 
 Place Place::member(std::string_view name) const {
     if (type() != Json::objectValue) return isWatched() ? trail().member(name) : Place();
-    if (!isOnTape()) return Place(FindMember(*address(), name));
+    if (!isOnTape()) return under(FindMember(*address(), name));
     Place found;  // of members with the same name the last one counts
     const TextEntry* child = entry().first();
     for (std::size_t left = entry().size; left > 0; --left, child = child->next()) {
@@ -315,7 +328,8 @@ void Place::members(const NameIndex& names, Place* found) const {
     if (isOnTape() && entry().type == TextType::Object) {
         FindOnTape(entry(), names, found);
     } else if (type() == Json::objectValue) {
-        FindMembers(*address(), names, found);
+        const bool copies = (bits_ & kCopying) != 0 || CopiesTexts();
+        FindMembers(*address(), kKnownOfTypes[copies ? 1 : 0], names, found);
     } else if (isWatched()) {
         watchedMembers(names, found);
     }

@@ -75,10 +75,10 @@ class Place {
   public:
     /// What a place may remember of a value in a tree, so that jsoncpp is not asked again, by a call into another
     /// library: stored in the low bits of the value's address.
-    enum Known : std::uintptr_t {
+    enum Known : std::uint8_t {
         kNothing = 0,
         kInteger = 2,    ///< an intValue
-        kText = 4,       ///< a text
+        kCopying = 4,    ///< if it is a text or has texts in it, they are such ones:
         kCopiedText = 6  ///< one that converters may copy into fields up to its first NUL (see copied_text.h)
     };
 
@@ -95,10 +95,14 @@ class Place {
     /// Neither missing nor null.
     bool isPresent() const {
         if (isOnTape()) return entry().type > TextType::Watched;
-        return known() != kNothing || (bits_ != 0 && address()->type() != Json::nullValue);
+        if (isTyped()) [[likely]]
+            return true;
+        return bits_ != 0 && address()->type() != Json::nullValue;
     }
     bool isArray() const { return isOf<Json::arrayValue>(TextType::Array, TextType::Array); }
-    bool isString() const { return isTextInTree() || isOf<Json::stringValue>(TextType::Text, TextType::EscapedText); }
+    bool isString() const {
+        return (!isOnTape() && isCopiedInTree()) || isOf<Json::stringValue>(TextType::Text, TextType::EscapedText);
+    }
     bool isBool() const { return isOf<Json::booleanValue>(TextType::False, TextType::True); }
     Json::ValueType type() const {
         if (isOnTape()) return TypeOnTape(entry().type);
@@ -127,7 +131,7 @@ class Place {
     std::string_view text(std::string& storage) const {
         if (isOnTape()) {
             if (entry().isPlainText()) return plain();
-        } else if (isTextInTree() || type() == Json::stringValue) {
+        } else if (isCopiedInTree() || type() == Json::stringValue) {
             return TextOf(*address());
         }
         return otherText(storage);
@@ -135,11 +139,14 @@ class Place {
 
     /// A text on the tape without escapes, and so without a NUL.
     bool isPlain() const { return isOnTape() && entry().isPlainText(); }
-    /// A text in a tree that is known to be one.
-    bool isTextInTree() const { return !isOnTape() && (bits_ & kText) != 0; }
-    /// A text that the text functions would copy up to its first NUL, byte for byte.
+    /// A text that the text functions would copy up to its first NUL, byte for byte. In a tree, one that is known to be
+    /// such a one.
     bool isCopiedOnTape() const { return isOnTape() && entry().type == TextType::CopiedText; }
     bool isCopiedInTree() const { return known() == kCopiedText; }
+    /// The same place, known to be such a text if it is one.
+    Place typed() const {
+        return known() == kCopying && type() == Json::stringValue ? Place(*address(), kCopiedText) : *this;
+    }
     /// The characters of a text on the tape without escapes.
     std::string_view plain() const { return {entry().text, entry().size}; }
     /// Those of a text in a tree.
@@ -151,6 +158,7 @@ class Place {
     /// first of them, in place of an array or an object, null, which is no text either.
     bool stringTo(char* field, int size) const { return copiesTo(field, size) || convertedStringTo(field, size); }
     void renderTo(char* field, int size) const {
+        if (isCopiedInTree()) return renderTextTo(field, size);
         if (!copiesTo(field, size)) convertedRenderTo(field, size);
     }
 
@@ -164,7 +172,7 @@ class Place {
             if (entry().type == TextType::Array) return index < entry().size ? Place(entry().element(index)) : Place();
             return isWatched() ? WatchedElement(*this, index) : Place();
         }
-        return type() == Json::arrayValue ? Place(FindElement(*address(), index)) : Place();
+        return type() == Json::arrayValue ? under(FindElement(*address(), index)) : Place();
     }
     /// The first N elements. Faster than one by one.
     template <std::size_t N>
@@ -191,7 +199,7 @@ class Place {
             std::array<const Json::Value*, N> elements;
             const std::size_t count = FindFirst(*address(), N, elements.data());
             std::transform(elements.begin(), elements.begin() + count, found.begin(),
-                           [](const Json::Value* element) { return Place(element); });
+                           [this](const Json::Value* element) { return under(element); });
         }
         return found;
     }
@@ -201,7 +209,7 @@ class Place {
     bool forElements(std::size_t most, Visit visit) const {
         if (!isOnTape()) {
             return type() != Json::arrayValue ||
-                   ForElements(*address(), most, [&](const Json::Value& element) { return visit(Place(&element)); });
+                   ForElements(*address(), most, [&](const Json::Value& element) { return visit(under(&element)); });
         }
         std::size_t count = std::min(size(), most);
         if (count == 0) return true;
@@ -231,11 +239,18 @@ class Place {
     }
     /// None of these for a place on a tape.
     Known known() const { return static_cast<Known>(bits_ & (kKnown | kOnTape)); }
+    /// An integer or a text in a tree that is known to be one. Not for places on a tape.
+    bool isTyped() const { return (bits_ & kInteger) != 0; }
+    /// The place of what stands in this value in a tree; null is missing there.
+    Place under(const Json::Value* value) const {
+        return value == nullptr ? Place() : Place(*value, static_cast<Known>(bits_ & kCopying));
+    }
     /// An integer, wherever it is, or what convert makes of any other value.
     template <class Number, auto convert>
     Number asNumber() const {
         if (isInteger()) return static_cast<Number>(integer());
-        if (known() == kInteger) return static_cast<Number>(address()->as<Json::LargestInt>());
+        if (known() == kInteger) [[likely]]
+            return static_cast<Number>(address()->as<Json::LargestInt>());
         return (this->*convert)();
     }
     /// Empty for what is no text. Not of this place: its address would keep it out of a register.
@@ -255,6 +270,7 @@ class Place {
     }
     static bool CopiesTextOf(const Json::Value& value, char* field, int size);
     bool convertedStringTo(char* field, int size) const;
+    void renderTextTo(char* field, int size) const;
     void convertedRenderTo(char* field, int size) const;
     [[gnu::cold]] static Place WatchedElement(Place watched, std::size_t index);
     [[gnu::cold]] void watchedMembers(const NameIndex& names, Place* found) const;
