@@ -199,7 +199,7 @@ class Place {
             std::array<const Json::Value*, N> elements;
             const std::size_t count = FindFirst(*address(), N, elements.data());
             std::transform(elements.begin(), elements.begin() + count, found.begin(),
-                           [this](const Json::Value* element) { return under(element); });
+                           [known = knownBelow()](const Json::Value* element) { return Place(*element, known); });
         }
         return found;
     }
@@ -209,7 +209,9 @@ class Place {
     bool forElements(std::size_t most, Visit visit) const {
         if (!isOnTape()) {
             return type() != Json::arrayValue ||
-                   ForElements(*address(), most, [&](const Json::Value& element) { return visit(under(&element)); });
+                   ForElements(*address(), most, [&visit, known = knownBelow()](const Json::Value& element) {
+                       return visit(Place(element, known));
+                   });
         }
         std::size_t count = std::min(size(), most);
         if (count == 0) return true;
@@ -241,10 +243,10 @@ class Place {
     Known known() const { return static_cast<Known>(bits_ & (kKnown | kOnTape)); }
     /// An integer or a text in a tree that is known to be one. Not for places on a tape.
     bool isTyped() const { return (bits_ & kInteger) != 0; }
-    /// The place of what stands in this value in a tree; null is missing there.
-    Place under(const Json::Value* value) const {
-        return value == nullptr ? Place() : Place(*value, static_cast<Known>(bits_ & kCopying));
-    }
+    /// Of all that stands in this value in a tree.
+    Known knownBelow() const { return static_cast<Known>(bits_ & kCopying); }
+    /// The place of what stands there; null is missing.
+    Place under(const Json::Value* value) const { return value == nullptr ? Place() : Place(*value, knownBelow()); }
     /// An integer, wherever it is, or what convert makes of any other value.
     template <class Number, auto convert>
     Number asNumber() const {
@@ -254,12 +256,7 @@ class Place {
         return (this->*convert)();
     }
     /// Empty for what is no text. Not of this place: its address would keep it out of a register.
-    static std::string_view TextOf(const Json::Value& value) {
-        const char* begin = "";
-        const char* end = begin;
-        value.getString(&begin, &end);
-        return {begin, static_cast<std::size_t>(end - begin)};
-    }
+    static std::string_view TextOf(const Json::Value& value);
     static void CopyTextOf(const Json::Value& value, char* field, std::size_t limit);
     /// A text that is only copied, and needs no cut.
     bool copiesTo(char* field, int size) const {

@@ -28,7 +28,7 @@ std::size_t FindFirst(const Json::Value& array, std::size_t most, const Json::Va
 /// Calls visit with the first count elements of array, an array of as many or more, until it returns false.
 /// @return whether it never did
 template <class Visit>
-[[gnu::noinline]] bool WalkElements(const Json::Value& array, std::size_t count, Visit& visit) {
+[[gnu::always_inline]] inline bool WalkElements(const Json::Value& array, std::size_t count, Visit& visit) {
     // The tree may lack elements: the next that it has then stands further on.
     auto element = array.begin();
     for (Json::ArrayIndex i = 0; i < count; ++i) {
