@@ -212,7 +212,7 @@ TEST(Place, UnderAMemberReadsAsItsValueByItselfInEveryLocale) {
             Place array;
             Place(&object).members(kNames.index(), &array);
             std::vector<Place> places{array.element(0), array.first<1>()[0], array.element(1).member("b")};
-            array.forElements(1, [&](Place element) {
+            array.forElements(1, [&](Place element, std::size_t) {
                 places.push_back(element);
                 return true;
             });
@@ -257,14 +257,14 @@ void ExpectElements(const Place& array, const int (&expected)[N]) {
     EXPECT_FALSE(first[N].exists());
     EXPECT_FALSE(first[N + 1].exists());
     std::size_t walked = 0;
-    EXPECT_TRUE(array.forElements(N, [&](Place element) {
+    EXPECT_TRUE(array.forElements(N, [&](Place element, std::size_t) {
         EXPECT_EQ(numberAt(element), expected[walked]) << walked;
         ++walked;
         return true;
     }));
     EXPECT_EQ(walked, N);
     std::size_t left = 3;
-    EXPECT_FALSE(array.forElements(N, [&left](Place /*element*/) { return --left > 0; }));
+    EXPECT_FALSE(array.forElements(N, [&left](Place /*element*/, std::size_t /*index*/) { return --left > 0; }));
     EXPECT_EQ(left, 0U);
 }
 

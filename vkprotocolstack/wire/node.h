@@ -89,8 +89,7 @@ class Node {
     bool forElements(std::size_t most, Visit visit) const {
         if (place_.isWatched()) [[unlikely]]
             return eachElement(place_, most, visit);
-        std::size_t index = 0;
-        return place_.forElements(most, [&](Place element) { return visit(Node(element), index++); });
+        return place_.forElements(most, [&visit](Place element, std::size_t i) { return visit(Node(element), i); });
     }
     Node operator[](std::string_view name) const { return Node(place_.member(name)); }
 
@@ -177,14 +176,20 @@ class Node {
     friend class Members;
 
     template <auto Test, const char* Name>
-    bool passes() const {
+    [[gnu::always_inline]] bool passes() const {
         return (place_.*Test)() || (place_.isWatched() && reportedTest<Test, Name>(place_));
     }
     template <class Number, auto Read, const char* Name>
-    Number number() const {
-        if (!place_.isInteger() && place_.isWatched()) [[unlikely]]
-            return reportedNumber<Number, Read, Name>(place_);
-        return static_cast<Number>((place_.*Read)());
+    [[gnu::always_inline]] Number number() const {
+        using Wide = decltype((place_.*Read)());
+        if (place_.isInteger()) return static_cast<Number>(static_cast<Wide>(place_.integer()));
+        return otherNumber<Number, Read, Name>(place_);
+    }
+    template <class Number, auto Read, const char* Name>
+    [[gnu::noinline]] static Number otherNumber(Place place) {
+        if (place.isWatched()) [[unlikely]]
+            return reportedNumber<Number, Read, Name>(place);
+        return static_cast<Number>((place.*Read)());
     }
 
     // ---- what is not only copied: apart, since it needs a frame of its own

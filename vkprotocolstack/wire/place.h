@@ -203,24 +203,16 @@ class Place {
         }
         return found;
     }
-    /// Calls visit with the first elements of an array, at most so many, until it returns false.
+    /// Calls visit with the first elements of an array, at most so many, and their indexes, until it returns false.
     /// @return whether it never did
     template <class Visit>
     bool forElements(std::size_t most, Visit visit) const {
-        if (!isOnTape()) {
-            return type() != Json::arrayValue ||
-                   ForElements(*address(), most, [&visit, known = knownBelow()](const Json::Value& element) {
-                       return visit(Place(element, known));
-                   });
-        }
-        std::size_t count = std::min(size(), most);
-        if (count == 0) return true;
-        // Not std::all_of, which holds the call of visit four times: too often for it to be expanded there.
-        const TextEntry* element = entry().first();
-        for (; visit(Place(element)); element = element->next()) {
-            if (--count == 0) return true;
-        }
-        return false;
+        if (isOnTape()) return ForElementsOnTape(*this, most, visit);
+        std::size_t index = 0;
+        return type() != Json::arrayValue ||
+               ForElements(*address(), most, [&visit, &index, known = knownBelow()](const Json::Value& element) {
+                   return visit(Place(element, known), index++);
+               });
     }
     Place member(std::string_view name) const;
     /// Looks up the names at one go. What is not there is left in found, which holds missing places.
@@ -247,6 +239,17 @@ class Place {
     Known knownBelow() const { return static_cast<Known>(bits_ & kCopying); }
     /// The place of what stands there; null is missing.
     Place under(const Json::Value* value) const { return value == nullptr ? Place() : Place(*value, knownBelow()); }
+    /// Apart, and with visit expanded, which stands in too many walks for the compiler to do so by itself.
+    template <class Visit>
+    [[gnu::noinline, gnu::flatten]] static bool ForElementsOnTape(Place array, std::size_t most, Visit& visit) {
+        const std::size_t count = std::min(array.size(), most);
+        if (count == 0) return true;
+        const TextEntry* element = array.entry().first();
+        for (std::size_t i = 0; visit(Place(element), i); element = element->next()) {
+            if (++i == count) return true;
+        }
+        return false;
+    }
     /// An integer, wherever it is, or what convert makes of any other value.
     template <class Number, auto convert>
     Number asNumber() const {
