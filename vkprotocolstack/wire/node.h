@@ -187,6 +187,7 @@ class Node {
     }
     template <class Number, auto Read, const char* Name>
     [[gnu::noinline]] static Number otherNumber(Place place) {
+        if (!place.exists()) return 0;
         if (place.isWatched()) [[unlikely]]
             return reportedNumber<Number, Read, Name>(place);
         return static_cast<Number>((place.*Read)());
