@@ -291,7 +291,7 @@ TEST(Place, WhatIsNoArrayHasNoElements) {
         const Place place(&taken.first());
         EXPECT_FALSE(place.element(0).exists()) << text;
         EXPECT_FALSE(place.first<2>()[0].exists()) << text;
-        EXPECT_TRUE(place.forElements(0, [](Place /*element*/) { return false; })) << text;
+        EXPECT_TRUE(place.forElements(0, [](Place, std::size_t) { return false; })) << text;
     }
 }
 

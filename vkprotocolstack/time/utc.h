@@ -6,8 +6,8 @@
 
 namespace jsonparser {
 
-/// As GetNetTimeByUTCTimeNew and GetNetTimeByUTCTime. Their result is written field by field and copied in larger parts:
-/// the copy has to wait until the fields are in memory.
+/// As GetNetTimeByUTCTimeNew and GetNetTimeByUTCTime. Their result is written field by field and copied in larger
+/// parts: the copy has to wait until the fields are in memory.
 void SetUtc(tagNET_TIME& time, long seconds);
 void SetUtc(tagNET_TIME_EX& time, long seconds);
 
