@@ -92,8 +92,8 @@ static_assert(Json::nullValue == 0 && Json::intValue == 1 && Json::stringValue =
     return next;
 }
 
-/// Looks up the names in object, an object. Apart from the next: each has a frame that the other need not set up. On a
-/// cache line of its own: where it lies decides on 4 % of the time to a record.
+/// Looks up the names in object, an object. Apart from the next: each has a frame that the other need not set up. It
+/// begins with a cache line, so that code before it does not decide how it lies.
 [[gnu::noinline, gnu::aligned(64)]] void FindMembers(const Json::Value& object, bool copies, const NameIndex& names,
                                                      Place* places) {
     constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
