@@ -65,9 +65,9 @@ bool IsStepTo(const TextStep& step, const char* name, std::size_t size) {
     return i == size;
 }
 
-double RealOf(std::string_view number) {
+double RealOf(const char* begin, const char* end) {
     double value = 0;
-    std::from_chars(number.data(), number.data() + number.size(), value);
+    std::from_chars(begin, end, value);
     return value;
 }
 

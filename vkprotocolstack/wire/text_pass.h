@@ -31,7 +31,7 @@ TextStep TakeStep(std::string_view& pointer);
 bool IsStepTo(const TextStep& step, const char* name, std::size_t size);
 
 /// The double nearest to a number that is neither too large nor too small for one; 0 where it is.
-double RealOf(std::string_view number);
+double RealOf(const char* begin, const char* end);
 
 struct TextPass {
     // what to do

@@ -378,7 +378,7 @@ class Pass {
             return p;
         }
         p = behindReal(begin, point);
-        if (p != nullptr) entry.real = RealOf({begin, static_cast<std::size_t>(p - begin)});
+        if (p != nullptr) entry.real = RealOf(begin, p);
         return p;
     }
 

@@ -116,7 +116,8 @@ class TextTape {
 
     /// What follows the names of a list, by their numbers, until the tape grows. Not for a tape that has no memory.
     [[gnu::always_inline]] std::uint8_t* nextOf(const std::string_view* names) const {
-        MemberOrder& order = orders()[reinterpret_cast<std::uintptr_t>(names) / sizeof(std::string_view) % kOrders];
+        const std::uint64_t address = reinterpret_cast<std::uintptr_t>(names);  // whose low bits most lists share
+        MemberOrder& order = orders()[address * 0x9E3779B97F4A7C15U >> 62];
         if (order.names != names) [[unlikely]]
             forget(order, names);
         return order.next;
@@ -126,7 +127,7 @@ class TextTape {
     std::size_t capacity;
 
   private:
-    static constexpr std::size_t kOrders = 4;
+    static constexpr std::size_t kOrders = 4;  ///< as many as two bits tell apart
     static constexpr std::size_t kOrderEntries = kOrders * sizeof(MemberOrder) / sizeof(TextEntry);
     static_assert(kOrderEntries * sizeof(TextEntry) == kOrders * sizeof(MemberOrder));
 
