@@ -120,6 +120,14 @@ TEST(ForElements, WalksALongArrayWithoutSearchingInIt) {
     EXPECT_EQ(searches, 1);
 }
 
+TEST(ForElements, EndsInALongArrayWhereItIsTold) {
+    Json::Value array(Json::arrayValue);
+    array[99] = 1;
+    int visits = 0;
+    EXPECT_FALSE(ForElements(array, 100, [&](const Json::Value&) { return ++visits < 70; }));
+    EXPECT_EQ(visits, 70);
+}
+
 TEST(ForElements, EndsWhereItIsTold) {
     for (const Json::Value& array : {Numbers(6), Numbers(100), Sparse(6), Sparse(100)}) {
         int visits = 0;
