@@ -38,6 +38,7 @@ TEST(NameIndex, QuotesNames) {
         const jsonparser::QuotedName& found = kNames.quoted[i];
         EXPECT_EQ(std::string_view(found.bytes, quoted.size()), quoted);
         EXPECT_EQ(found.size, kNames.names[i].size());
+        EXPECT_EQ(found.toText, 2 + quoted.size() + 1);
         EXPECT_EQ(found.bits + 1, std::uint64_t{1} << quoted.size());
     }
 }

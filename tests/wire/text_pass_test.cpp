@@ -14,6 +14,7 @@
 
 #include "taken.h"
 #include "vkprotocolstack/wire/names.h"
+#include "vkprotocolstack/wire/text_entry.h"
 
 namespace {
 
@@ -25,6 +26,7 @@ using jsonparser::TextEntry;
 using jsonparser::TextPassForm;
 using jsonparser::TextStep;
 using jsonparser::TextType;
+using jsonparser::TreeOf;
 using testing_tools::Taken;
 
 TEST(TakeStep, TakesNamesAndIndexesOffAPointer) {
@@ -419,6 +421,57 @@ TEST_P(EveryForm, ReadsIntegersOfAnyLengthWhateverIsBehindThem) {
             }
         }
     }
+}
+
+// An array that begins with a digit is first taken for one of short integers: with a blank before that it never is.
+TEST_P(EveryForm, TakesArraysOfIntegersDownAsAnyOthers) {
+    NameIndex expected = kExpected.index();
+    const std::string bodies[] = {
+        "1",
+        "0",
+        "12,345,6789,12345,0",
+        "123456789012345678",
+        "1234567890123456789",
+        "18446744073709551616",
+        "00",
+        "1,01",
+        "1,2.5",
+        "1,2.",
+        "1,-2",
+        "1,\"x\"",
+        "1,[2]",
+        "1,{}",
+        "1,null",
+        "1 ,2",
+        "1, 2",
+        "1,2 ",
+        "1,",
+        "1,,2",
+        "1}",
+        "1e5",
+        "1,[2,3],[4,[5,6]]",
+        "1,{\"a\":[2,3]}",
+        "1x",
+        "1\"a\"",
+    };
+    for (const std::string& body : bodies) {
+        const auto message = [&body](const std::string& blank) {
+            const std::string array = '[' + blank + body + ']';
+            return R"({"First":)" + array + R"(,"x":{"y":)" + array + R"(,"z":[)" + array + ',' + array +
+                   R"(]},"Second":)" + array + '}';
+        };
+        for (const NameIndex* names : {&expected, static_cast<NameIndex*>(nullptr)}) {
+            for (std::size_t depth = 1; depth < 9; ++depth) {
+                const Taken compact(message(""), depth, TextType::Text, names);
+                const Taken blank(message(" "), depth, TextType::Text, names);
+                ASSERT_EQ(compact.accepted(), blank.accepted()) << body << ' ' << depth;
+                if (!compact.accepted()) continue;
+                ASSERT_EQ(TreeOf(compact.root()), TreeOf(blank.root())) << body << ' ' << depth;
+            }
+        }
+    }
+    const Taken unclosed("[1,2}");
+    EXPECT_FALSE(unclosed.accepted());
 }
 
 /// Whether a message is accepted in which the value stands where nobody reads.

@@ -14,14 +14,16 @@
 
 namespace jsonparser::support {
 
-/// Whether an encoding, as nl_langinfo names it, is UTF-8 or the "C" locale's: texts are copied. UTF-8 is found without
+/// Whether an encoding, as nl_langinfo names it, is UTF-8 or the "C" locale's: texts are copied. Both are found without
 /// a call, since every text may ask.
 inline bool IsUtf8OrAscii(const char* codeset) {
-    // Not across the end of a page, where strcmp takes longer.
-    alignas(16) static constexpr char kAscii[] = "ANSI_X3.4-1968";
-    if (codeset[0] == 'A') return std::strcmp(codeset, kAscii) == 0;
-    return codeset[0] == 'U' && codeset[1] == 'T' && codeset[2] == 'F' && codeset[3] == '-' && codeset[4] == '8' &&
-           codeset[5] == '\0';
+    const auto is = [codeset](const auto& name) {
+        for (std::size_t i = 0; i < sizeof name; ++i) {
+            if (codeset[i] != name[i]) return false;
+        }
+        return true;
+    };
+    return is("UTF-8") || is("ANSI_X3.4-1968");
 }
 
 /// The part of text before its first NUL.

@@ -19,9 +19,10 @@ struct QuotedName {
     static constexpr std::size_t kLongest = 26;
     static constexpr std::size_t kMarks = 3;  ///< the quotes and the colon
 
-    char bytes[kBlock - 1];
-    std::uint8_t size;   ///< of the name
-    std::uint64_t bits;  ///< one for each byte of the name and its marks; one above the block matches nothing
+    char bytes[kBlock - 2];
+    std::uint8_t size;    ///< of the name
+    std::uint8_t toText;  ///< from two bytes before the name's quote to behind the first byte of its value
+    std::uint64_t bits;   ///< one for each byte of the name and its marks; one above the block matches nothing
 };
 
 /// Whether two texts of size bytes are equal. Names are short: this is faster than a call.
@@ -124,6 +125,7 @@ struct NameList {
             quoted[i].bytes[names[i].size() + 1] = '"';
             quoted[i].bytes[names[i].size() + 2] = ':';
             quoted[i].size = static_cast<std::uint8_t>(names[i].size());
+            quoted[i].toText = static_cast<std::uint8_t>(names[i].size() + QuotedName::kMarks + 3);
             quoted[i].bits = (std::uint64_t{1} << (names[i].size() + QuotedName::kMarks)) - 1;
             std::size_t slot = HashOfName(names[i].data(), names[i].size()) % kSlots;
             while (slots[slot] != 0) slot = (slot + 1) % kSlots;

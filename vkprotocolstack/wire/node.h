@@ -14,6 +14,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 #include "vkprotocolstack/wire/keywords.h"
@@ -183,6 +184,9 @@ class Node {
     [[gnu::always_inline]] Number number() const {
         using Wide = decltype((place_.*Read)());
         if (place_.isInteger()) return static_cast<Number>(static_cast<Wide>(place_.integer()));
+        if constexpr (std::is_same_v<Wide, double>) {
+            if (place_.isReal()) return static_cast<Number>(place_.real());
+        }
         return otherNumber<Number, Read, Name>(place_);
     }
     template <class Number, auto Read, const char* Name>

@@ -184,18 +184,14 @@ std::string_view MadeText(const TextEntry& entry, std::string& storage) {
 
 }  // namespace
 
-bool Place::isInt() const {
+bool Place::otherIsInt() const {
     if (!isOnTape()) return bits_ != 0 && address()->isInt();
-    const TextEntry& e = entry();
-    if (e.type == TextType::Integer) return e.integer >= INT_MIN && e.integer <= INT_MAX;
-    return e.type == TextType::Real && ScalarOf(e).isInt();
+    return isReal() && ScalarOf(entry()).isInt();
 }
 
-bool Place::isUInt() const {
+bool Place::otherIsUInt() const {
     if (!isOnTape()) return bits_ != 0 && address()->isUInt();
-    const TextEntry& e = entry();
-    if (e.type == TextType::Integer) return e.integer >= 0 && e.integer <= UINT_MAX;
-    return e.type == TextType::Real && ScalarOf(e).isUInt();
+    return isReal() && ScalarOf(entry()).isUInt();
 }
 
 int Place::convertedToInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
@@ -208,7 +204,6 @@ double Place::convertedToDouble() const {
     if (isOnTape()) {
         const TextEntry& e = entry();
         if (e.type == TextType::Unsigned) return static_cast<double>(e.unsignedInteger);
-        if (e.type == TextType::Real) return e.real;
         return e.type == TextType::True ? 1.0 : 0.0;
     }
     switch (type()) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -109,15 +110,17 @@ class Place {
         return bits_ == 0 ? Json::nullValue : address()->type();
     }
     /// jsoncpp's tests: reals without a fraction count.
-    bool isInt() const;
-    bool isUInt() const;
+    bool isInt() const { return isInteger() ? integer() >= INT_MIN && integer() <= INT_MAX : otherIsInt(); }
+    bool isUInt() const { return isInteger() ? integer() >= 0 && integer() <= UINT_MAX : otherIsUInt(); }
 
     /// An integer on the tape, which needs no conversion.
     bool isInteger() const { return isOnTape() && entry().type == TextType::Integer; }
     std::int64_t integer() const { return entry().integer; }
+    bool isReal() const { return isOnTape() && entry().type == TextType::Real; }
+    double real() const { return entry().real; }
     int asInt() const { return asNumber<int, &Place::convertedToInt>(); }
     unsigned asUInt() const { return asNumber<unsigned, &Place::convertedToUInt>(); }
-    double asDouble() const { return asNumber<double, &Place::convertedToDouble>(); }
+    double asDouble() const { return isReal() ? real() : asNumber<double, &Place::convertedToDouble>(); }
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
@@ -185,14 +188,12 @@ class Place {
                 return found;
             }
             const TextEntry* element = entry().first();
-            if (entry().size >= N) [[likely]] {
-                for (Place& place : found) {
-                    place = Place(element);
-                    element = element->next();
-                }
+            if (entry().size >= N && entry().hasOnlyScalars()) [[likely]] {
+                for (std::size_t i = 0; i < N; ++i) found[i] = Place(element + i);
                 return found;
             }
-            for (std::size_t i = 0; i < entry().size; ++i, element = element->next()) found[i] = Place(element);
+            const std::size_t count = std::min<std::size_t>(entry().size, N);
+            for (std::size_t i = 0; i < count; ++i, element = element->next()) found[i] = Place(element);
             return found;
         }
         if (type() == Json::arrayValue) {
@@ -272,6 +273,8 @@ class Place {
     bool convertedStringTo(char* field, int size) const;
     void renderTextTo(char* field, int size) const;
     void convertedRenderTo(char* field, int size) const;
+    bool otherIsInt() const;
+    bool otherIsUInt() const;
     [[gnu::cold]] static Place WatchedElement(Place watched, std::size_t index);
     [[gnu::cold]] void watchedMembers(const NameIndex& names, Place* found) const;
     int convertedToInt() const;

@@ -128,10 +128,9 @@ class Pass {
     /// ends runs of characters is found for many blocks ahead: so a text's end is known without waiting for that of the
     /// text before, and wherever it begins.
     ALWAYS_INLINE const char* nearEnding(const char* p) const {
-        const auto offset = static_cast<std::size_t>(p - ahead_);
-        if (offset >= aheadSize_) [[unlikely]]
+        if (p >= behindAhead_) [[unlikely]]
             return nullptr;
-        const std::uint64_t endings = endingsFrom(offset);
+        const std::uint64_t endings = endingsFrom(p);
         if (endings == 0) [[unlikely]]
             return nullptr;
         return p + __builtin_ctzll(endings);
@@ -165,48 +164,51 @@ class Pass {
     /// The next byte, from p on, that is no ordinary character of a text; the end when there is none.
     const char* nextEnding(const char* p) {
         while (p < end_) {
-            auto offset = static_cast<std::size_t>(p - ahead_);
-            if (offset >= aheadSize_) {
-                lookAhead(p);
-                offset = 0;
-            }
-            for (; offset < aheadSize_; offset = (offset / 8 + 8) * 8) {
-                const std::uint64_t endings = endingsFrom(offset);
-                if (endings != 0) return ahead_ + offset + __builtin_ctzll(endings);
-            }
-            p = ahead_ + aheadSize_;
+            if (p >= behindAhead_) lookAhead(p);
+            do {
+                const std::uint64_t endings = endingsFrom(p);
+                if (endings != 0) return p + __builtin_ctzll(endings);
+                p += kBlock - reinterpret_cast<std::uintptr_t>(p) % 8;
+            } while (p < behindAhead_);
+            p = behindAhead_;
         }
         return end_;
     }
 
-    /// Bits of the 57 bytes from there on, or of more. The bits' bytes lie in the order of the text's.
-    ALWAYS_INLINE std::uint64_t endingsFrom(std::size_t offset) const {
+    /// Bits of the 57 bytes from p on, or of more. The bits' bytes lie in the order of the text's, at a multiple of 8
+    /// of these for each: so an address tells where, and the next text waits for few steps.
+    ALWAYS_INLINE std::uint64_t endingsFrom(const char* p) const {
+        const auto address = reinterpret_cast<std::uintptr_t>(p);
         std::uint64_t endings = 0;
-        std::memcpy(&endings, endings_ + offset / 8, sizeof endings);
-        return endings >> offset % 8;
+        std::memcpy(&endings, reinterpret_cast<const unsigned char*>(endingsOfNull_ + address / 8), sizeof endings);
+        return endings >> address % 8;
     }
 
-    /// Finds the endings in the next blocks from p on. Behind the text there are none.
+    /// Finds the endings in the next blocks from p on. Behind the text there are none. The pass never goes back behind
+    /// p.
     [[gnu::noinline]] void lookAhead(const char* p) {
-        ahead_ = p;
-        const std::size_t most = job_.skipOthers ? kAheadSkipping : kMostAhead;
-        const auto left = static_cast<std::size_t>(end_ - p);
-        const std::size_t whole = (left < most ? left : most) & ~(kBlock - 1);
-        unsigned char* bits = endings_;
-        for (const char* const end = p + whole; p != end; p += kBlock, bits += sizeof(std::uint64_t)) {
-            const std::uint64_t endings = Blocks::Endings(p);
-            std::memcpy(bits, &endings, sizeof endings);
-        }
-        aheadSize_ = whole;
-        std::uint64_t endings = 0;
-        if (whole != most) {
-            endings = endingsOfTail(p, left - whole);
+        const auto add = [](std::uint64_t endings, unsigned char*& bits) {
             std::memcpy(bits, &endings, sizeof endings);
             bits += sizeof endings;
-            endings = 0;
-            aheadSize_ += kBlock;
+        };
+        const unsigned before = reinterpret_cast<std::uintptr_t>(p) % 8;  // bits that no byte has
+        endingsOfNull_ = reinterpret_cast<std::uintptr_t>(endings_) - reinterpret_cast<std::uintptr_t>(p) / 8;
+        const std::size_t most = job_.skipOthers ? kAheadSkipping : kMostAhead;
+        const auto left = static_cast<std::size_t>(end_ - p);
+        behindAhead_ = left <= most - before ? end_ : p + (most - before);
+        unsigned char* bits = endings_;
+        if (left < kBlock) {
+            const std::uint64_t endings = endingsOfTail(p, left);
+            add(endings << before, bits);
+            add((endings >> 1) >> (kBlock - 1 - before), bits);
+            return add(0, bits);
         }
-        std::memcpy(bits, &endings, sizeof endings);
+        add(Blocks::Endings(p) << before, bits);
+        p += kBlock - before;
+        const char* const end = behindAhead_;
+        for (; static_cast<std::size_t>(end - p) >= kBlock; p += kBlock) add(Blocks::Endings(p), bits);
+        if (p != end) add(endingsOfTail(p, static_cast<std::size_t>(end - p)), bits);
+        add(0, bits);
     }
 
     /// Of the text's last bytes, fewer than a block from p on.
@@ -318,28 +320,37 @@ class Pass {
         comma = *end == ',';
         if (comma) [[likely]]
             return end + 1;
-        return kNumberGoesOn[*end] ? number(p, p, entry) : end;
+        return kNumberGoesOn[*end] ? real(p, p, end, value, entry) : end;
     }
 
-    /// Behind the digits at p; null where there are more than 18, or one more behind a 0.
+    /// Behind the digits at p; null where there are more than 18, or one more behind a 0. Of few digits the end is told
+    /// by jumps alone: what follows need not wait for additions.
     ALWAYS_INLINE static const char* shortInteger(const char* p, std::uint64_t& value) {
-        const char* const digits = p;
         value = DigitOf(*p);
-        unsigned digit = DigitOf(*++p);
-        if (digit > 9) return p;
+        unsigned digit = DigitOf(p[1]);
+        if (digit > 9) return p + 1;
         if (value == 0) return nullptr;
-        for (;; p += 2) {
+        value = value * 10 + digit;
+        digit = DigitOf(p[2]);
+        if (digit > 9) return p + 2;
+        value = value * 10 + digit;
+        digit = DigitOf(p[3]);
+        if (digit > 9) return p + 3;
+        value = value * 10 + digit;
+        digit = DigitOf(p[4]);
+        if (digit > 9) return p + 4;
+        const char* const digits = p;
+        for (p += 5;; p += 2) {
             value = value * 10 + digit;
-            digit = DigitOf(p[1]);
+            digit = DigitOf(p[0]);
             if (digit > 9) break;
             value = value * 10 + digit;
-            digit = DigitOf(p[2]);
+            digit = DigitOf(p[1]);
             if (digit > 9) {
                 ++p;
                 break;
             }
         }
-        ++p;
         return p - digits <= 18 ? p : nullptr;
     }
 
@@ -366,15 +377,21 @@ class Pass {
                 return p;
             }
         }
-        const char* const point = p;
+        return real(begin, digits, p, value, entry);
+    }
+
+    /// Reads the number that begins at begin, has digits of this value up to point, and is no integer of 64 bits.
+    [[gnu::noinline]] const char* real(const char* begin, const char* digits, const char* point, std::uint64_t value,
+                                       TextEntry& entry) {
+        const char* p = point;
         if (*p == '.') {
-            while (IsDigit(*++p)) value = value * 10 + DigitOf(*p);
+            for (unsigned digit; (digit = DigitOf(*++p)) <= 9;) value = value * 10 + digit;
         }
         entry.type = TextType::Real;
         if (isShortReal(digits, point, p)) [[likely]] {
             job_.hasReal = true;
-            entry.real = static_cast<double>(value) / kPowersOfTen[p - point - 1];
-            if (negative) entry.real = -entry.real;
+            entry.real = static_cast<double>(static_cast<std::int64_t>(value)) / kPowersOfTen[p - point - 1];
+            if (digits != begin) entry.real = -entry.real;
             return p;
         }
         p = behindReal(begin, point);
@@ -684,6 +701,31 @@ class Pass {
         return p + 1;
     }
 
+    /// Takes down the array of short integers at p, behind whose entry, the tape's last one, its elements go. Null
+    /// where it is none, or there is no room: then nothing was done.
+    [[gnu::noinline]] const char* tapeIntegers(const char* p, TextEntry& array) {
+        TextEntry* entry = &array;
+        do {
+            if (++entry == limit_ || DigitOf(*++p) > 9) return nullptr;
+            std::uint64_t value = 0;
+            p = shortInteger(p, value);
+            if (p == nullptr) return nullptr;
+            entry->integer = static_cast<std::int64_t>(value);
+            entry->type = TextType::Integer;
+        } while (*p == ',');
+        if (*p != ']') return nullptr;
+        array.size = static_cast<std::uint32_t>(entry - &array);
+        next_ = entry + 1;
+        array.span = BytesBetween(&array, next_);
+        array.type = TextType::Array;
+        return p + 1;
+    }
+
+    /// tapeIntegers, where it is likely, in depth containers.
+    ALWAYS_INLINE const char* likelyIntegers(const char* p, TextEntry& array, std::size_t depth) {
+        return *p == '[' && DigitOf(p[1]) <= 9 && depth + 1 < maxDepth_ ? tapeIntegers(p, array) : nullptr;
+    }
+
     /// Takes down the container at p, whose entry is the tape's last, and what is in it.
     [[gnu::noinline]] const char* tapeContainer(const char* p, std::size_t depth) {
         TextEntry* next = next_;
@@ -732,7 +774,12 @@ class Pass {
         } else if (DigitOf(*p) <= 9) {
             p = numberWithComma(p, *entry, comma);
         } else if (IsContainer(*p)) {
-            goto nested;
+            const char* const behind = likelyIntegers(p, *entry, depth);
+            if (behind == nullptr) goto nested;
+            p = behind;
+            next = next_;
+            if (p == end_) [[unlikely]]
+                return declined(p);
         } else if (IsBlank(*p)) [[unlikely]] {
             p = skipManyBlanks(p);
             goto memberValue;
@@ -770,7 +817,12 @@ class Pass {
             p = numberWithComma(p, *entry, comma);
         } else if (IsContainer(*p)) {
             entry->name = nullptr;  // which also says that it has no slots
-            goto nested;
+            const char* const behind = likelyIntegers(p, *entry, depth);
+            if (behind == nullptr) goto nested;
+            p = behind;
+            next = next_;
+            if (p == end_) [[unlikely]]
+                return declined(p);
         } else if (IsBlank(*p)) [[unlikely]] {
             p = skipManyBlanks(p);
             goto elementValue;
@@ -864,16 +916,22 @@ class Pass {
         const QuotedName* quoted = expected.quoted;
         MarkedEntry* slot = slots();
         const char* const lastBlock = lastBlock_;
-        std::size_t inMembers = 0;  // entries of what stands in members
+        std::size_t inMembers = 0;  // bytes of the entries of what stands in members
         TextEntry* next = next_;
         TextEntry* entry = nullptr;
+        // The address of what stands before the comma before a member: from the end of a text there to that of the next
+        // one the fewest steps lead.
+        std::uintptr_t last = 0;
         ++depth;
         p = skipBlanks(p + 1);
         if (*p == '}') return closeExpected(p, inMembers);
         if (depth >= maxDepth_) [[unlikely]]
             return declined(p);
+    behindComma:
+        last = reinterpret_cast<std::uintptr_t>(p) - 2;
     member:
         entry = next++;
+        p = reinterpret_cast<const char*>(last + 2);
         if (p <= lastBlock) [[likely]] {
             if (Blocks::Starts(p, *quoted)) [[likely]]
                 goto matched;
@@ -903,41 +961,49 @@ class Pass {
             return declined(p);
         entry = next - 1;
         slot = slots() + (quoted - expected.quoted);
+        ++p;
         goto value;
-    matched : {
-        const std::size_t size = quoted->size;
+    matched:
         entry->name = p + 1;
-        entry->nameSize = static_cast<std::uint16_t>(size);
-        p += size + QuotedName::kMarks;
+        entry->nameSize = quoted->size;
+        p = reinterpret_cast<const char*>(last + quoted->toText);
         ++quoted;
         *slot++ = Marked(entry);
-    }
     value : {
         bool comma = false;
-        if (*p == '"') {
-            p = textWithComma(p + 1, *entry, comma);
-        } else if (DigitOf(*p) <= 9) {
-            p = numberWithComma(p, *entry, comma);
-        } else if (IsContainer(*p)) {
+        if (p[-1] == '"') {
+            const char* const ending = nearEnding(p);
+            if (ending != nullptr && is(ending, "\",")) [[likely]] {
+                shortText(p, ending, *entry);
+                last = reinterpret_cast<std::uintptr_t>(ending);
+                goto member;
+            }
+            p = text(p, *entry);
+        } else if (DigitOf(p[-1]) <= 9) {
+            p = numberWithComma(p - 1, *entry, comma);
+            if (comma) goto behindComma;
+        } else if (IsContainer(p[-1])) {
+            --p;
             next_ = next;
-            const std::size_t before = indexOf(next);
-            p = tapeContainer(p, depth);
+            const auto number = static_cast<std::size_t>(slot - slots());
+            const std::size_t before = BytesBetween(tape_.entries, next);
+            const char* const behind = likelyIntegers(p, *entry, depth);
+            p = behind != nullptr ? behind : tapeContainer(p, depth);
             if (p == nullptr) [[unlikely]]
                 return nullptr;
-            inMembers += indexOf(next_) - before;
+            next = next_;
+            inMembers += BytesBetween(tape_.entries, next) - before;
             if (p == end_) [[unlikely]]
                 return declined(p);
-            next = next_;
             if (!makeRoomForExpected(next)) [[unlikely]]
                 return declined(p);
-            slot = slots() + (quoted - expected.quoted);
-        } else if (IsBlank(*p)) [[unlikely]] {
-            p = skipManyBlanks(p);
+            slot = slots() + number;
+        } else if (IsBlank(p[-1])) [[unlikely]] {
+            p = skipManyBlanks(p) + 1;
             goto value;
         } else {
-            p = word(p, *entry);
+            p = word(p - 1, *entry);
         }
-        if (comma) goto member;
         if (p == nullptr) [[unlikely]]
             return nullptr;
     }
@@ -951,14 +1017,14 @@ class Pass {
                 return declined(p);
         }
         ++p;
-        goto member;
+        goto behindComma;
     }
 
     const char* closeExpected(const char* p, std::size_t inMembers) {
         TextEntry* const object = part();
         object->type = TextType::Object;
-        object->size = static_cast<std::uint32_t>(static_cast<std::size_t>(next_ - object) - 1 - inMembers);
         object->span = BytesBetween(object, next_);
+        object->size = static_cast<std::uint32_t>((object->span - inMembers) / sizeof(TextEntry) - 1);
         object->matched = job_.expected->names;
         return p + 1;
     }
@@ -1075,10 +1141,10 @@ class Pass {
     const char* lastBlock_ = nullptr;  ///< where a name's block may be read for the last time; null when there is none
     const std::size_t maxDepth_;
     const TextType plainText_;
-    const char* ahead_ = nullptr;  ///< where the blocks begin whose endings are known
-    std::size_t aheadSize_ = 0;    ///< their bytes
-    /// Bits of these that are no ordinary characters of a text, and as many without any behind.
-    unsigned char endings_[kMostAhead / 8 + sizeof(std::uint64_t)];
+    const char* behindAhead_ = nullptr;  ///< up to where endings are known
+    std::uintptr_t endingsOfNull_ = 0;   ///< where their bits were if they went on down to the address 0
+    /// Bits of bytes that are no ordinary characters of a text, and as many without any behind.
+    unsigned char endings_[kMostAhead / 8 + 3 * sizeof(std::uint64_t)];
 };
 
 }  // namespace

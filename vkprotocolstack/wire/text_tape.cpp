@@ -30,8 +30,8 @@ TextEntry* TextTape::takeSpare() {
     return block;
 }
 
-TextTape::~TextTape() {
-    if (entries != nullptr && !leaveAsSpare(block(), capacity)) std::free(block());
+void TextTape::release() {
+    if (!leaveAsSpare(block(), capacity)) std::free(block());
 }
 
 bool TextTape::grow(std::size_t used) {

@@ -56,9 +56,11 @@ struct TextEntry {
     const TextEntry* behind() const {
         return reinterpret_cast<const TextEntry*>(reinterpret_cast<const char*>(this) + span);
     }
+    /// Of an array: nothing in it has anything in it, so the next element is the next entry.
+    bool hasOnlyScalars() const { return span == (std::size_t{size} + 1) * sizeof(TextEntry); }
     /// The element at an index below size of an array.
     const TextEntry* element(std::size_t index) const {
-        if (span == (std::size_t{size} + 1) * sizeof(TextEntry)) return this + 1 + index;
+        if (hasOnlyScalars()) return this + 1 + index;
         const TextEntry* element = first();
         for (; index > 0; --index) element = element->next();
         return element;
@@ -107,7 +109,9 @@ struct MemberOrder {
 class TextTape {
   public:
     TextTape(TextEntry* memory, std::size_t size) : entries(memory), capacity(size) {}
-    ~TextTape();
+    ~TextTape() {
+        if (entries != nullptr) release();
+    }
     TextTape(const TextTape&) = delete;
     TextTape& operator=(const TextTape&) = delete;
 
@@ -131,6 +135,7 @@ class TextTape {
     static constexpr std::size_t kOrderEntries = kOrders * sizeof(MemberOrder) / sizeof(TextEntry);
     static_assert(kOrderEntries * sizeof(TextEntry) == kOrders * sizeof(MemberOrder));
 
+    void release();
     static void forget(MemberOrder& order, const std::string_view* names);
     static bool leaveAsSpare(TextEntry* block, std::size_t capacity);
     static TextEntry* takeSpare();
