@@ -470,8 +470,30 @@ TEST_P(EveryForm, TakesArraysOfIntegersDownAsAnyOthers) {
             }
         }
     }
-    const Taken unclosed("[1,2}");
-    EXPECT_FALSE(unclosed.accepted());
+}
+
+// Its bracket is the message's last byte, as one that closes the message would be.
+TEST_P(EveryForm, DeclinesAMessageThatEndsWithAnArrayOfIntegersInIt) {
+    for (const std::string text : {"[[1]", R"([{"a":[1])", "[0,[1,2]", "[[[1]]"}) {
+        const Taken taken(text);
+        EXPECT_FALSE(taken.accepted()) << text;
+        EXPECT_EQ(taken.pass().stop, taken.pass().end) << text;
+    }
+    const std::string text = R"([{"First":[1])";
+    const TextStep step{"0", 1, false, 0};
+    const NameIndex expected = kExpected.index();
+    jsonparser::TextTape tape(nullptr, 0);
+    jsonparser::TextPass pass{};
+    pass.begin = text.data();
+    pass.end = text.data() + text.size();
+    pass.steps = &step;
+    pass.stepCount = 1;
+    pass.expected = &expected;
+    pass.maxDepth = 128;
+    pass.plainText = TextType::Text;
+    pass.tape = &tape;
+    EXPECT_FALSE(jsonparser::RunTextPass(pass));
+    EXPECT_EQ(pass.stop, pass.end);
 }
 
 /// Whether a message is accepted in which the value stands where nobody reads.

@@ -9,7 +9,6 @@
 #include <json/forwards.h>
 
 #include <cstddef>
-#include <cstring>
 #include <string_view>
 
 namespace jsonparser::support {

@@ -116,6 +116,7 @@ class Place {
     /// An integer on the tape, which needs no conversion.
     bool isInteger() const { return isOnTape() && entry().type == TextType::Integer; }
     std::int64_t integer() const { return entry().integer; }
+    /// A real on the tape.
     bool isReal() const { return isOnTape() && entry().type == TextType::Real; }
     double real() const { return entry().real; }
     int asInt() const { return asNumber<int, &Place::convertedToInt>(); }
@@ -188,7 +189,7 @@ class Place {
                 return found;
             }
             const TextEntry* element = entry().first();
-            if (entry().size >= N && entry().hasOnlyScalars()) [[likely]] {
+            if (entry().size >= N && entry().isFlat()) [[likely]] {
                 for (std::size_t i = 0; i < N; ++i) found[i] = Place(element + i);
                 return found;
             }
@@ -273,10 +274,12 @@ class Place {
     bool convertedStringTo(char* field, int size) const;
     void renderTextTo(char* field, int size) const;
     void convertedRenderTo(char* field, int size) const;
+    /// Of what is no integer on the tape.
     bool otherIsInt() const;
     bool otherIsUInt() const;
     [[gnu::cold]] static Place WatchedElement(Place watched, std::size_t index);
     [[gnu::cold]] void watchedMembers(const NameIndex& names, Place* found) const;
+    /// Of what is no integer; to a double, no real on the tape either.
     int convertedToInt() const;
     unsigned convertedToUInt() const;
     double convertedToDouble() const;

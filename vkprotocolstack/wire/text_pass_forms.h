@@ -175,8 +175,8 @@ class Pass {
         return end_;
     }
 
-    /// Bits of the 57 bytes from p on, or of more. The bits' bytes lie in the order of the text's, at a multiple of 8
-    /// of these for each: so an address tells where, and the next text waits for few steps.
+    /// Bits of the 57 bytes from p on, or of more. A byte of the table has the bits of eight bytes from an address that
+    /// is a multiple of 8: so an address tells where they are, and the next text waits for few steps.
     ALWAYS_INLINE std::uint64_t endingsFrom(const char* p) const {
         const auto address = reinterpret_cast<std::uintptr_t>(p);
         std::uint64_t endings = 0;
@@ -184,14 +184,13 @@ class Pass {
         return endings >> address % 8;
     }
 
-    /// Finds the endings in the next blocks from p on. Behind the text there are none. The pass never goes back behind
-    /// p.
+    /// Finds the endings in the next blocks from p on, before which the pass never goes back. Behind the text are none.
     [[gnu::noinline]] void lookAhead(const char* p) {
         const auto add = [](std::uint64_t endings, unsigned char*& bits) {
             std::memcpy(bits, &endings, sizeof endings);
             bits += sizeof endings;
         };
-        const unsigned before = reinterpret_cast<std::uintptr_t>(p) % 8;  // bits that no byte has
+        const unsigned before = reinterpret_cast<std::uintptr_t>(p) % 8;  // bits of the table before the first one's
         endingsOfNull_ = reinterpret_cast<std::uintptr_t>(endings_) - reinterpret_cast<std::uintptr_t>(p) / 8;
         const std::size_t most = job_.skipOthers ? kAheadSkipping : kMostAhead;
         const auto left = static_cast<std::size_t>(end_ - p);
@@ -701,8 +700,8 @@ class Pass {
         return p + 1;
     }
 
-    /// Takes down the array of short integers at p, behind whose entry, the tape's last one, its elements go. Null
-    /// where it is none, or there is no room: then nothing was done.
+    /// Takes down the array at p, whose entry is the tape's last. Null where its elements are not all integers of 1 to
+    /// 18 digits, without signs and blanks, or the tape has no room for them: then it is as if not tried.
     [[gnu::noinline]] const char* tapeIntegers(const char* p, TextEntry& array) {
         TextEntry* entry = &array;
         do {
@@ -774,12 +773,7 @@ class Pass {
         } else if (DigitOf(*p) <= 9) {
             p = numberWithComma(p, *entry, comma);
         } else if (IsContainer(*p)) {
-            const char* const behind = likelyIntegers(p, *entry, depth);
-            if (behind == nullptr) goto nested;
-            p = behind;
-            next = next_;
-            if (p == end_) [[unlikely]]
-                return declined(p);
+            goto nested;
         } else if (IsBlank(*p)) [[unlikely]] {
             p = skipManyBlanks(p);
             goto memberValue;
@@ -817,12 +811,7 @@ class Pass {
             p = numberWithComma(p, *entry, comma);
         } else if (IsContainer(*p)) {
             entry->name = nullptr;  // which also says that it has no slots
-            const char* const behind = likelyIntegers(p, *entry, depth);
-            if (behind == nullptr) goto nested;
-            p = behind;
-            next = next_;
-            if (p == end_) [[unlikely]]
-                return declined(p);
+            goto nested;
         } else if (IsBlank(*p)) [[unlikely]] {
             p = skipManyBlanks(p);
             goto elementValue;
@@ -843,6 +832,14 @@ class Pass {
         ++p;
         goto element;
     nested:
+        if (const char* const behind = likelyIntegers(p, *entry, depth)) {
+            p = behind;
+            if (p == end_) [[unlikely]]
+                return declined(p);
+            next = next_;
+            if (container->type == TextType::Array) goto behindElement;
+            goto behindMember;
+        }
         container->size = children;
         entry->parent = BytesBetween(container, entry);
         container = entry;
@@ -881,9 +878,9 @@ class Pass {
     }
 
     /// Makes room behind next, the tape's next entry, for the expected members that may follow, and one more. The tape
-    /// may move.
+    /// may move, and order with it.
     /// @return false when there is no memory
-    ALWAYS_INLINE bool makeRoomForExpected(TextEntry*& next) {
+    ALWAYS_INLINE bool makeRoomForExpected(TextEntry*& next, std::uint8_t*& order) {
         const std::size_t needed = (job_.expected->count + 1) * sizeof(TextEntry);
         const std::size_t room = reinterpret_cast<std::uintptr_t>(limit_) - reinterpret_cast<std::uintptr_t>(next);
         if (room >= needed) [[likely]]
@@ -891,21 +888,15 @@ class Pass {
         const std::size_t used = indexOf(next);
         if (!grow(next)) return false;
         next = tape_.entries + used;
+        order = orderOfExpected();
         return true;
     }
 
-    /// The number of the expected name that came behind the one with this number in another message, or 0.
-    ALWAYS_INLINE std::size_t otherNext(std::size_t number) const {
+    /// By the number of an expected name, that of the one that came behind it in another message, or 0; null where the
+    /// list is too long for that.
+    ALWAYS_INLINE std::uint8_t* orderOfExpected() const {
         const NameIndex& expected = *job_.expected;
-        if (expected.count > MemberOrder::kMost) return 0;
-        const std::size_t next = tape_.nextOf(expected.names)[number];
-        return next <= expected.count ? next : 0;
-    }
-    ALWAYS_INLINE void keepNext(std::size_t number, std::size_t next) {
-        const NameIndex& expected = *job_.expected;
-        if (expected.count <= MemberOrder::kMost) {
-            tape_.nextOf(expected.names)[number] = static_cast<std::uint8_t>(next);
-        }
+        return expected.count > MemberOrder::kMost ? nullptr : tape_.nextOf(expected.names);
     }
 
     /// Takes down the object at p, whose entry is the tape's last, matching its members against the expected names: the
@@ -919,9 +910,10 @@ class Pass {
         std::size_t inMembers = 0;  // bytes of the entries of what stands in members
         TextEntry* next = next_;
         TextEntry* entry = nullptr;
-        // The address of what stands before the comma before a member: from the end of a text there to that of the next
-        // one the fewest steps lead.
+        // Two bytes before a member: behind a comma that is the end of the value before, so that from a text to the
+        // next one it is one addition. An address, since the first member may begin at the message's second byte.
         std::uintptr_t last = 0;
+        std::uint8_t* order = orderOfExpected();
         ++depth;
         p = skipBlanks(p + 1);
         if (*p == '}') return closeExpected(p, inMembers);
@@ -935,9 +927,9 @@ class Pass {
         if (p <= lastBlock) [[likely]] {
             if (Blocks::Starts(p, *quoted)) [[likely]]
                 goto matched;
-            const std::size_t other = otherNext(static_cast<std::size_t>(slot - slots()));
-            if (other != 0 && Blocks::Starts(p, expected.quoted[other - 1])) {
-                if (!makeRoomForExpected(next)) [[unlikely]]
+            const std::size_t other = order == nullptr ? 0 : order[slot - slots()];
+            if (other - 1 < expected.count && Blocks::Starts(p, expected.quoted[other - 1])) {
+                if (!makeRoomForExpected(next, order)) [[unlikely]]
                     return declined(p);
                 entry = next - 1;
                 quoted = expected.quoted + (other - 1);
@@ -952,12 +944,12 @@ class Pass {
         if (p == nullptr) [[unlikely]]
             return nullptr;
         if (const std::size_t found = find(*entry)) {
-            keepNext(static_cast<std::size_t>(slot - slots()), found);
+            if (order != nullptr) order[slot - slots()] = static_cast<std::uint8_t>(found);
             quoted = expected.quoted + found;
             slot = slots() + found;
             slot[-1] = Marked(entry);
         }
-        if (!makeRoomForExpected(next)) [[unlikely]]
+        if (!makeRoomForExpected(next, order)) [[unlikely]]
             return declined(p);
         entry = next - 1;
         slot = slots() + (quoted - expected.quoted);
@@ -969,8 +961,7 @@ class Pass {
         p = reinterpret_cast<const char*>(last + quoted->toText);
         ++quoted;
         *slot++ = Marked(entry);
-    value : {
-        bool comma = false;
+    value:
         if (p[-1] == '"') {
             const char* const ending = nearEnding(p);
             if (ending != nullptr && is(ending, "\",")) [[likely]] {
@@ -980,6 +971,7 @@ class Pass {
             }
             p = text(p, *entry);
         } else if (DigitOf(p[-1]) <= 9) {
+            bool comma = false;
             p = numberWithComma(p - 1, *entry, comma);
             if (comma) goto behindComma;
         } else if (IsContainer(p[-1])) {
@@ -995,9 +987,10 @@ class Pass {
             inMembers += BytesBetween(tape_.entries, next) - before;
             if (p == end_) [[unlikely]]
                 return declined(p);
-            if (!makeRoomForExpected(next)) [[unlikely]]
+            if (!makeRoomForExpected(next, order)) [[unlikely]]
                 return declined(p);
             slot = slots() + number;
+            order = orderOfExpected();
         } else if (IsBlank(p[-1])) [[unlikely]] {
             p = skipManyBlanks(p) + 1;
             goto value;
@@ -1006,7 +999,6 @@ class Pass {
         }
         if (p == nullptr) [[unlikely]]
             return nullptr;
-    }
         if (*p != ',') {
             p = skipBlanks(p);
             if (*p == '}') {
@@ -1143,8 +1135,8 @@ class Pass {
     const TextType plainText_;
     const char* behindAhead_ = nullptr;  ///< up to where endings are known
     std::uintptr_t endingsOfNull_ = 0;   ///< where their bits were if they went on down to the address 0
-    /// Bits of bytes that are no ordinary characters of a text, and as many without any behind.
-    unsigned char endings_[kMostAhead / 8 + 3 * sizeof(std::uint64_t)];
+    /// Bits of bytes that are no ordinary characters of a text, and 64 zeroes behind them.
+    unsigned char endings_[kMostAhead / 8 + sizeof(std::uint64_t)];
 };
 
 }  // namespace

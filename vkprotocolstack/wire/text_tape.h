@@ -57,10 +57,10 @@ struct TextEntry {
         return reinterpret_cast<const TextEntry*>(reinterpret_cast<const char*>(this) + span);
     }
     /// Of an array: nothing in it has anything in it, so the next element is the next entry.
-    bool hasOnlyScalars() const { return span == (std::size_t{size} + 1) * sizeof(TextEntry); }
+    bool isFlat() const { return span == (std::size_t{size} + 1) * sizeof(TextEntry); }
     /// The element at an index below size of an array.
     const TextEntry* element(std::size_t index) const {
-        if (hasOnlyScalars()) return this + 1 + index;
+        if (isFlat()) return this + 1 + index;
         const TextEntry* element = first();
         for (; index > 0; --index) element = element->next();
         return element;
