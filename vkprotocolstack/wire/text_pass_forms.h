@@ -210,9 +210,8 @@ class Pass {
         add(0, bits);
     }
 
-    /// Of the text's last bytes, fewer than a block from p on.
+    /// Of the text's last bytes, at least one and fewer than a block from p on.
     ALWAYS_INLINE std::uint64_t endingsOfTail(const char* p, std::size_t size) const {
-        if (size == 0) return 0;
         if (static_cast<std::size_t>(end_ - job_.begin) >= kBlock)
             return Blocks::Endings(end_ - kBlock) >> (kBlock - size);
         char tail[kBlock];
