@@ -366,12 +366,7 @@ TEST(Observer, SeesAnErrorCodeOfAReal) {
 }
 
 TEST(Observer, SeesTheSizeOfWhatIsWalkedThroughOnce) {
-    const auto read = [](Node node) {
-        node.forElements(2, [](Node element, std::size_t) {
-            element.asInt();
-            return true;
-        });
-    };
+    const auto read = [](Node node) { node.forElements(2, [](Node element, std::size_t) { element.asInt(); }); };
     EXPECT_EQ(Observed(Json("[5, 6, 7]"), read), " | array | size | [3]\n/0 | int | int | [5]\n/1 | int | int | [6]\n");
     EXPECT_EQ(Observed(Json("[]"), read), " | array | size | [0]\n");
     EXPECT_EQ(Observed(Json("{}"), read), " | object | size | [0]\n");

@@ -140,22 +140,21 @@ TEST(NodeForElements, VisitsAtMostSoManyWithTheirIndexes) {
     const Json::Value array = Numbers(4);
     for (const std::size_t most : {0U, 1U, 3U, 4U, 5U, 1000U}) {
         std::vector<std::size_t> visited;
-        EXPECT_TRUE(Node(array).forElements(most, [&](Node element, std::size_t index) {
+        const std::size_t count = Node(array).forElements(most, [&](Node element, std::size_t index) {
             EXPECT_EQ(element.asInt(), static_cast<int>(index));
+            EXPECT_EQ(index, visited.size());
             visited.push_back(index);
-            return true;
-        }));
-        EXPECT_EQ(visited.size(), std::min<std::size_t>(most, 4));
+        });
+        EXPECT_EQ(count, visited.size());
+        EXPECT_EQ(count, std::min<std::size_t>(most, 4));
     }
 }
 
 TEST(NodeForElements, OfWhatIsNoArrayAreNone) {
     for (const Json::Value& value : testing_tools::HostileValues()) {
         if (value.isArray()) continue;
-        EXPECT_TRUE(Node(value).forElements(5, [](Node, std::size_t) {
-            ADD_FAILURE();
-            return true;
-        }));
+        EXPECT_EQ(Node(value).forElements(5, [](Node, std::size_t) { ADD_FAILURE(); }), 0U);
+        EXPECT_TRUE(Node(value).allElements(5, [](Node, std::size_t) { return false; }));
     }
 }
 

@@ -121,12 +121,9 @@ void ReadCommon(const Members<kNames>& in, Object& object) {
     if (auto v = in["BoundingBox"]; v.size() >= 4) object.stuBoundingBox = BoxOf(v);
     if (auto v = in["Center"]; v.size() >= 2) object.stuCenter = PointOf(v);
     if (auto v = in["Contour"]) {
-        const std::size_t points = std::min<std::size_t>(v.size(), 16);
-        object.nPointNum = static_cast<int>(points);
-        v.forElements(points, [&](Node point, std::size_t i) {
+        object.nPointNum = static_cast<int>(v.forElements(16, [&](Node point, std::size_t i) {
             if (point.size() >= 2) object.stuContour[i] = PointOf(point);
-            return true;
-        });
+        }));
     }
     if (auto v = in["MainColor"]; v.size() >= 4) {
         object.dwMainColor = ColorOf(v);

@@ -74,12 +74,8 @@ void ReadBirthday(Node date, Person& info) {
 
 template <class Person>
 void ReadPictures(Node pictures, Person& info) {
-    const std::size_t count = std::min<std::size_t>(pictures.size(), 48);
-    info.wFacePicNum = static_cast<unsigned short>(count);
-    pictures.forElements(count, [&](Node picture, std::size_t i) {
-        Read(picture, info.stuFacePicInfo[i]);
-        return true;
-    });
+    info.wFacePicNum = static_cast<unsigned short>(
+        pictures.forElements(48, [&](Node picture, std::size_t i) { Read(picture, info.stuFacePicInfo[i]); }));
 }
 
 /// Fills a buffer of the caller's, which has length bytes; null when the caller does not want the text.
@@ -137,12 +133,8 @@ void ReadShared(const Members<List>& in, Person& info) {
 }
 
 void ReadCustomInfo(Node texts, tagFACERECOGNITION_PERSON_INFOEX& info) {
-    const std::size_t count = std::min<std::size_t>(texts.size(), 4);
-    info.nCustomPersonInfoNum = static_cast<int>(count);
-    texts.forElements(count, [&info](Node text, std::size_t i) {
-        text.renderTo(info.stuCustomPersonInfo[i].szPersonInfo, 64);
-        return true;
-    });
+    info.nCustomPersonInfoNum = static_cast<int>(texts.forElements(
+        4, [&info](Node text, std::size_t i) { text.renderTo(info.stuCustomPersonInfo[i].szPersonInfo, 64); }));
 }
 
 // ---- writing

@@ -31,7 +31,6 @@ long long Measure(Node root, int shift) try {
         // In one walk: an element of an array of arrays is not found by its index at once.
         array.forElements(array.size(), [&level](Node element, std::size_t i) {
             if (static_cast<long long>(i) % level.step == 0) level.samples.push_back(element);
-            return true;
         });
         if (size == 0) level.samples.push_back(array.at(0));
         return level;

@@ -15,13 +15,11 @@ namespace {
 
 void Read(Node node, int* types, int capacity, int& count) {
     if (types == nullptr || !node) return;
-    const std::size_t examined = std::min<std::size_t>(node.size(), static_cast<unsigned>(capacity));
     count = 0;
-    node.forElements(examined, [&](Node name, std::size_t) {
+    node.forElements(static_cast<unsigned>(capacity), [&](Node name, std::size_t) {
         const int type = name.firstContained(kLogTypes, 0);
         const bool isNew = std::find(types, types + count, type) == types + count;
         if (type != 0 && isNew) types[count++] = type;
-        return true;
     });
 }
 

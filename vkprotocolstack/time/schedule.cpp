@@ -25,10 +25,9 @@ bool Read(Node schedule, Section* sections, int maxRows, int maxSegments, int* r
     if (rows == 0) return false;
     if (rowsFound != nullptr) *rowsFound = static_cast<int>(rows);
     const auto stride = static_cast<std::size_t>(maxSegments);
-    return schedule.forElements(rows, [=](Node row, std::size_t r) {
-        return row.forElements(std::min(row.size(), stride), [=](Node segment, std::size_t s) {
-            return ReadLenient(segment, sections[r * stride + s]);
-        });
+    return schedule.allElements(rows, [=](Node row, std::size_t r) {
+        return row.allElements(
+            stride, [=](Node segment, std::size_t s) { return ReadLenient(segment, sections[r * stride + s]); });
     });
 }
 

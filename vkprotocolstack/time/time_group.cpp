@@ -25,13 +25,11 @@ int Write(Json::Value& value, const Section* sections, int count) {
 template <class Section>
 void Read(Node group, Section* sections, int count) {
     const auto most = static_cast<std::size_t>(count);
-    group.forElements(most, [=](Node segment, std::size_t i) {
-        ReadLenient(segment, sections[i]);
-        return true;
-    });
+    const std::size_t found =
+        group.forElements(most, [=](Node segment, std::size_t i) { ReadLenient(segment, sections[i]); });
     if constexpr (std::is_same_v<Section, tagNET_TIME_SECTION>) {
         // Elements that are missing are looked up too; they convert nothing.
-        for (std::size_t i = group.size(); i < most; ++i) ReadLenient(group.at(i), sections[i]);
+        for (std::size_t i = found; i < most; ++i) ReadLenient(group.at(i), sections[i]);
     }
 }
 

@@ -81,7 +81,6 @@ void ReadDrivingDirection(Node directions, char (&slots)[3][256]) {
         } else if (direction) {
             direction.rawTo(slots[0], 255);
         }
-        return true;
     });
 }
 
@@ -117,10 +116,7 @@ void Read(const Members<kNames>& in, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO& car) 
     if (auto v = in["DetailedAddress"]; v.isMember()) car.pszDetailedAddress = v.heapUtf8();
     if (auto v = in["VehicleSign"]; v.isMember()) v.stringTo(car.szVehicleSign, 32);
     if (auto v = in["Redundance"]) {
-        v.forElements(8, [&car](Node element, std::size_t i) {
-            car.byRedundance[i] = element.uintLow8();
-            return true;
-        });
+        v.forElements(8, [&car](Node element, std::size_t i) { car.byRedundance[i] = element.uintLow8(); });
     }
     if (auto v = in["MachineAddress"]; v.isMember()) car.pszMachineAddress = v.heapUtf8();
     if (auto v = in["ActualShutter"]) car.fActualShutter = v.asFloat();

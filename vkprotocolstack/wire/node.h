@@ -83,11 +83,23 @@ class Node {
         return [&]<std::size_t... I>(std::index_sequence<I...>) { return std::array{Node(places[I])...}; }
         (std::make_index_sequence<N>());
     }
-    /// Calls visit with the first elements, at most so many, and their indexes, until it returns false. Faster than at
-    /// for each. Reports size once, and of the elements what visit does with them.
+    /// Calls visit with the first elements, at most so many, and their indexes. Faster than at for each. Reports size
+    /// once, and of the elements what visit does with them.
+    /// @return how many these are
+    template <class Visit>
+    std::size_t forElements(std::size_t most, Visit visit) const {
+        std::size_t count = 0;
+        allElements(most, [&](Node element, std::size_t i) {
+            visit(element, i);
+            count = i + 1;
+            return true;
+        });
+        return count;
+    }
+    /// The same until visit returns false.
     /// @return whether it never did
     template <class Visit>
-    bool forElements(std::size_t most, Visit visit) const {
+    bool allElements(std::size_t most, Visit visit) const {
         if (place_.isWatched()) [[unlikely]]
             return eachElement(place_, most, visit);
         return place_.forElements(most, [&visit](Place element, std::size_t i) { return visit(Node(element), i); });
