@@ -83,6 +83,15 @@ constexpr Place::Known kKnownOfTypes[][8] = {
 };
 static_assert(Json::nullValue == 0 && Json::intValue == 1 && Json::stringValue == 4 && Json::objectValue == 7);
 
+/// What is false or true reads alike in a tree and on a tape, where it takes no call into another library.
+Place PlaceOf(bool value) {
+    static constexpr TextEntry kEntries[] = {
+        {{0}, {nullptr}, 0, 0, TextType::False},
+        {{0}, {nullptr}, 0, 0, TextType::True }
+    };
+    return Place(&kEntries[value ? 1 : 0]);
+}
+
 /// The row of the name among the sorted ones, of which it is next or comes behind it; null when it is none of them.
 [[gnu::noinline]] const SortedName* FindFrom(const SortedName* next, const NameIndex& names, const char* name,
                                              std::size_t size) {
@@ -121,7 +130,8 @@ static_assert(Json::nullValue == 0 && Json::intValue == 1 && Json::stringValue =
             next = row;
         }
         const Json::Value& value = *member;
-        places[next->index] = Place(value, known[value.type()]);
+        const Json::ValueType type = value.type();
+        places[next->index] = type == Json::booleanValue ? PlaceOf(value.asBool()) : Place(value, known[type]);
         if (++next == end) return;
         if (--left == 0) return;
     }
@@ -194,24 +204,26 @@ bool Place::otherIsUInt() const {
     return isReal() && ScalarOf(entry()).isUInt();
 }
 
-int Place::convertedToInt() const { return isOnTape() ? IntegerOf<int>(entry()) : IntegerOf<int>(type(), address()); }
-
-unsigned Place::convertedToUInt() const {
-    return isOnTape() ? IntegerOf<unsigned>(entry()) : IntegerOf<unsigned>(type(), address());
+int Place::ConvertedToInt(Place place) {
+    return place.isOnTape() ? IntegerOf<int>(place.entry()) : IntegerOf<int>(place.type(), place.address());
 }
 
-double Place::convertedToDouble() const {
-    if (isOnTape()) {
-        const TextEntry& e = entry();
+unsigned Place::ConvertedToUInt(Place place) {
+    return place.isOnTape() ? IntegerOf<unsigned>(place.entry()) : IntegerOf<unsigned>(place.type(), place.address());
+}
+
+double Place::ConvertedToDouble(Place place) {
+    if (place.isOnTape()) {
+        const TextEntry& e = place.entry();
         if (e.type == TextType::Unsigned) return static_cast<double>(e.unsignedInteger);
         return e.type == TextType::True ? 1.0 : 0.0;
     }
-    switch (type()) {
+    switch (place.type()) {
         case Json::intValue:
         case Json::uintValue:
         case Json::realValue:
         case Json::booleanValue:
-            return address()->asDouble();
+            return place.address()->asDouble();
         default:
             return 0.0;
     }

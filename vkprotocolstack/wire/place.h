@@ -119,9 +119,9 @@ class Place {
     /// A real on the tape.
     bool isReal() const { return isOnTape() && entry().type == TextType::Real; }
     double real() const { return entry().real; }
-    int asInt() const { return asNumber<int, &Place::convertedToInt>(); }
-    unsigned asUInt() const { return asNumber<unsigned, &Place::convertedToUInt>(); }
-    double asDouble() const { return isReal() ? real() : asNumber<double, &Place::convertedToDouble>(); }
+    int asInt() const { return asNumber<int, &Place::ConvertedToInt>(); }
+    unsigned asUInt() const { return asNumber<unsigned, &Place::ConvertedToUInt>(); }
+    double asDouble() const { return isReal() ? real() : asNumber<double, &Place::ConvertedToDouble>(); }
     bool asBool() const;
     /// Whether an integer, bool or real fits the bits of a signed or an unsigned 32-bit number; reals always do.
     bool is32Bits() const;
@@ -217,7 +217,8 @@ class Place {
                });
     }
     Place member(std::string_view name) const;
-    /// Looks up the names at one go. What is not there is left in found, which holds missing places.
+    /// Looks up the names at one go. What is not there is left in found, which holds missing places. What is false or
+    /// true may be a place on a tape also where this is one in a tree.
     void members(const NameIndex& names, Place* found) const;
 
     /// The value in jsoncpp's tree, or null when missing. Not for places on a tape.
@@ -258,7 +259,7 @@ class Place {
         if (isInteger()) return static_cast<Number>(integer());
         if (known() == kInteger) [[likely]]
             return static_cast<Number>(address()->as<Json::LargestInt>());
-        return (this->*convert)();
+        return convert(*this);
     }
     /// Empty for what is no text. Not of this place: its address would keep it out of a register.
     static std::string_view TextOf(const Json::Value& value);
@@ -279,10 +280,10 @@ class Place {
     bool otherIsUInt() const;
     [[gnu::cold]] static Place WatchedElement(Place watched, std::size_t index);
     [[gnu::cold]] void watchedMembers(const NameIndex& names, Place* found) const;
-    /// Of what is no integer; to a double, no real on the tape either.
-    int convertedToInt() const;
-    unsigned convertedToUInt() const;
-    double convertedToDouble() const;
+    /// Of what is no integer; to a double, no real on the tape either. Not of this place, as above.
+    static int ConvertedToInt(Place place);
+    static unsigned ConvertedToUInt(Place place);
+    static double ConvertedToDouble(Place place);
     std::string_view otherText(std::string& storage) const;
     const TextEntry& entry() const { return *reinterpret_cast<const TextEntry*>(bits_ - kOnTape); }
     static Json::ValueType TypeOnTape(TextType type) {
