@@ -20,6 +20,8 @@ void ReadText(const Json::Value& value, char* destination, int limit) {
     delete[] buffer;
 }
 
+void ReadString(const Json::Value& value, char* field, int size) { ReadText(value, field, size - 1); }
+
 template <class Time>
 Time TimeOf(long seconds) {
     Time time = {};
