@@ -898,6 +898,14 @@ class Pass {
         return expected.count > MemberOrder::kMost ? nullptr : tape_.nextOf(expected.names);
     }
 
+    /// Whether the text begins with the quoted name and its colon at p, which is too near its end for a block, and has
+    /// a byte behind them.
+    ALWAYS_INLINE bool startsNearEnd(const char* p, const QuotedName& quoted) const {
+        const std::size_t size = quoted.size + QuotedName::kMarks;
+        // What nothing matches has no quote.
+        return *p == '"' && static_cast<std::size_t>(end_ - p) > size && std::memcmp(p, quoted.bytes, size) == 0;
+    }
+
     /// Takes down the object at p, whose entry is the tape's last, matching its members against the expected names: the
     /// one behind the last match is tried before any search, then the one that came there in another message. Neither
     /// needs a look for the name's end.
@@ -935,6 +943,8 @@ class Pass {
                 slot = slots() + (other - 1);
                 goto matched;
             }
+        } else if (startsNearEnd(p, *quoted)) {
+            goto matched;
         }
         p = skipQuote(p);
         if (p == nullptr) [[unlikely]]
@@ -976,6 +986,7 @@ class Pass {
         } else if (IsContainer(p[-1])) {
             --p;
             next_ = next;
+            const MarkedEntry tape = Marked(tape_.entries);
             const auto number = static_cast<std::size_t>(slot - slots());
             const std::size_t before = BytesBetween(tape_.entries, next);
             const char* const behind = likelyIntegers(p, *entry, depth);
@@ -988,8 +999,10 @@ class Pass {
                 return declined(p);
             if (!makeRoomForExpected(next, order)) [[unlikely]]
                 return declined(p);
-            slot = slots() + number;
-            order = orderOfExpected();
+            if (Marked(tape_.entries) != tape) [[unlikely]] {
+                slot = slots() + number;
+                order = orderOfExpected();
+            }
         } else if (IsBlank(p[-1])) [[unlikely]] {
             p = skipManyBlanks(p) + 1;
             goto value;
