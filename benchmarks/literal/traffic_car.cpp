@@ -4,7 +4,6 @@
 #include <string>
 
 #include "benchmarks/literal/literal.h"
-#include "vkprotocolstack/support/support.h"
 
 namespace literal {
 namespace {

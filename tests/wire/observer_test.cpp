@@ -368,6 +368,11 @@ TEST(Observer, SeesAnErrorCodeOfAReal) {
 TEST(Observer, SeesTheSizeOfWhatIsWalkedThroughOnce) {
     const auto read = [](Node node) { node.forElements(2, [](Node element, std::size_t) { element.asInt(); }); };
     EXPECT_EQ(Observed(Json("[5, 6, 7]"), read), " | array | size | [3]\n/0 | int | int | [5]\n/1 | int | int | [6]\n");
+    const auto readUpTo6 = [](Node node) {
+        EXPECT_FALSE(node.allElements(3, [](Node element, std::size_t) { return element.asInt() < 6; }));
+    };
+    EXPECT_EQ(Observed(Json("[5, 6, 7]"), readUpTo6),
+              " | array | size | [3]\n/0 | int | int | [5]\n/1 | int | int | [6]\n");
     EXPECT_EQ(Observed(Json("[]"), read), " | array | size | [0]\n");
     EXPECT_EQ(Observed(Json("{}"), read), " | object | size | [0]\n");
     EXPECT_EQ(Observed(Json("null"), read), " | null | size | [0]\n");

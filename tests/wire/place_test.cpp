@@ -144,6 +144,7 @@ TEST(Place, OfAMemberReadsAsItsValueByItself) {
         Place member;
         Place(&object).members(kNames.index(), &member);
         const Place alone(&value);
+        EXPECT_EQ(member.isOnTape(), value.isBool()) << text;
         EXPECT_TRUE(value.isBool() || member.address() == &value) << text;
         EXPECT_EQ(member.isPresent(), alone.isPresent()) << text;
         EXPECT_EQ(member.type(), value.type()) << text;
@@ -212,7 +213,7 @@ TEST(Place, UnderAMemberReadsAsItsValueByItselfInEveryLocale) {
             Place array;
             Place(&object).members(kNames.index(), &array);
             std::vector<Place> places{array.element(0), array.first<1>()[0], array.element(1).member("b")};
-            array.forElements(1, [&](Place element, std::size_t) {
+            array.allElements(1, [&](Place element, std::size_t) {
                 places.push_back(element);
                 return true;
             });
@@ -257,14 +258,14 @@ void ExpectElements(const Place& array, const int (&expected)[N]) {
     EXPECT_FALSE(first[N].exists());
     EXPECT_FALSE(first[N + 1].exists());
     std::size_t walked = 0;
-    EXPECT_TRUE(array.forElements(N, [&](Place element, std::size_t) {
+    EXPECT_TRUE(array.allElements(N, [&](Place element, std::size_t) {
         EXPECT_EQ(numberAt(element), expected[walked]) << walked;
         ++walked;
         return true;
     }));
     EXPECT_EQ(walked, N);
     std::size_t left = 3;
-    EXPECT_FALSE(array.forElements(N, [&left](Place /*element*/, std::size_t /*index*/) { return --left > 0; }));
+    EXPECT_FALSE(array.allElements(N, [&left](Place /*element*/, std::size_t /*index*/) { return --left > 0; }));
     EXPECT_EQ(left, 0U);
 }
 
@@ -291,7 +292,7 @@ TEST(Place, WhatIsNoArrayHasNoElements) {
         const Place place(&taken.first());
         EXPECT_FALSE(place.element(0).exists()) << text;
         EXPECT_FALSE(place.first<2>()[0].exists()) << text;
-        EXPECT_TRUE(place.forElements(0, [](Place, std::size_t) { return false; })) << text;
+        EXPECT_TRUE(place.allElements(0, [](Place, std::size_t) { return false; })) << text;
     }
 }
 

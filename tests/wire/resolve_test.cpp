@@ -27,10 +27,10 @@ const Json::Value& CountedSearch(const Json::Value* array, Json::ArrayIndex inde
 
 namespace {
 
+using jsonparser::AllElements;
 using jsonparser::FindElement;
 using jsonparser::FindFirst;
 using jsonparser::FindMember;
-using jsonparser::ForElements;
 using jsonparser::Node;
 using testing_tools::Json;
 
@@ -90,13 +90,13 @@ TEST(NodeFirst, IsWhatAtIsOnEveryValue) {
     EXPECT_EQ(c.asInt(), 2);
 }
 
-TEST(ForElements, VisitsTheFirstOnesInOrder) {
+TEST(AllElements, VisitsTheFirstOnesInOrder) {
     for (const Json::Value& array : {Numbers(0), Numbers(1), Numbers(6), Numbers(64), Numbers(65), Numbers(1000),
                                      Sparse(2), Sparse(6), Sparse(64), Sparse(65), Sparse(1000)}) {
         for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{5}, std::size_t{array.size()}}) {
             const std::size_t visits = std::min(count, std::size_t{array.size()});
             std::vector<const Json::Value*> visited;
-            EXPECT_TRUE(ForElements(array, visits, [&](const Json::Value& element) {
+            EXPECT_TRUE(AllElements(array, visits, [&](const Json::Value& element) {
                 visited.push_back(&element);
                 return true;
             }));
@@ -108,30 +108,30 @@ TEST(ForElements, VisitsTheFirstOnesInOrder) {
 }
 
 /// A search takes longer the more elements there are.
-TEST(ForElements, WalksALongArrayWithoutSearchingInIt) {
+TEST(AllElements, WalksALongArrayWithoutSearchingInIt) {
     const Json::Value array = Numbers(1000);
     searches = 0;
     EXPECT_EQ(array[999U].asUInt(), 999U);
     EXPECT_EQ(searches, 1);
     Json::ArrayIndex visits = 0;
     const auto visit = [&visits](const Json::Value& element) { return element.asUInt() == visits++; };
-    EXPECT_TRUE(ForElements(array, 1000, visit));
+    EXPECT_TRUE(AllElements(array, 1000, visit));
     EXPECT_EQ(visits, 1000U);
     EXPECT_EQ(searches, 1);
 }
 
-TEST(ForElements, EndsInALongArrayWhereItIsTold) {
+TEST(AllElements, EndsInALongArrayWhereItIsTold) {
     Json::Value array(Json::arrayValue);
     array[99] = 1;
     int visits = 0;
-    EXPECT_FALSE(ForElements(array, 100, [&](const Json::Value&) { return ++visits < 70; }));
+    EXPECT_FALSE(AllElements(array, 100, [&](const Json::Value&) { return ++visits < 70; }));
     EXPECT_EQ(visits, 70);
 }
 
-TEST(ForElements, EndsWhereItIsTold) {
+TEST(AllElements, EndsWhereItIsTold) {
     for (const Json::Value& array : {Numbers(6), Numbers(100), Sparse(6), Sparse(100)}) {
         int visits = 0;
-        EXPECT_FALSE(ForElements(array, 6, [&](const Json::Value&) { return ++visits < 3; }));
+        EXPECT_FALSE(AllElements(array, 6, [&](const Json::Value&) { return ++visits < 3; }));
         EXPECT_EQ(visits, 3);
     }
 }
@@ -147,6 +147,31 @@ TEST(NodeForElements, VisitsAtMostSoManyWithTheirIndexes) {
         });
         EXPECT_EQ(count, visited.size());
         EXPECT_EQ(count, std::min<std::size_t>(most, 4));
+    }
+}
+
+TEST(NodeForElements, SaysHowManyThereWereInAnyArray) {
+    for (const Json::ArrayIndex size : {1U, 5U, 63U, 64U, 65U, 100U}) {
+        const Json::Value sparse = Sparse(size + 1);
+        for (const std::size_t most :
+             {std::size_t{1}, std::size_t{size}, std::size_t{size} + 1, std::size_t{4294967295}}) {
+            std::size_t visits = 0;
+            const auto visit = [&visits](Node, std::size_t index) { EXPECT_EQ(index, visits++); };
+            EXPECT_EQ(Node(sparse).forElements(most, visit), std::min<std::size_t>(most, size + 1));
+            EXPECT_EQ(visits, std::min<std::size_t>(most, size + 1));
+            visits = 0;
+            EXPECT_EQ(Node(Numbers(size)).forElements(most, visit), std::min<std::size_t>(most, size));
+        }
+    }
+}
+
+TEST(NodeAllElements, EndsWhereItIsTold) {
+    for (const Json::Value& array : {Numbers(6), Numbers(100), Sparse(6), Sparse(100)}) {
+        int visits = 0;
+        EXPECT_FALSE(Node(array).allElements(6, [&visits](Node, std::size_t) { return ++visits < 3; }));
+        EXPECT_EQ(visits, 3);
+        EXPECT_TRUE(Node(array).allElements(2, [&visits](Node, std::size_t) { return ++visits < 6; }));
+        EXPECT_EQ(visits, 5);
     }
 }
 

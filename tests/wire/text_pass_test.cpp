@@ -287,7 +287,21 @@ TEST_P(EveryForm, TakesTheLastOfExpectedMembersThatStandSeveralTimes) {
     EXPECT_EQ(object.integer(""), 8);
 }
 
-// The tape begins with 256 entries and doubles: then it moves, and the slots with it.
+/// Expects the integers of an object with these members, among others.
+void FindFirstToFourth(const std::string& text) {
+    const Expected object(text);
+    ASSERT_EQ(object.integer("First"), 1) << text;
+    ASSERT_EQ(object.integer("Second"), 2) << text;
+    ASSERT_EQ(object.integer("T"), 3) << text;
+    ASSERT_EQ(object.integer(""), 4) << text;
+    std::uint32_t children = 0;
+    for (const TextEntry* child = object.root().first(); child != object.root().behind(); child = child->next()) {
+        ++children;
+    }
+    ASSERT_EQ(object.root().size, children) << text;
+}
+
+// On threads of their own: the tape begins with 256 entries and doubles. Then it moves, and the slots with it.
 TEST_P(EveryForm, KeepsTheSlotsOfExpectedMembersWhereverTheTapeMoves) {
     for (std::size_t others = 230; others < 260; ++others) {
         std::string members;
@@ -298,19 +312,53 @@ TEST_P(EveryForm, KeepsTheSlotsOfExpectedMembersWhereverTheTapeMoves) {
                                         R"({"First":1,"x":[)" + elements + R"(],"Second":2,"T":3,"":4})",
                                         R"({"First":1,"x":{)" + members + R"("y":[)" + elements + R"(]},"x":[)" +
                                             elements + R"(],"Second":2,"T":3,"":4})"}) {
-            const Expected object(text);
-            ASSERT_EQ(object.integer("First"), 1) << text;
-            ASSERT_EQ(object.integer("Second"), 2) << text;
-            ASSERT_EQ(object.integer("T"), 3) << text;
-            ASSERT_EQ(object.integer(""), 4) << text;
-            std::uint32_t children = 0;
-            for (const TextEntry* child = object.root().first(); child != object.root().behind();
-                 child = child->next()) {
-                ++children;
-            }
-            ASSERT_EQ(object.root().size, children) << text;
+            std::thread(FindFirstToFourth, text).join();
         }
     }
+}
+
+/// Where the pass declines the bytes, matched against the list, with nothing behind them; 0 where it accepts them.
+std::size_t StopOf(const std::vector<char>& bytes, const NameIndex& index) {
+    jsonparser::TextTape tape{nullptr, 0};
+    jsonparser::TextPass pass{};
+    pass.begin = pass.stop = bytes.data();
+    pass.end = pass.begin + bytes.size();
+    pass.maxDepth = 128;
+    pass.plainText = TextType::Text;
+    pass.expected = &index;
+    pass.tape = &tape;
+    return jsonparser::RunTextPass(pass) ? 0 : static_cast<std::size_t>(pass.stop - pass.begin);
+}
+
+// Behind the last name of a list stands one of no bytes.
+TEST_P(EveryForm, TakesNoBytesForNoName) {
+    static constexpr NameList kEmpty{""};
+    static constexpr NameIndex kIndex = kEmpty.index();
+    for (const std::size_t blanks : {0U, 1U, 20U, 40U}) {
+        std::string text = R"({)" + std::string(blanks, ' ') + R"("":1,)";
+        const std::size_t before = text.size();
+        text += std::string(5, '\0') + '}';
+        EXPECT_EQ(StopOf({text.begin(), text.end()}, kIndex), before) << blanks;
+    }
+}
+
+// Wherever the last member begins.
+TEST_P(EveryForm, ReadsNothingBehindExpectedMembersThatAreCutOff) {
+    static constexpr NameList kLong{"First", "abcdefghijklmnopqrstuvwxyz", "T"};
+    static constexpr NameIndex kIndex = kLong.index();
+    const std::string text = R"({"First":1,"abcdefghijklmnopqrstuvwxyz":"two","T":3})";
+    for (std::size_t size = 0; size < text.size(); ++size) {
+        std::vector<char> bytes(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(size));
+        EXPECT_LE(StopOf(bytes, kIndex), size);
+        for (const char last : {'}', ']', '"', ':'}) {
+            if (bytes.empty()) continue;
+            bytes.back() = last;
+            EXPECT_LE(StopOf({bytes.begin(), bytes.end()}, kIndex), size);
+        }
+    }
+    const Taken taken(text, 128, TextType::Text, &kIndex);
+    EXPECT_TRUE(taken.accepted());
+    for (std::size_t i = 0; i < kIndex.count; ++i) EXPECT_NE(jsonparser::SlotsOf(&taken.root(), 3)[i], 0U) << i;
 }
 
 /// The text of an object whose members have these names, and as values their places.

@@ -1,4 +1,3 @@
-#include <algorithm>
 
 #include "vkprotocolstack/JsonParser.h"
 #include "vkprotocolstack/analytics/object_keywords.h"

@@ -29,7 +29,7 @@ long long Measure(Node root, int shift) try {
         Level level{{}, size, (size >> (static_cast<unsigned>(shift) % 32)) + 1, 0, 0};
         level.samples.reserve(static_cast<std::size_t>(size / level.step) + 1);
         // In one walk: an element of an array of arrays is not found by its index at once.
-        array.forElements(array.size(), [&level](Node element, std::size_t i) {
+        array.forElements(static_cast<std::size_t>(size), [&level](Node element, std::size_t i) {
             if (static_cast<long long>(i) % level.step == 0) level.samples.push_back(element);
         });
         if (size == 0) level.samples.push_back(array.at(0));

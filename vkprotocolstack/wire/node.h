@@ -88,6 +88,7 @@ class Node {
     /// @return how many these are
     template <class Visit>
     std::size_t forElements(std::size_t most, Visit visit) const {
+        static_assert(std::is_void_v<std::invoke_result_t<Visit&, Node, std::size_t>>, "allElements stops early");
         std::size_t count = 0;
         allElements(most, [&](Node element, std::size_t i) {
             visit(element, i);
@@ -102,7 +103,7 @@ class Node {
     bool allElements(std::size_t most, Visit visit) const {
         if (place_.isWatched()) [[unlikely]]
             return eachElement(place_, most, visit);
-        return place_.forElements(most, [&visit](Place element, std::size_t i) { return visit(Node(element), i); });
+        return place_.allElements(most, [&visit](Place element, std::size_t i) { return visit(Node(element), i); });
     }
     Node operator[](std::string_view name) const { return Node(place_.member(name)); }
 

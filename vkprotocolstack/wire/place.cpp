@@ -83,7 +83,7 @@ constexpr Place::Known kKnownOfTypes[][8] = {
 };
 static_assert(Json::nullValue == 0 && Json::intValue == 1 && Json::stringValue == 4 && Json::objectValue == 7);
 
-/// What is false or true reads alike in a tree and on a tape, where it takes no call into another library.
+/// What is false or true reads alike in a tree and on a tape. On a tape that takes no call into another library.
 Place PlaceOf(bool value) {
     static constexpr TextEntry kEntries[] = {
         {{0}, {nullptr}, 0, 0, TextType::False},

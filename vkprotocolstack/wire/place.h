@@ -208,11 +208,11 @@ class Place {
     /// Calls visit with the first elements of an array, at most so many, and their indexes, until it returns false.
     /// @return whether it never did
     template <class Visit>
-    bool forElements(std::size_t most, Visit visit) const {
-        if (isOnTape()) return ForElementsOnTape(*this, most, visit);
+    bool allElements(std::size_t most, Visit visit) const {
+        if (isOnTape()) return AllElementsOnTape(*this, most, visit);
         std::size_t index = 0;
         return type() != Json::arrayValue ||
-               ForElements(*address(), most, [&visit, &index, known = knownBelow()](const Json::Value& element) {
+               AllElements(*address(), most, [&visit, &index, known = knownBelow()](const Json::Value& element) {
                    return visit(Place(element, known), index++);
                });
     }
@@ -244,7 +244,7 @@ class Place {
     Place under(const Json::Value* value) const { return value == nullptr ? Place() : Place(*value, knownBelow()); }
     /// Apart, and with visit expanded, which stands in too many walks for the compiler to do so by itself.
     template <class Visit>
-    [[gnu::noinline, gnu::flatten]] static bool ForElementsOnTape(Place array, std::size_t most, Visit& visit) {
+    [[gnu::noinline, gnu::flatten]] static bool AllElementsOnTape(Place array, std::size_t most, Visit& visit) {
         const std::size_t count = std::min(array.size(), most);
         if (count == 0) return true;
         const TextEntry* element = array.entry().first();

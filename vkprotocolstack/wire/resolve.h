@@ -41,7 +41,7 @@ template <class Visit>
 
 /// The same with the first elements of array, at most so many.
 template <class Visit>
-bool ForElements(const Json::Value& array, std::size_t most, Visit visit) {
+bool AllElements(const Json::Value& array, std::size_t most, Visit visit) {
     constexpr std::size_t kFew = 64;  // elements that are found at one go
     if (most > kFew && array.size() > kFew) [[unlikely]]
         return WalkElements(array, std::min<std::size_t>(most, array.size()), visit);

@@ -907,8 +907,8 @@ class Pass {
     }
 
     /// Takes down the object at p, whose entry is the tape's last, matching its members against the expected names: the
-    /// one behind the last match is tried before any search, then the one that came there in another message. Neither
-    /// needs a look for the name's end.
+    /// one behind the last match is tried before any search, then, but near the text's end, the one that came there in
+    /// another message. Neither needs a look for the name's end.
     [[gnu::noinline]] const char* tapeExpected(const char* p, std::size_t depth) {
         const NameIndex& expected = *job_.expected;
         const QuotedName* quoted = expected.quoted;
