@@ -21,8 +21,6 @@ bool SetJsonTimeSchedule(Json::Value& value, const tagCFG_TIME_SCHEDULE& schedul
 
 /// Through Change_Utf8_Assic: at most limit bytes of the text.
 void ReadText(const Json::Value& value, char* destination, int limit);
-/// Through Change_Utf8_Assic into a field of size bytes, terminator included.
-void ReadString(const Json::Value& value, char* field, int size);
 
 /// Seconds since 1970 as the calendar fields of the record.
 template <class Time>

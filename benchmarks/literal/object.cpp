@@ -113,7 +113,7 @@ int ParseStrtoObject(const Json::Value& root, tagVK_MSG_OBJECT_EX2* object) {
             object->pszFilePath = path;
             if (path != nullptr) {
                 std::memset(path, 0, size);
-                ReadString(image["FilePath"], path, static_cast<int>(size));
+                GetJsonString(image["FilePath"], path, static_cast<int>(size), true);
             }
         }
     }

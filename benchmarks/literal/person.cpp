@@ -20,7 +20,7 @@ void ParseImageInfo(Json::Value image, VK_PIC_INFO& info) {
         info.pszFilePath = new (std::nothrow) char[size];
         if (info.pszFilePath != nullptr) {
             std::memset(info.pszFilePath, 0, size);
-            ReadString(image["FilePath"], info.pszFilePath, static_cast<int>(size));
+            GetJsonString(image["FilePath"], info.pszFilePath, static_cast<int>(size), true);
         }
     }
     if (image["IsDetected"].isBool()) info.bIsDetected = image["IsDetected"].asBool();
@@ -41,10 +41,10 @@ int SizeWithin(const Json::Value& text, int capacity) {
 }  // namespace
 
 void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFOEX& info) {
-    if (!person["Name"].isNull()) ReadString(person["Name"], info.szPersonName, 64);
-    if (!person["Province"].isNull()) ReadString(person["Province"], info.szProvince, 64);
-    if (!person["City"].isNull()) ReadString(person["City"], info.szCity, 64);
-    if (!person["ID"].isNull()) ReadString(person["ID"], info.szID, 32);
+    if (!person["Name"].isNull()) parseJsonNodeToStr(person["Name"], info.szPersonName, 64);
+    if (!person["Province"].isNull()) parseJsonNodeToStr(person["Province"], info.szProvince, 64);
+    if (!person["City"].isNull()) parseJsonNodeToStr(person["City"], info.szCity, 64);
+    if (!person["ID"].isNull()) parseJsonNodeToStr(person["ID"], info.szID, 32);
     if (!person["Important"].isNull()) info.byImportant = static_cast<unsigned char>(person["Important"].asInt());
     if (!person["Sex"].isNull()) {
         if (_stricmp(person["Sex"].asString().c_str(), "Male") == 0) {
@@ -86,20 +86,20 @@ void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFOEX& info)
             ParseImageInfo(image, info.stuFacePicInfo[i]);
         }
     }
-    if (person["UID"].isString()) ReadString(person["UID"], info.szUID, 32);
-    if (!person["Country"].isNull()) ReadString(person["Country"], info.szCountry, 3);
+    if (person["UID"].isString()) parseJsonNodeToStr(person["UID"], info.szUID, 32);
+    if (!person["Country"].isNull()) parseJsonNodeToStr(person["Country"], info.szCountry, 3);
     if (!person["IsCustomType"].isNull()) {
         info.byIsCustomType = static_cast<unsigned char>(person["IsCustomType"].asInt());
-        if (info.byIsCustomType == 1) ReadString(person["Type"], info.szCustomType, 16);
+        if (info.byIsCustomType == 1) parseJsonNodeToStr(person["Type"], info.szCustomType, 16);
     }
     if (person["Comment"].isString()) {
-        ReadString(person["Comment"], info.szComment, SizeWithin(person["Comment"], 100));
+        GetJsonString(person["Comment"], info.szComment, SizeWithin(person["Comment"], 100), true);
     }
     if (person["GroupID"].isString()) {
-        ReadString(person["GroupID"], info.szGroupID, SizeWithin(person["GroupID"], 64));
+        GetJsonString(person["GroupID"], info.szGroupID, SizeWithin(person["GroupID"], 64), true);
     }
     if (person["GroupName"].isString()) {
-        ReadString(person["GroupName"], info.szGroupName, SizeWithin(person["GroupName"], 128));
+        GetJsonString(person["GroupName"], info.szGroupName, SizeWithin(person["GroupName"], 128), true);
     }
     info.byGlasses = static_cast<unsigned char>(person["Glasses"].asUInt());
     info.byAge = static_cast<unsigned char>(person["Age"].asUInt());
@@ -107,7 +107,7 @@ void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFOEX& info)
                                             "Disgust",   "Fear",        "Surprise", "Neutral", "Laugh",
                                             "NoGlasses", "Happy",       "Confused", "Scream",  "SunGlasses"};
     info.emEmotion = IndexOf(kFeatures, 15, person["Emotion"].asString());
-    if (person["HomeAddress"].isString()) ReadString(person["HomeAddress"], info.szHomeAddress, 128);
+    if (person["HomeAddress"].isString()) GetJsonString(person["HomeAddress"], info.szHomeAddress, 128, true);
     if (!person["GlassesType"].isNull()) {
         static const std::string kGlasses[] = {"", "SunGlasses", "Glasses"};
         info.emGlassesType = IndexOf(kGlasses, 3, person["GlassesType"].asString());
@@ -124,7 +124,7 @@ void ParsePersonInfo(Json::Value person, tagFACERECOGNITION_PERSON_INFOEX& info)
         const unsigned count = std::min(person["CustomPersonInfo"].size(), 4U);
         info.nCustomPersonInfoNum = static_cast<int>(count);
         for (unsigned i = 0; i < count; ++i) {
-            ReadString(person["CustomPersonInfo"][i], info.stuCustomPersonInfo[i].szPersonInfo, 64);
+            parseJsonNodeToStr(person["CustomPersonInfo"][i], info.stuCustomPersonInfo[i].szPersonInfo, 64);
         }
     }
 }

@@ -20,12 +20,6 @@ void ReadText(const Json::Value& value, char* destination, int limit) {
     delete[] buffer;
 }
 
-void ReadString(const Json::Value& value, char* field, int size) {
-    std::string text = value.asString();
-    if (text.size() >= static_cast<std::size_t>(size)) text.resize(static_cast<std::size_t>(size) - 1);
-    Change_Utf8_Assic(reinterpret_cast<unsigned char*>(text.data()), field);
-}
-
 template <class Time>
 Time TimeOf(long seconds) {
     Time time = {};

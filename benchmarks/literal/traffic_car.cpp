@@ -4,6 +4,7 @@
 #include <string>
 
 #include "benchmarks/literal/literal.h"
+#include "vkprotocolstack/support/support.h"
 
 namespace literal {
 namespace {
@@ -38,7 +39,7 @@ int ParseStrtoTrafficCar(Json::Value& node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
     car->nOverSpeedMargin = node["OverSpeedMargin"].asInt();
     car->nUnderSpeedMargin = node["UnderSpeedMargin"].asInt();
     car->nLane = node["Lane"].asInt();
-    if (!node["CustomParkNo"].isNull()) ReadString(node["CustomParkNo"], car->szCustomParkNo, 33);
+    if (!node["CustomParkNo"].isNull()) GetJsonString(node["CustomParkNo"], car->szCustomParkNo, 33, true);
     car->nVehicleSize = -1;
     if (!node["VehicleSize"].isNull()) {
         static const std::string kSizes[] = {"Light-duty", "Medium", "Oversize", "Minisize", "Largesize"};
@@ -68,7 +69,7 @@ int ParseStrtoTrafficCar(Json::Value& node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
     }
     if (!node["DeviceAddress"].isNull()) car->pszDeviceAddress = HeapText(node["DeviceAddress"]);
     if (node.isMember("DetailedAddress")) car->pszDetailedAddress = HeapText(node["DetailedAddress"]);
-    if (node.isMember("VehicleSign")) ReadString(node["VehicleSign"], car->szVehicleSign, 32);
+    if (node.isMember("VehicleSign")) GetJsonString(node["VehicleSign"], car->szVehicleSign, 32, true);
     if (!node["Redundance"].isNull()) {
         const unsigned count = std::min(node["Redundance"].size(), 8U);
         for (unsigned i = 0; i < count; ++i) {
@@ -80,7 +81,7 @@ int ParseStrtoTrafficCar(Json::Value& node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
     if (!node["ActualGain"].isNull()) car->byActualGain = static_cast<unsigned char>(node["ActualGain"].asInt());
     car->byDirection = 8;
     if (!node["Direction"].isNull()) car->byDirection = static_cast<unsigned char>(node["Direction"].asInt());
-    if (!node["DefendCode"].isNull()) ReadString(node["DefendCode"], car->szDefendCode, 64);
+    if (!node["DefendCode"].isNull()) parseJsonNodeToStr(node["DefendCode"], car->szDefendCode, 64);
     if (!node["TrafficBlackListID"].isNull()) car->nTrafficBlackListID = node["TrafficBlackListID"].asInt();
     if (!node["VehicleColorRGB"].isNull() && node["VehicleColorRGB"].isArray() && node["VehicleColorRGB"].size() == 4) {
         for (unsigned i = 0; i < 4; ++i) car->dwVehicleColorRGB[i] = node["VehicleColorRGB"][i].asUInt();
