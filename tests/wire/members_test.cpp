@@ -96,6 +96,18 @@ TEST(Members, AreThoseOfTheObjectWhateverTheOrderOfTheList) {
     EXPECT_EQ(in["Lane"].asInt(), 1);
 }
 
+TEST(Members, OfAnArrayAreNone) {
+    Json::Value array(Json::arrayValue);
+    ExpectLikeFind(array);
+    for (int i = 0; i < 100; ++i) {  // few and many: the ways of looking differ
+        array.append("b");
+        ExpectLikeFind(array);
+    }
+    Json::Value sparse;
+    sparse[Json::Value::maxInt] = 1;
+    ExpectLikeFind(sparse);
+}
+
 TEST(Members, TellNullFromMissing) {
     const Json::Value value = Json(R"({"b": null})");
     const Members<kNames> in{Node(value)};

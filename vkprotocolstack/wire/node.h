@@ -200,6 +200,7 @@ class Node {
         if constexpr (std::is_same_v<Wide, double>) {
             if (place_.isReal()) return static_cast<Number>(place_.real());
         }
+        if (place_.isKnownInteger()) return static_cast<Number>(static_cast<Wide>(place_.knownInteger()));
         return otherNumber<Number, Read, Name>(place_);
     }
     template <class Number, auto Read, const char* Name>

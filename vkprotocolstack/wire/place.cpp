@@ -101,13 +101,14 @@ Place PlaceOf(bool value) {
     return next;
 }
 
-/// Looks up the names in object, an object. Apart from the next: each has a frame that the other need not set up. It
-/// begins with a cache line, so that code before it does not decide how it lies.
+/// Looks up the names in object; what is no object has none of them. Apart from the next: each has a frame that the
+/// other need not set up. It begins with a cache line, so that code before it does not decide how it lies.
 [[gnu::noinline, gnu::aligned(64)]] void FindMembers(const Json::Value& object, bool copies, const NameIndex& names,
                                                      Place* places) {
     constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
     std::size_t left = object.size();
     if (left / kMembersALookup > names.count) {
+        if (object.type() != Json::objectValue) return;
         for (std::size_t i = 0; i < names.count; ++i) places[i] = Place(FindMember(object, names.names[i]));
         return;
     }
@@ -117,9 +118,10 @@ Place PlaceOf(bool value) {
     const Place::Known* const known = kKnownOfTypes[copies || CopiesTexts() ? 1 : 0];
     const SortedName* next = names.sorted;
     const SortedName* const end = next + names.count;
-    for (auto member = object.begin();; ++member) {
+    for (auto member = BeginOf(object);; ++member) {
         const char* nameEnd;
         const char* const name = member.memberName(&nameEnd);
+        if (name == nullptr) return;  // an array's element
         const auto size = static_cast<std::size_t>(nameEnd - name);
         if (next->size != size || !SameBytes(next->text, name, size)) [[unlikely]] {
             const SortedName* const row = FindFrom(next, names, name, size);
@@ -341,10 +343,10 @@ void Place::watchedMembers(const NameIndex& names, Place* found) const {
 }
 
 void Place::members(const NameIndex& names, Place* found) const {
-    if (isOnTape() && entry().type == TextType::Object) {
+    if (!isOnTape()) {
+        if (exists()) FindMembers(*address(), knownBelow() == kCopying, names, found);
+    } else if (entry().type == TextType::Object) {
         FindOnTape(entry(), names, found);
-    } else if (type() == Json::objectValue) {
-        FindMembers(*address(), knownBelow() == kCopying, names, found);
     } else if (isWatched()) {
         watchedMembers(names, found);
     }

@@ -116,6 +116,9 @@ class Place {
     /// An integer on the tape, which needs no conversion.
     bool isInteger() const { return isOnTape() && entry().type == TextType::Integer; }
     std::int64_t integer() const { return entry().integer; }
+    /// An integer in a tree that is known to be one.
+    bool isKnownInteger() const { return known() == kInteger; }
+    std::int64_t knownInteger() const { return address()->as<Json::LargestInt>(); }
     /// A real on the tape.
     bool isReal() const { return isOnTape() && entry().type == TextType::Real; }
     double real() const { return entry().real; }
@@ -257,8 +260,8 @@ class Place {
     template <class Number, auto convert>
     Number asNumber() const {
         if (isInteger()) return static_cast<Number>(integer());
-        if (known() == kInteger) [[likely]]
-            return static_cast<Number>(address()->as<Json::LargestInt>());
+        if (isKnownInteger()) [[likely]]
+            return static_cast<Number>(knownInteger());
         return convert(*this);
     }
     /// Empty for what is no text. Not of this place: its address would keep it out of a register.

@@ -16,8 +16,8 @@ std::size_t FindFirst(const Json::Value& array, std::size_t most, const Json::Va
     const std::size_t size = array.size();
     const std::size_t count = std::min(most, size);
     if (count == 0) return 0;
-    const auto end = array.end();
-    auto next = array.begin();
+    const auto end = EndOf(array);
+    auto next = BeginOf(array);
     std::size_t met = 0;
     do {
         found[met++] = &*next;
