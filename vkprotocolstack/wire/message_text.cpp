@@ -30,6 +30,9 @@ std::size_t Steps(std::string_view pointer, TextStep (&steps)[TextPass::kMaxStep
     return count;
 }
 
+/// The place of an entry; of none, the missing one.
+Place PlaceOf(const TextEntry* entry) { return entry == nullptr ? Place() : Place(entry); }
+
 /// The place to which the pointer, empty or with a slash first, leads from an entry.
 Place OnTape(const TextEntry* entry, std::string_view pointer) {
     while (entry != nullptr && !pointer.empty()) {
@@ -45,11 +48,11 @@ Place OnTape(const TextEntry* entry, std::string_view pointer) {
         }
         entry = found;
     }
-    return entry == nullptr ? Place() : Place(entry);
+    return PlaceOf(entry);
 }
 
-/// The place to which the pointer leads in a tree.
-Place InTree(const Json::Value& tree, std::string_view pointer) {
+/// The place to which the pointer leads in a tree. Apart, since it needs a frame that others need not set up.
+[[gnu::noinline]] Place InTree(const Json::Value& tree, std::string_view pointer) {
     Place place(&tree);
     while (place.exists() && !pointer.empty()) {
         if (pointer.front() != '/') return {};
@@ -208,7 +211,7 @@ OfAccepted<Place> MessageReading::PlaceAt(const MessagePlace& place, const NameI
         if (text.state_ == MessageText::State::Refused) return {};
         if (text.tree_ == nullptr) {
             std::string_view part(text.partPointer_, text.partPointerSize_);
-            if (pointer == part) return {OnTape(text.part_, ""), true};
+            if (pointer == part) return {PlaceOf(text.part_), true};
             if (!pointer.empty() && pointer.front() != '/') return {Place(), true};
             const bool isBelow = pointer.substr(0, part.size()) == part && pointer[part.size()] == '/';
             if (isBelow) return {OnTape(text.part_, pointer.substr(part.size())), true};
@@ -230,7 +233,7 @@ std::size_t MessagePlace::size() const { return MessageReading::PlaceAt(*this, n
 
 MessageText::MessageText(std::string_view text, const MessageTextOptions& options) : text_(text), options_(options) {}
 
-MessageText::~MessageText() { const TextTape tape(entries_, capacity_); }
+MessageText::~MessageText() { TextTape::Release(entries_, capacity_); }
 
 bool MessageText::accepted() {
     if (state_ == State::Unread) MessageReading::PlaceAt(at(""), nullptr);

@@ -214,6 +214,10 @@ class Pass {
     ALWAYS_INLINE std::uint64_t endingsOfTail(const char* p, std::size_t size) const {
         if (static_cast<std::size_t>(end_ - job_.begin) >= kBlock)
             return Blocks::Endings(end_ - kBlock) >> (kBlock - size);
+        return EndingsOfShort(p, size);
+    }
+    /// Of a text shorter than a block. Apart, since it needs a frame that others need not set up.
+    [[gnu::noinline]] static std::uint64_t EndingsOfShort(const char* p, std::size_t size) {
         char tail[kBlock];
         std::memset(tail, ' ', sizeof tail);
         std::memcpy(tail, p, size);

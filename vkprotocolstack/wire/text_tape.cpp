@@ -30,8 +30,8 @@ TextEntry* TextTape::takeSpare() {
     return block;
 }
 
-void TextTape::release() {
-    if (!leaveAsSpare(block(), capacity)) std::free(block());
+void TextTape::GiveBack(TextEntry* block, std::size_t capacity) {
+    if (!leaveAsSpare(block, capacity)) std::free(block);
 }
 
 bool TextTape::grow(std::size_t used) {

@@ -109,11 +109,14 @@ struct MemberOrder {
 class TextTape {
   public:
     TextTape(TextEntry* memory, std::size_t size) : entries(memory), capacity(size) {}
-    ~TextTape() {
-        if (entries != nullptr) release();
-    }
+    ~TextTape() { Release(entries, capacity); }
     TextTape(const TextTape&) = delete;
     TextTape& operator=(const TextTape&) = delete;
+
+    /// Gives back the memory of a tape, which may be none.
+    static void Release(TextEntry* memory, std::size_t size) {
+        if (memory != nullptr) GiveBack(memory - kOrderEntries, size);
+    }
 
     /// Makes room for more than the first used entries, which it keeps; they may move. False when there is no memory.
     bool grow(std::size_t used);
@@ -135,7 +138,7 @@ class TextTape {
     static constexpr std::size_t kOrderEntries = kOrders * sizeof(MemberOrder) / sizeof(TextEntry);
     static_assert(kOrderEntries * sizeof(TextEntry) == kOrders * sizeof(MemberOrder));
 
-    void release();
+    static void GiveBack(TextEntry* block, std::size_t capacity);
     static void forget(MemberOrder& order, const std::string_view* names);
     static bool leaveAsSpare(TextEntry* block, std::size_t capacity);
     static TextEntry* takeSpare();
