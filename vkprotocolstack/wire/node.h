@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <new>
 #include <span>
 #include <string>
 #include <string_view>
@@ -284,13 +283,7 @@ class Members {
         consteval Name(const char (&text)[N]) : index(List.indexOf(std::string_view(text))) {}
     };
 
-    explicit Members(Node object) : found_(object.place_.matched(kIndex)) {
-        if (found_ != nullptr) return;
-        object.place_.members(kIndex, (new (&own_) Places{})->data());
-        found_ = own_.data();
-    }
-    Members(const Members&) = delete;
-    Members& operator=(const Members&) = delete;
+    explicit Members(Node object) { object.place_.members(kIndex, found_.data()); }
 
     /// Whether the object has the name at this index of List.
     bool found(std::size_t index) const { return at(index).plain().place_.exists(); }
@@ -300,12 +293,7 @@ class Members {
     Node operator[](Name name) const { return at(name.index); }
 
   private:
-    using Places = std::array<Place, kCount>;
-
-    const Place* found_;
-    union {
-        Places own_;  ///< where they are not found on the tape
-    };
+    std::array<Place, kCount> found_;
 };
 
 }  // namespace jsonparser

@@ -141,6 +141,11 @@ Place PlaceOf(bool value) {
 
 /// The same of an object on the tape.
 [[gnu::noinline]] void FindOnTape(const TextEntry& object, const NameIndex& names, Place* found) {
+    if (object.matched == names.names) {
+        static_assert(sizeof(Place) == sizeof(MarkedEntry));
+        std::memcpy(static_cast<void*>(found), SlotsOf(&object, names.count), names.count * sizeof *found);
+        return;
+    }
     const TextEntry* child = object.first();
     const TextEntry* const end = object.behind();
     const std::string_view* next = names.names;

@@ -220,12 +220,6 @@ class Place {
                });
     }
     Place member(std::string_view name) const;
-    /// The places of the names, where the pass over the text put them beside the object; else null.
-    const Place* matched(const NameIndex& names) const {
-        static_assert(sizeof(Place) == sizeof(MarkedEntry));
-        if (!isOnTape() || entry().type != TextType::Object || entry().matched != names.names) return nullptr;
-        return reinterpret_cast<const Place*>(SlotsOf(&entry(), names.count));
-    }
     /// Looks up the names at one go. What is not there is left in found, which holds missing places. What is false or
     /// true may be a place on a tape also where this is one in a tree.
     void members(const NameIndex& names, Place* found) const;
