@@ -702,4 +702,59 @@ TEST(MessageText, TextsAreInTheEncodingOfTheLocaleAtTheTimeOfEachReader) {
     }
 }
 
+class Ignoring : public jsonparser::Observer {
+    void look(const jsonparser::Look&) override {}
+};
+
+constexpr jsonparser::NameList kCarNames{"Lane", "Speed", "Plate"};
+constexpr jsonparser::NameList kOtherNames{"Speed"};
+
+void ExpectMembersOfACar(const MessagePlace& place) {
+    const jsonparser::MembersAt<kCarNames> in(place);
+    ASSERT_TRUE(in);
+    EXPECT_EQ((*in)["Lane"].asInt(), 2);
+    EXPECT_FALSE((*in)["Speed"].isMember());
+    char plate[8] = {};
+    (*in)["Plate"].rawTo(plate, 7);
+    EXPECT_STREQ(plate, "AD12345");
+}
+
+TEST(MembersAt, AreThoseOfTheObjectHoweverTheMessageWasRead) {
+    for (const char* text :
+         {R"({"Car":{"Lane":2,"Plate":"AD12345"}})", R"({"Car":{"Plate":"AD12345","x":[],"Lane":2}})",
+          R"({"Car":{"Lane":1,"Plate":"AD12345","Lane":2}})",
+          R"({/* read as a tree */"Car":{"Lane":2,"Plate":"AD12345"}})"}) {
+        SCOPED_TRACE(text);
+        WithEachForm([text] {
+            MessageText body(text);
+            ExpectMembersOfACar(body.at("/Car"));
+            ExpectMembersOfACar(body.at("/Car"));
+            MessageText readForOthers(text);
+            ASSERT_TRUE(NodeAt(readForOthers.at("/Car"), kOtherNames));
+            ExpectMembersOfACar(readForOthers.at("/Car"));
+            MessageText readElsewhere(text);
+            ASSERT_TRUE(NodeAt(readElsewhere.at("/Bus"), kCarNames));
+            ExpectMembersOfACar(readElsewhere.at("/Car"));
+            MessageText watched(text);
+            Ignoring observer;
+            const jsonparser::ObserverScope scope(observer);
+            ExpectMembersOfACar(watched.at("/Car"));
+        });
+    }
+}
+
+TEST(MembersAt, OfWhatIsNoObjectAreNone) {
+    for (const char* pointer : {"/array", "/text", "/number", "/null", "/missing", "/array/0", "/array/1"}) {
+        MessageText body(R"({"array":[2,{}],"text":"Lane","number":2,"null":null})");
+        const jsonparser::MembersAt<kCarNames> in(body.at(pointer));
+        ASSERT_TRUE(in);
+        for (std::size_t i = 0; i < 3; ++i) EXPECT_FALSE((*in).found(i)) << pointer;
+    }
+}
+
+TEST(MembersAt, OfAMessageThatIsRefusedAreNot) {
+    MessageText body(R"({"Lane":2)");
+    EXPECT_FALSE(jsonparser::MembersAt<kCarNames>(body.at("")));
+}
+
 }  // namespace

@@ -317,6 +317,26 @@ TEST(Place, MembersAreTheSameByNameAndTogether) {
     }
 }
 
+TEST(Place, OfEveryNameIsSetWhateverItWas) {
+    static constexpr NameList kNames{"a", "b"};
+    const Taken taken(R"([{}, {"x":1}, {"b":2}, [3], "text", 4, 5.5, true, null])");
+    const Json::Value tree = Json(R"([{}, {"x":1}, {"b":2}, [3], "text", 4, 5.5, true, null])");
+    std::vector<Place> places{Place(), Place(&Json::Value::nullSingleton())};
+    for (const Place array : {Place(&taken.root()), Place(&tree)}) {
+        for (std::size_t i = 0; i < 9; ++i) places.push_back(array.element(i));
+    }
+    std::size_t found = 0;
+    for (const Place place : places) {
+        Place members[] = {Place(&tree), Place(&taken.root())};
+        place.members(kNames.index(), members);
+        EXPECT_FALSE(members[0].exists());
+        if (!members[1].exists()) continue;
+        EXPECT_EQ(members[1].asInt(), 2);
+        ++found;
+    }
+    EXPECT_EQ(found, 2U);
+}
+
 TEST(CopyText, WritesTheTextAndATerminatorAndNoMore) {
     for (std::size_t size = 0; size <= 100; ++size) {
         std::string text(size, '\0');

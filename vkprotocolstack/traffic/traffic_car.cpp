@@ -11,10 +11,10 @@ using jsonparser::Clear;
 using jsonparser::InsertNulls;
 using jsonparser::kVehicleSizes;
 using jsonparser::Members;
+using jsonparser::MembersAt;
 using jsonparser::MessagePlace;
 using jsonparser::NameList;
 using jsonparser::Node;
-using jsonparser::NodeAt;
 using jsonparser::SetUtc;
 
 namespace {
@@ -153,8 +153,8 @@ int ParseStrtoTrafficCar(Json::Value& node, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO
 
 int ParseStrtoTrafficCar(const MessagePlace& place, tagDEV_EVENT_TRAFFIC_TRAFFICCAR_INFO* info) {
     if (info == nullptr) return 1;
-    const auto node = NodeAt(place, kNames);
-    if (!node) return 1;
-    Read(Members<kNames>(*node), *info);
+    const MembersAt<kNames> in(place);
+    if (!in) return 1;
+    Read(*in, *info);
     return 0;
 }

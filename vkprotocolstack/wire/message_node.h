@@ -2,6 +2,8 @@
 #ifndef VKPROTOCOLSTACK_WIRE_MESSAGE_NODE_H
 #define VKPROTOCOLSTACK_WIRE_MESSAGE_NODE_H
 
+#include <new>
+
 #include "vkprotocolstack/message_text.h"
 #include "vkprotocolstack/wire/node.h"
 
@@ -42,6 +44,33 @@ OfAccepted<Node> NodeAt(const MessagePlace& place, const NameList<N>& expected) 
     const NameIndex index = expected.index();
     return NodeAt(place, &index);
 }
+
+/// The members of the object at a place, read where the pass over the text has put them, if it has: they live no longer
+/// than this, and than the message's text.
+template <const auto& List>
+class MembersAt {
+  public:
+    explicit MembersAt(const MessagePlace& place) {
+        const OfAccepted<Node> object = NodeAt(place, &Members<List>::kIndex);
+        if (!object) return;
+        static_assert(sizeof *members_ == List.names.size() * sizeof(Place));
+        const Place* const matched = object->place_.matched(Members<List>::kIndex);
+        members_ =
+            matched != nullptr ? reinterpret_cast<const Members<List>*>(matched) : new (&own_) Members<List>(*object);
+    }
+    MembersAt(const MembersAt&) = delete;
+    MembersAt& operator=(const MembersAt&) = delete;
+
+    /// Whether the message is accepted.
+    explicit operator bool() const { return members_ != nullptr; }
+    const Members<List>& operator*() const { return *members_; }
+
+  private:
+    const Members<List>* members_ = nullptr;
+    union {
+        Members<List> own_;  ///< of what is no object of a text, or was matched against other names
+    };
+};
 
 }  // namespace jsonparser
 

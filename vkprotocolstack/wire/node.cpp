@@ -97,52 +97,52 @@ long long Node::watchedRealToInt64() const {
     return number;
 }
 
-void Node::rawTo(char* field, std::size_t count) const {
-    if (place_.isPlain()) return CopyText(place_.plain().substr(0, count), field);
-    if (place_.isCopiedInTree()) return place_.copyInTree(field, count);
-    otherRawTo(field, count);
+void Node::RawTo(Place place, char* field, std::size_t count) {
+    if (place.isPlain()) return CopyText(place.plain().substr(0, count), field);
+    if (place.isCopiedInTree()) return place.copyInTree(field, count);
+    OtherRawTo(place, field, count);
 }
 
-void Node::otherRawTo(char* field, std::size_t count) const {
+void Node::OtherRawTo(Place place, char* field, std::size_t count) {
     std::string storage;
-    const std::string_view taken = place_.text(storage).substr(0, count);
-    if (taken.empty() && place_.isWatched()) [[unlikely]] {
-        plain().rawTo(field, count);
-        return report(place_).rawText(count, field);
+    const std::string_view taken = place.text(storage).substr(0, count);
+    if (taken.empty() && place.isWatched()) [[unlikely]] {
+        RawTo(valueOf(place), field, count);
+        return report(place).rawText(count, field);
     }
     const std::size_t length = std::min(taken.find('\0'), taken.size());
     taken.copy(field, length);
     field[length] = '\0';
 }
 
-void Node::utf8To(char* field, int limit) const {
-    if (place_.isCopiedOnTape()) {
-        if (limit >= 0) CopyText(place_.plain().substr(0, static_cast<std::size_t>(limit)), field);
-    } else if (place_.isCopiedInTree()) {
-        if (limit >= 0) place_.copyInTree(field, static_cast<std::size_t>(limit));
+void Node::Utf8To(Place place, char* field, int limit) {
+    if (place.isCopiedOnTape()) {
+        if (limit >= 0) CopyText(place.plain().substr(0, static_cast<std::size_t>(limit)), field);
+    } else if (place.isCopiedInTree()) {
+        if (limit >= 0) place.copyInTree(field, static_cast<std::size_t>(limit));
     } else {
-        otherUtf8To(field, limit);
+        OtherUtf8To(place, field, limit);
     }
 }
 
-void Node::otherUtf8To(char* field, int limit) const {
-    if (const Place place = place_.typed(); place.isCopiedInTree()) {
-        Node(place).utf8To(field, limit);
-    } else if (place_.isPresent()) {
-        CopyUtf8(place_, field, limit);
-    } else if (place_.isWatched()) {
-        watchedUtf8To(field, limit);
+void Node::OtherUtf8To(Place place, char* field, int limit) {
+    if (place.typed().isCopiedInTree()) {
+        Utf8To(place.typed(), field, limit);
+    } else if (place.isPresent()) {
+        CopyUtf8(place, field, limit);
+    } else if (place.isWatched()) {
+        WatchedUtf8To(place, field, limit);
     }
 }
 
-void Node::watchedUtf8To(char* field, int limit) const {
-    const bool written = CopyUtf8(plain().place_, field, limit);
-    report(place_).utf8Text(limit, written ? field : nullptr);
+void Node::WatchedUtf8To(Place watched, char* field, int limit) {
+    const bool written = CopyUtf8(valueOf(watched), field, limit);
+    report(watched).utf8Text(limit, written ? field : nullptr);
 }
 
-bool Node::watchedStringTo(char* field, int size) const {
-    const bool isText = plain().stringTo(field, size);
-    report(place_).string(size, field);
+bool Node::WatchedStringTo(Place watched, char* field, int size) {
+    const bool isText = valueOf(watched).stringTo(field, size);
+    report(watched).string(size, field);
     return isText;
 }
 
@@ -161,56 +161,56 @@ int Node::textSize(int limit) const {
     return sizeOf(text);
 }
 
-void Node::renderTo(char* field, int size) const {
-    if (place_.isWatched()) [[unlikely]]
-        return watchedRenderTo(field, size);
-    place_.renderTo(field, size);
+void Node::RenderTo(Place place, char* field, int size) {
+    if (place.isWatched()) [[unlikely]]
+        return WatchedRenderTo(place, field, size);
+    place.renderTo(field, size);
 }
 
-void Node::watchedRenderTo(char* field, int size) const {
-    plain().renderTo(field, size);
-    report(place_).rendered(size, field);
+void Node::WatchedRenderTo(Place watched, char* field, int size) {
+    valueOf(watched).renderTo(field, size);
+    report(watched).rendered(size, field);
 }
 
-char* Node::heapUtf8() const {
-    if (place_.isCopiedOnTape()) return HeapCopy(place_.plain());
-    return place_.isCopiedInTree() ? copiedHeap() : otherHeapUtf8();
+char* Node::HeapUtf8(Place place) {
+    if (place.isCopiedOnTape()) return HeapCopy(place.plain());
+    return place.isCopiedInTree() ? CopiedHeap(place) : OtherHeapUtf8(place);
 }
 
-char* Node::otherHeapUtf8() const {
+char* Node::OtherHeapUtf8(Place place) {
     std::string storage;
-    const std::size_t length = place_.text(storage).size();
-    if (length == 0 && place_.isWatched()) [[unlikely]] {
-        char* const buffer = plain().heapUtf8();
-        report(place_).heapUtf8(buffer);
+    const std::size_t length = place.text(storage).size();
+    if (length == 0 && place.isWatched()) [[unlikely]] {
+        char* const buffer = HeapUtf8(valueOf(place));
+        report(place).heapUtf8(buffer);
         return buffer;
     }
     char* const buffer = HeapText(length);
-    if (buffer != nullptr) utf8To(buffer, static_cast<int>(length));
+    if (buffer != nullptr) Utf8To(place, buffer, static_cast<int>(length));
     return buffer;
 }
 
-char* Node::heapString() const {
-    if (place_.isCopiedOnTape()) return HeapCopy(place_.plain());
-    return place_.isCopiedInTree() ? copiedHeap() : otherHeapString();
+char* Node::HeapString(Place place) {
+    if (place.isCopiedOnTape()) return HeapCopy(place.plain());
+    return place.isCopiedInTree() ? CopiedHeap(place) : OtherHeapString(place);
 }
 
-char* Node::copiedHeap() const {
-    const std::string_view text = place_.inTree();
+char* Node::CopiedHeap(Place place) {
+    const std::string_view text = place.inTree();
     if (text.size() < INT_MAX && UpToNul(text).size() == text.size()) return HeapCopy(text);
-    return otherHeapString();  // which gives the same as otherHeapUtf8 of a text that is copied
+    return OtherHeapString(place);  // which gives the same as OtherHeapUtf8 of a text that is copied
 }
 
-char* Node::otherHeapString() const {
+char* Node::OtherHeapString(Place place) {
     std::string storage;
-    const std::size_t length = place_.text(storage).size();
-    if (length == 0 && place_.isWatched()) [[unlikely]] {
-        char* const buffer = plain().heapString();
-        report(place_).heapString(buffer);
+    const std::size_t length = place.text(storage).size();
+    if (length == 0 && place.isWatched()) [[unlikely]] {
+        char* const buffer = HeapString(valueOf(place));
+        report(place).heapString(buffer);
         return buffer;
     }
     char* const buffer = HeapText(length);
-    if (buffer != nullptr) stringTo(buffer, static_cast<int>(length + 1));
+    if (buffer != nullptr) place.stringTo(buffer, static_cast<int>(length + 1));
     return buffer;
 }
 

@@ -79,9 +79,7 @@ class Node {
     /// at of the first N indexes, faster than one by one.
     template <std::size_t N>
     [[gnu::always_inline]] std::array<Node, N> first() const {
-        const std::array<Place, N> places = place_.first<N>();
-        return [&]<std::size_t... I>(std::index_sequence<I...>) { return std::array{Node(places[I])...}; }
-        (std::make_index_sequence<N>());
+        return place_.first<N, Node>();
     }
     /// Calls visit with the first elements, at most so many, and their indexes. Faster than at for each. Reports size
     /// once, and of the elements what visit does with them.
@@ -130,23 +128,23 @@ class Node {
 
     // ---- text into a field
     /// As it stands: at most count bytes, up to the first NUL, and a terminator behind them.
-    void rawTo(char* field, std::size_t count) const;
+    void rawTo(char* field, std::size_t count) const { RawTo(place_, field, count); }
     /// Through Change_Utf8_Assic: at most limit bytes of UTF-8 are taken, and the whole result with its terminator is
     /// written, so a text of limit bytes or more puts its terminator at field[limit]. Null writes nothing.
-    void utf8To(char* field, int limit) const;
+    void utf8To(char* field, int limit) const { Utf8To(place_, field, limit); }
     /// Through GetJsonString: at most size bytes, terminator included. What is no text empties the field.
     /// @return whether it is a text
     bool stringTo(char* field, int size) const {
-        return place_.stringTo(field, size) || (place_.isWatched() && watchedStringTo(field, size));
+        return place_.stringTo(field, size) || (place_.isWatched() && WatchedStringTo(place_, field, size));
     }
     /// Bytes that the text takes with a terminator, at most limit (0 or more): a size for stringTo.
     int textSize(int limit) const;
     /// Through parseJsonNodeToStr: any value as text, at most size bytes, terminator included.
-    void renderTo(char* field, int size) const;
+    void renderTo(char* field, int size) const { RenderTo(place_, field, size); }
     /// utf8To a buffer from new char[] of the text's length and a terminator. Null when that cannot be had.
-    char* heapUtf8() const;
+    char* heapUtf8() const { return HeapUtf8(place_); }
     /// stringTo a buffer from new char[] of the text's length and a terminator. Null when that cannot be had.
-    char* heapString() const;
+    char* heapString() const { return HeapString(place_); }
 
     // ---- text as such
     /// Scans the text (see Scan) into the words of a record; those that do not convert are left as they were.
@@ -188,20 +186,26 @@ class Node {
   private:
     template <const auto& List>
     friend class Members;
+    template <const auto& List>
+    friend class MembersAt;
 
     template <auto Test, const char* Name>
-    [[gnu::always_inline]] bool passes() const {
-        return (place_.*Test)() || (place_.isWatched() && reportedTest<Test, Name>(place_));
+    bool passes() const {
+        if ((place_.*Test)()) [[likely]]
+            return true;
+        return place_.isWatched() && reportedTest<Test, Name>(place_);
     }
     template <class Number, auto Read, const char* Name>
-    [[gnu::always_inline]] Number number() const {
+    Number number() const {
         using Wide = decltype((place_.*Read)());
-        if (place_.isInteger()) return static_cast<Number>(static_cast<Wide>(place_.integer()));
-        if constexpr (std::is_same_v<Wide, double>) {
-            if (place_.isReal()) return static_cast<Number>(place_.real());
+        if (!place_.isInteger()) [[unlikely]] {
+            if constexpr (std::is_same_v<Wide, double>) {
+                if (place_.isReal()) return static_cast<Number>(place_.real());
+            }
+            if (place_.isKnownInteger()) return static_cast<Number>(static_cast<Wide>(place_.knownInteger()));
+            return otherNumber<Number, Read, Name>(place_);
         }
-        if (place_.isKnownInteger()) return static_cast<Number>(static_cast<Wide>(place_.knownInteger()));
-        return otherNumber<Number, Read, Name>(place_);
+        return static_cast<Number>(static_cast<Wide>(place_.integer()));
     }
     template <class Number, auto Read, const char* Name>
     [[gnu::noinline]] static Number otherNumber(Place place) {
@@ -211,15 +215,21 @@ class Node {
         return static_cast<Number>((place.*Read)());
     }
 
-    // ---- what is not only copied: apart, since it needs a frame of its own
-    [[gnu::noinline]] void otherRawTo(char* field, std::size_t count) const;
-    [[gnu::noinline]] void otherUtf8To(char* field, int limit) const;
-    [[gnu::noinline]] char* copiedHeap() const;
-    [[gnu::noinline]] char* otherHeapUtf8() const;
-    [[gnu::noinline]] char* otherHeapString() const;
+    // ---- texts. Places are handed over by value: an address of one would keep it out of a register.
+    static void RawTo(Place place, char* field, std::size_t count);
+    static void Utf8To(Place place, char* field, int limit);
+    static void RenderTo(Place place, char* field, int size);
+    static char* HeapUtf8(Place place);
+    static char* HeapString(Place place);
+    // What is not only copied: apart, since it needs a frame of its own.
+    [[gnu::noinline]] static void OtherRawTo(Place place, char* field, std::size_t count);
+    [[gnu::noinline]] static void OtherUtf8To(Place place, char* field, int limit);
+    [[gnu::noinline]] static char* CopiedHeap(Place place);
+    [[gnu::noinline]] static char* OtherHeapUtf8(Place place);
+    [[gnu::noinline]] static char* OtherHeapString(Place place);
 
     // ---- for an observer. A watched place reads as null, so that whoever finds something need not ask whether it is
-    // one. Places are handed over by value: an address of one would keep it out of a register.
+    // one.
     /// The node of a watched value; of others, this.
     Node plain() const { return place_.isWatched() ? Node(valueOf(place_)) : *this; }
     [[gnu::cold]] static Place valueOf(Place watched);
@@ -257,9 +267,9 @@ class Node {
                                          std::size_t wanted);
     template <class Number>
     [[gnu::cold]] static void reportNumber(Place watched, std::string_view operation, Number number, int added = 0);
-    [[gnu::cold]] void watchedUtf8To(char* field, int limit) const;
-    [[gnu::cold]] bool watchedStringTo(char* field, int size) const;
-    [[gnu::cold]] void watchedRenderTo(char* field, int size) const;
+    [[gnu::cold]] static void WatchedUtf8To(Place watched, char* field, int limit);
+    [[gnu::cold]] static bool WatchedStringTo(Place watched, char* field, int size);
+    [[gnu::cold]] static void WatchedRenderTo(Place watched, char* field, int size);
     [[gnu::cold]] int watchedIntPlusOne() const;
     [[gnu::cold]] long long watchedRealToInt64() const;
     /// Looks the text up by find, which gives a row of the table or null.
@@ -273,10 +283,9 @@ class Node {
 /// on the list does not compile.
 template <const auto& List>
 class Members {
-    static constexpr std::size_t kCount = List.names.size();
+  public:
     static constexpr NameIndex kIndex = List.index();
 
-  public:
     struct Name {
         std::size_t index;
         template <std::size_t N>
@@ -293,7 +302,7 @@ class Members {
     Node operator[](Name name) const { return at(name.index); }
 
   private:
-    std::array<Place, kCount> found_;
+    std::array<Place, List.names.size()> found_;
 };
 
 }  // namespace jsonparser

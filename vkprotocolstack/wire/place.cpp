@@ -106,6 +106,7 @@ Place PlaceOf(bool value) {
 [[gnu::noinline, gnu::aligned(64)]] void FindMembers(const Json::Value& object, bool copies, const NameIndex& names,
                                                      Place* places) {
     constexpr std::size_t kMembersALookup = 8;  // that a walk visits while one name is looked up
+    std::fill_n(places, names.count, Place());
     std::size_t left = object.size();
     if (left / kMembersALookup > names.count) {
         if (object.type() != Json::objectValue) return;
@@ -141,11 +142,7 @@ Place PlaceOf(bool value) {
 
 /// The same of an object on the tape.
 [[gnu::noinline]] void FindOnTape(const TextEntry& object, const NameIndex& names, Place* found) {
-    if (object.matched == names.names) {
-        static_assert(sizeof(Place) == sizeof(MarkedEntry));
-        std::memcpy(static_cast<void*>(found), SlotsOf(&object, names.count), names.count * sizeof *found);
-        return;
-    }
+    std::fill_n(found, names.count, Place());
     const TextEntry* child = object.first();
     const TextEntry* const end = object.behind();
     const std::string_view* next = names.names;
@@ -327,7 +324,7 @@ void Place::convertedRenderTo(char* field, int size) const {
 Place Place::member(std::string_view name) const {
     if (type() != Json::objectValue) return isWatched() ? trail().member(name) : Place();
     if (!isOnTape()) return under(FindMember(*address(), name));
-    Place found;  // of members with the same name the last one counts
+    Place found{};  // of members with the same name the last one counts
     const TextEntry* child = entry().first();
     for (std::size_t left = entry().size; left > 0; --left, child = child->next()) {
         if (child->nameSize == name.size() && SameBytes(child->name, name.data(), name.size())) found = Place(child);
@@ -344,12 +341,16 @@ void Place::watchedMembers(const NameIndex& names, Place* found) const {
 
 void Place::members(const NameIndex& names, Place* found) const {
     if (!isOnTape()) {
-        if (exists()) FindMembers(*address(), knownBelow() == kCopying, names, found);
+        if (exists()) return FindMembers(*address(), knownBelow() == kCopying, names, found);
+    } else if (const Place* const places = matched(names)) {
+        std::copy_n(places, names.count, found);
+        return;
     } else if (entry().type == TextType::Object) {
-        FindOnTape(entry(), names, found);
+        return FindOnTape(entry(), names, found);
     } else if (isWatched()) {
-        watchedMembers(names, found);
+        return watchedMembers(names, found);
     }
+    std::fill_n(found, names.count, Place());
 }
 
 }  // namespace jsonparser

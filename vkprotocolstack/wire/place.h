@@ -12,6 +12,8 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 #include "vkprotocolstack/wire/names.h"
 #include "vkprotocolstack/wire/resolve.h"
@@ -83,6 +85,7 @@ class Place {
         kCopiedText = 6  ///< one that converters may copy into fields up to its first NUL (see copied_text.h)
     };
 
+    /// Missing, where it is written Place() or Place{}: else not set, so that arrays of places take no clearing.
     Place() = default;
     explicit Place(const Json::Value* value) : bits_(reinterpret_cast<std::uintptr_t>(value)) {}
     Place(const Json::Value& value, Known known) : bits_(reinterpret_cast<std::uintptr_t>(&value) | known) {}
@@ -95,7 +98,8 @@ class Place {
     bool exists() const { return bits_ != 0; }
     /// Neither missing nor null.
     bool isPresent() const {
-        if (isOnTape()) return entry().type > TextType::Watched;
+        if (isOnTape()) [[likely]]
+            return entry().type > TextType::Watched;
         if (isTyped()) [[likely]]
             return true;
         return bits_ != 0 && address()->type() != Json::nullValue;
@@ -114,7 +118,9 @@ class Place {
     bool isUInt() const { return isInteger() ? integer() >= 0 && integer() <= UINT_MAX : otherIsUInt(); }
 
     /// An integer on the tape, which needs no conversion.
-    bool isInteger() const { return isOnTape() && entry().type == TextType::Integer; }
+    bool isInteger() const {
+        return __builtin_expect(isOnTape(), 1) && __builtin_expect(entry().type == TextType::Integer, 1);
+    }
     std::int64_t integer() const { return entry().integer; }
     /// An integer in a tree that is known to be one.
     bool isKnownInteger() const { return known() == kInteger; }
@@ -181,32 +187,18 @@ class Place {
         }
         return type() == Json::arrayValue ? under(FindElement(*address(), index)) : Place();
     }
-    /// The first N elements. Faster than one by one.
-    template <std::size_t N>
-    std::array<Place, N> first() const {
-        std::array<Place, N> found;
-        if (isOnTape()) {
-            if (entry().type != TextType::Array) {
-                if (isWatched()) [[unlikely]]
-                    for (std::size_t i = 0; i < N; ++i) found[i] = WatchedElement(*this, i);
-                return found;
+    /// The first N elements, each as an Element made of its place. Faster than one by one.
+    template <std::size_t N, class Element = Place>
+    [[gnu::always_inline]] std::array<Element, N> first() const {
+        constexpr std::make_index_sequence<N> kIndexes;
+        if (isOnTape() && entry().type == TextType::Array && entry().size >= N && entry().isFlat()) [[likely]]
+            return [first = entry().first()]<std::size_t... I>(std::index_sequence<I...>) {
+                return std::array{Element(Place(first + I))...};
             }
-            const TextEntry* element = entry().first();
-            if (entry().size >= N && entry().isFlat()) [[likely]] {
-                for (std::size_t i = 0; i < N; ++i) found[i] = Place(element + i);
-                return found;
-            }
-            const std::size_t count = std::min<std::size_t>(entry().size, N);
-            for (std::size_t i = 0; i < count; ++i, element = element->next()) found[i] = Place(element);
-            return found;
-        }
-        if (type() == Json::arrayValue) {
-            std::array<const Json::Value*, N> elements;
-            const std::size_t count = FindFirst(*address(), N, elements.data());
-            std::transform(elements.begin(), elements.begin() + count, found.begin(),
-                           [known = knownBelow()](const Json::Value* element) { return Place(*element, known); });
-        }
-        return found;
+        (kIndexes);
+        const std::array<Place, N> found = otherFirst<N>();
+        return [&found]<std::size_t... I>(std::index_sequence<I...>) { return std::array{Element(found[I])...}; }
+        (kIndexes);
     }
     /// Calls visit with the first elements of an array, at most so many, and their indexes, until it returns false.
     /// @return whether it never did
@@ -220,9 +212,14 @@ class Place {
                });
     }
     Place member(std::string_view name) const;
-    /// Looks up the names at one go. What is not there is left in found, which holds missing places. What is false or
-    /// true may be a place on a tape also where this is one in a tree.
+    /// Looks up the names at one go. What is false or true may be a place on a tape also where this is one in a tree.
     void members(const NameIndex& names, Place* found) const;
+    /// The same places, where the pass over the text has put them beside the object; else null.
+    const Place* matched(const NameIndex& names) const {
+        static_assert(sizeof(Place) == sizeof(MarkedEntry) && std::is_trivial_v<Place>);
+        if (!isOnTape() || entry().type != TextType::Object || entry().matched != names.names) return nullptr;
+        return reinterpret_cast<const Place*>(SlotsOf(&entry(), names.count));
+    }
 
     /// The value in jsoncpp's tree, or null when missing. Not for places on a tape.
     const Json::Value* address() const { return reinterpret_cast<const Json::Value*>(bits_ & ~kKnown); }
@@ -245,6 +242,24 @@ class Place {
     Known knownBelow() const { return static_cast<Known>(bits_ & kCopying); }
     /// The place of what stands there; null is missing.
     Place under(const Json::Value* value) const { return value == nullptr ? Place() : Place(*value, knownBelow()); }
+    /// Of what is not a flat array on the tape.
+    template <std::size_t N>
+    std::array<Place, N> otherFirst() const {
+        std::array<Place, N> found{};
+        if (isWatched()) [[unlikely]] {
+            for (std::size_t i = 0; i < N; ++i) found[i] = WatchedElement(*this, i);
+        } else if (isOnTape()) {
+            const std::size_t count = std::min(size(), N);
+            const TextEntry* element = entry().first();
+            for (std::size_t i = 0; i < count; ++i, element = element->next()) found[i] = Place(element);
+        } else if (type() == Json::arrayValue) {
+            std::array<const Json::Value*, N> elements;
+            const std::size_t count = FindFirst(*address(), N, elements.data());
+            std::transform(elements.begin(), elements.begin() + count, found.begin(),
+                           [known = knownBelow()](const Json::Value* element) { return Place(*element, known); });
+        }
+        return found;
+    }
     /// Apart, and with visit expanded, which stands in too many walks for the compiler to do so by itself.
     template <class Visit>
     [[gnu::noinline, gnu::flatten]] static bool AllElementsOnTape(Place array, std::size_t most, Visit& visit) {
@@ -297,7 +312,7 @@ class Place {
         return kTypes[static_cast<std::size_t>(type)];
     }
 
-    std::uintptr_t bits_ = 0;
+    std::uintptr_t bits_;
 };
 
 }  // namespace jsonparser
