@@ -16,7 +16,11 @@ namespace jsonparser::support {
 class ThreadPointer {
   public:
     /// The calling thread's, null where it has none or it was released.
-    void* get() const { return exists() ? pthread_getspecific(key_) : nullptr; }
+    void* get() const {
+        if (exists()) [[likely]]
+            return pthread_getspecific(key_);
+        return nullptr;
+    }
 
     /// Does not release the one before. False where there is no memory for another than null, or no Lifetime.
     bool set(void* pointer) { return exists() && pthread_setspecific(key_, pointer) == 0; }

@@ -26,8 +26,8 @@ bool Read(Node schedule, Section* sections, int maxRows, int maxSegments, int* r
     if (rowsFound != nullptr) *rowsFound = static_cast<int>(rows);
     const auto stride = static_cast<std::size_t>(maxSegments);
     return schedule.allElements(rows, [=](Node row, std::size_t r) {
-        return row.allElements(
-            stride, [=](Node segment, std::size_t s) { return ReadLenient(segment, sections[r * stride + s]); });
+        Section* const first = sections + r * stride;
+        return row.allElements(stride, [first](Node segment, std::size_t s) { return ReadLenient(segment, first[s]); });
     });
 }
 

@@ -183,9 +183,10 @@ void MessageReading::Read(MessageText& text, std::string_view pointer, const Nam
     text.capacity_ = tape.capacity;
     text.part_ = pass.part;
     text.partPointerSize_ = pointer.copy(text.partPointer_, sizeof text.partPointer_);
-    if (!text.options_.strictOnly) {
+    if (!text.options_.strictOnly) [[likely]] {
         text.state_ = MessageText::State::Accepted;
-        if (!accepted) ReadTree(text);
+        if (!accepted) [[unlikely]]
+            ReadTree(text);
         return;
     }
     text.state_ = MessageText::State::Refused;
@@ -205,13 +206,16 @@ OfAccepted<Place> MessageReading::PlaceAt(const MessagePlace& place, const NameI
         // The tape says which texts are only copied: in another locale these are others.
         const bool isOutdated =
             text.state_ == MessageText::State::Accepted && text.tree_ == nullptr && text.copiesTexts_ != CopiesTexts();
-        if (text.state_ == MessageText::State::Unread || isOutdated) Read(text, pointer, expected);
+        if (text.state_ == MessageText::State::Unread || isOutdated) [[likely]]
+            Read(text, pointer, expected);
         const bool isObserved = ObserverScope::Current() != nullptr;
         if (text.state_ == MessageText::State::Accepted && isObserved && text.tree_ == nullptr) ReadTree(text);
-        if (text.state_ == MessageText::State::Refused) return {};
-        if (text.tree_ == nullptr) {
+        if (text.state_ == MessageText::State::Refused) [[unlikely]]
+            return {};
+        if (text.tree_ == nullptr) [[likely]] {
             std::string_view part(text.partPointer_, text.partPointerSize_);
-            if (pointer == part) return {PlaceOf(text.part_), true};
+            if (pointer == part) [[likely]]
+                return {PlaceOf(text.part_), true};
             if (!pointer.empty() && pointer.front() != '/') return {Place(), true};
             const bool isBelow = pointer.substr(0, part.size()) == part && pointer[part.size()] == '/';
             if (isBelow) return {OnTape(text.part_, pointer.substr(part.size())), true};

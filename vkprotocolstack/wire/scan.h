@@ -30,58 +30,74 @@ std::size_t Scan(std::string_view text, std::span<const NumberStep> steps, Signs
 /// One number of ScanPlain and what stands before it.
 [[gnu::always_inline]] inline bool ScanPlainNumber(const char*& at, const char* end, NumberStep step, int& value) {
     constexpr std::ptrdiff_t kSafe = 9;  // so many digits always fit
+    const auto digitAt = [](const char* p) { return static_cast<unsigned char>(*p) - unsigned{'0'}; };
     if (step.before != '\0' && (at == end || *at++ != step.before)) return false;
     const char* const begin = at;
     const char* const last = step.width != 0 && end - at > step.width ? at + step.width : end;
-    unsigned number = 0;
-    for (; at != last && *at >= '0' && *at <= '9'; ++at) number = number * 10 + static_cast<unsigned>(*at - '0');
+    if (at == last) return false;
+    unsigned number = digitAt(at++);
+    if (number > 9) return false;
+    for (unsigned digit = 0; at != last && (digit = digitAt(at)) <= 9; ++at) [[unlikely]] number = number * 10 + digit;
     value = static_cast<int>(number);
-    return at != begin && at - begin <= kSafe;
+    return at - begin <= kSafe;
 }
 
-/// Three numbers of ScanPlain at once, from the eight bytes of 00:00:00.
-[[gnu::always_inline]] inline bool ScanTime(const char* at, int& hours, int& minutes, int& seconds) {
+/// The eight bytes of a time 00:00:00, with the values of its digits.
+[[gnu::always_inline]] inline std::uint64_t TimeAt(const char* at) {
     static_assert(std::endian::native == std::endian::little);
-    constexpr std::uint64_t kZero = 0x30303A30303A3030;    // 00:00:00
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, at, sizeof bytes);
+    return bytes ^ 0x30303A30303A3030;  // 00:00:00
+}
+inline constexpr std::uint64_t kNoTime = 0x8080FF8080FF8080;  ///< bits of OddsOfTime that are set in no time
+[[gnu::always_inline]] inline std::uint64_t OddsOfTime(std::uint64_t time) {
     constexpr std::uint64_t kAbove9 = 0x7676007676007676;  // takes what is more than 9 to the highest bit
-    constexpr std::uint64_t kNone = 0x8080FF8080FF8080;    // the bits that only something else sets
-    std::uint64_t digits = 0;
-    std::memcpy(&digits, at, sizeof digits);
-    digits ^= kZero;
-    if (((digits | (digits + kAbove9)) & kNone) != 0) return false;
-    const std::uint64_t numbers = digits * 10 + (digits >> 8);
+    return time | (time + kAbove9);
+}
+[[gnu::always_inline]] inline void TakeTime(std::uint64_t time, int& hours, int& minutes, int& seconds) {
+    const std::uint64_t numbers = time * 10 + (time >> 8);
     hours = static_cast<int>(numbers & 0xFF);
     minutes = static_cast<int>(numbers >> 24 & 0xFF);
     seconds = static_cast<int>(numbers >> 48 & 0xFF);
-    return true;
+}
+
+/// Bytes of the times that follow each other from the numbers at i on, each with what stands before it.
+template <std::size_t N>
+constexpr std::size_t SizeOfTimes(const NumberFormat<N>& format, std::size_t i) {
+    std::size_t size = 0;
+    for (; i + 3 <= N && format.isTime(i); i += 3) size += format.steps()[i].before == '\0' ? 8U : 9U;
+    return size;
 }
 
 /// Scans what texts look like as a rule: numbers without signs, those between colons of two digits, no number of very
 /// many, and before each what the format has and no more. The compiler unrolls it for each format.
 /// @param values a tuple of as many int; for an array the compiler would guard the caller's frame
+/// @param odds of all times before
 /// @return whether the text is such a one; what is in values counts only then
 template <std::size_t I = 0, std::size_t N, class Values>
-[[gnu::always_inline]] inline bool ScanPlain(const char* at, const char* end, const NumberFormat<N>& format,
-                                             Values& values) {
+[[gnu::always_inline]] inline bool ScanPlain(const char* at, std::size_t left, const NumberFormat<N>& format,
+                                             Values& values, std::uint64_t odds = 0) {
     if constexpr (I == N) {
-        return true;
+        return (odds & kNoTime) == 0;
     } else {
+        const NumberStep step = format.steps()[I];
         if constexpr (I + 3 <= N) {
             if (format.isTime(I)) {
-                const NumberStep first = format.steps()[I];
-                const std::ptrdiff_t length = first.before == '\0' ? 8 : 9;
-                if (end - at < length || (first.before != '\0' && *at != first.before)) return false;
-                const char* const behind = at + length;
+                if (left < SizeOfTimes(format, I) || (step.before != '\0' && *at++ != step.before)) return false;
+                left -= step.before == '\0' ? 8U : 9U;
                 bool isWhole = format.steps()[I + 2].width != 0;
                 if constexpr (I + 3 < N) isWhole |= format.steps()[I + 3].before != '\0';
-                isWhole = isWhole || behind == end || *behind < '0' || *behind > '9';
-                return isWhole &&
-                       ScanTime(behind - 8, std::get<I>(values), std::get<I + 1>(values), std::get<I + 2>(values)) &&
-                       ScanPlain<I + 3>(behind, end, format, values);
+                if (!isWhole && left != 0) [[unlikely]] {
+                    if (at[8] >= '0' && at[8] <= '9') return false;
+                }
+                const std::uint64_t time = TimeAt(at);
+                TakeTime(time, std::get<I>(values), std::get<I + 1>(values), std::get<I + 2>(values));
+                return ScanPlain<I + 3>(at + 8, left, format, values, odds | OddsOfTime(time));
             }
         }
-        return ScanPlainNumber(at, end, format.steps()[I], std::get<I>(values)) &&
-               ScanPlain<I + 1>(at, end, format, values);
+        const char* const end = at + left;
+        return ScanPlainNumber(at, end, step, std::get<I>(values)) &&
+               ScanPlain<I + 1>(at, static_cast<std::size_t>(end - at), format, values, odds);
     }
 }
 
@@ -90,7 +106,7 @@ template <class... Word>
 [[gnu::always_inline]] inline bool ScanPlainInto(std::string_view text, const NumberFormat<sizeof...(Word)>& format,
                                                  Word&... words) {
     std::tuple<decltype(sizeof(Word), int())...> values;
-    if (!ScanPlain(text.data(), text.data() + text.size(), format, values)) return false;
+    if (!ScanPlain(text.data(), text.size(), format, values)) return false;
     std::apply([&](auto... value) { ((words = static_cast<Word>(value)), ...); }, values);
     return true;
 }

@@ -716,16 +716,49 @@ class Pass {
             entry->type = TextType::Integer;
         } while (*p == ',');
         if (*p != ']') return nullptr;
-        array.size = static_cast<std::uint32_t>(entry - &array);
-        next_ = entry + 1;
-        array.span = BytesBetween(&array, next_);
-        array.type = TextType::Array;
+        closeFlat(array, entry);
         return p + 1;
     }
 
-    /// tapeIntegers, where it is likely, in depth containers.
-    ALWAYS_INLINE const char* likelyIntegers(const char* p, TextEntry& array, std::size_t depth) {
-        return *p == '[' && DigitOf(p[1]) <= 9 && depth + 1 < maxDepth_ ? tapeIntegers(p, array) : nullptr;
+    /// The same of an array of texts without escapes, each shorter than a block, and without blanks between them. A
+    /// text's end is told from that of the text before by the endings between them, as far as those are at hand.
+    [[gnu::noinline]] const char* tapeTexts(const char* p, TextEntry& array) {
+        TextEntry* entry = &array;
+        p += 2;
+        for (;;) {
+            if (p >= behindAhead_) return nullptr;
+            const char* const from = p;
+            std::uint64_t endings = endingsFrom(from);
+            if (endings == 0) return nullptr;
+            do {
+                if (++entry == limit_) return nullptr;
+                const char* const close = from + __builtin_ctzll(endings);
+                shortText(p, close, *entry);
+                if (!is(close, "\",")) {
+                    if (!is(close, "\"]")) return nullptr;
+                    closeFlat(array, entry);
+                    return close + 2;
+                }
+                if (close[2] != '"') return nullptr;
+                p = close + 3;
+                endings &= endings - 1;  // but for the one at close
+                endings &= endings - 1;  // and for the quote in front of p
+            } while (endings != 0);
+        }
+    }
+
+    void closeFlat(TextEntry& array, TextEntry* last) {
+        array.size = static_cast<std::uint32_t>(last - &array);
+        next_ = last + 1;
+        array.span = BytesBetween(&array, next_);
+        array.type = TextType::Array;
+    }
+
+    /// tapeIntegers or tapeTexts, where it is likely, in depth containers.
+    ALWAYS_INLINE const char* likelyFlat(const char* p, TextEntry& array, std::size_t depth) {
+        if (*p != '[' || depth + 1 >= maxDepth_) return nullptr;
+        if (DigitOf(p[1]) <= 9) return tapeIntegers(p, array);
+        return p[1] == '"' ? tapeTexts(p, array) : nullptr;
     }
 
     /// Takes down the container at p, whose entry is the tape's last, and what is in it.
@@ -835,7 +868,7 @@ class Pass {
         ++p;
         goto element;
     nested:
-        if (const char* const behind = likelyIntegers(p, *entry, depth)) {
+        if (const char* const behind = likelyFlat(p, *entry, depth)) {
             p = behind;
             if (p == end_) [[unlikely]]
                 return declined(p);
@@ -919,8 +952,7 @@ class Pass {
         MarkedEntry* slot = slots();
         const char* const lastBlock = lastBlock_;
         std::size_t inMembers = 0;  // bytes of the entries of what stands in members
-        TextEntry* next = next_;
-        TextEntry* entry = nullptr;
+        TextEntry* entry = next_;   // behind the tape's last one
         // Two bytes before a member: behind a comma that is the end of the value before, so that from a text to the
         // next one it is one addition. An address, since the first member may begin at the message's second byte.
         std::uintptr_t last = 0;
@@ -933,16 +965,14 @@ class Pass {
     behindComma:
         last = reinterpret_cast<std::uintptr_t>(p) - 2;
     member:
-        entry = next++;
         p = reinterpret_cast<const char*>(last + 2);
         if (p <= lastBlock) [[likely]] {
             if (Blocks::Starts(p, *quoted)) [[likely]]
                 goto matched;
             const std::size_t other = order == nullptr ? 0 : order[slot - slots()];
             if (other - 1 < expected.count && Blocks::Starts(p, expected.quoted[other - 1])) {
-                if (!makeRoomForExpected(next, order)) [[unlikely]]
+                if (!makeRoomForExpected(entry, order)) [[unlikely]]
                     return declined(p);
-                entry = next - 1;
                 quoted = expected.quoted + (other - 1);
                 slot = slots() + (other - 1);
                 goto matched;
@@ -962,9 +992,9 @@ class Pass {
             slot = slots() + found;
             slot[-1] = Marked(entry);
         }
-        if (!makeRoomForExpected(next, order)) [[unlikely]]
+        if (!makeRoomForExpected(++entry, order)) [[unlikely]]
             return declined(p);
-        entry = next - 1;
+        --entry;
         slot = slots() + (quoted - expected.quoted);
         ++p;
         goto value;
@@ -978,30 +1008,30 @@ class Pass {
         if (p[-1] == '"') {
             const char* const ending = nearEnding(p);
             if (ending != nullptr && is(ending, "\",")) [[likely]] {
-                shortText(p, ending, *entry);
+                shortText(p, ending, *entry++);
                 last = reinterpret_cast<std::uintptr_t>(ending);
                 goto member;
             }
-            p = text(p, *entry);
+            p = text(p, *entry++);
         } else if (DigitOf(p[-1]) <= 9) {
             bool comma = false;
-            p = numberWithComma(p - 1, *entry, comma);
+            p = numberWithComma(p - 1, *entry++, comma);
             if (comma) goto behindComma;
         } else if (IsContainer(p[-1])) {
             --p;
-            next_ = next;
+            next_ = entry + 1;
             const MarkedEntry tape = Marked(tape_.entries);
             const auto number = static_cast<std::size_t>(slot - slots());
-            const std::size_t before = BytesBetween(tape_.entries, next);
-            const char* const behind = likelyIntegers(p, *entry, depth);
-            p = behind != nullptr ? behind : tapeContainer(p, depth);
+            const std::size_t before = BytesBetween(tape_.entries, next_);
+            const char* const close = likelyFlat(p, *entry, depth);
+            p = close != nullptr ? close : tapeContainer(p, depth);
             if (p == nullptr) [[unlikely]]
                 return nullptr;
-            next = next_;
-            inMembers += BytesBetween(tape_.entries, next) - before;
+            entry = next_;
+            inMembers += BytesBetween(tape_.entries, entry) - before;
             if (p == end_) [[unlikely]]
                 return declined(p);
-            if (!makeRoomForExpected(next, order)) [[unlikely]]
+            if (!makeRoomForExpected(entry, order)) [[unlikely]]
                 return declined(p);
             if (Marked(tape_.entries) != tape) [[unlikely]] {
                 slot = slots() + number;
@@ -1011,14 +1041,14 @@ class Pass {
             p = skipManyBlanks(p) + 1;
             goto value;
         } else {
-            p = word(p - 1, *entry);
+            p = word(p - 1, *entry++);
         }
         if (p == nullptr) [[unlikely]]
             return nullptr;
         if (*p != ',') {
             p = skipBlanks(p);
             if (*p == '}') {
-                next_ = next;
+                next_ = entry;
                 return closeExpected(p, inMembers);
             }
             if (*p != ',') [[unlikely]]

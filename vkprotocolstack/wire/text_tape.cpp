@@ -19,25 +19,28 @@ constexpr std::size_t kLargestSpare = 4096;
 
 bool TextTape::leaveAsSpare(TextEntry* block, std::size_t capacity) {
     static const support::ThreadPointer::Lifetime lifetime(spare, std::free);
-    if (capacity > kLargestSpare || spare.get() != nullptr) return false;
+    if (capacity > kLargestSpare || spare.get() != nullptr) [[unlikely]]
+        return false;
     block[kOrderEntries].span = capacity;
     return spare.set(block);
 }
 
 TextEntry* TextTape::takeSpare() {
     auto* const block = static_cast<TextEntry*>(spare.get());
-    if (block != nullptr) spare.set(nullptr);
+    if (block != nullptr) [[likely]]
+        spare.set(nullptr);
     return block;
 }
 
 void TextTape::GiveBack(TextEntry* block, std::size_t capacity) {
-    if (!leaveAsSpare(block, capacity)) std::free(block);
+    if (!leaveAsSpare(block, capacity)) [[unlikely]]
+        std::free(block);
 }
 
 bool TextTape::grow(std::size_t used) {
-    if (entries == nullptr) {
+    if (entries == nullptr) [[likely]] {
         TextEntry* const last = takeSpare();
-        if (last != nullptr) {
+        if (last != nullptr) [[likely]] {
             entries = last + kOrderEntries;
             capacity = entries->span;
             return true;

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
 namespace jsonparser {
@@ -51,7 +52,11 @@ struct TextEntry {
     /// Of an array or an object that is not empty.
     const TextEntry* first() const { return this + 1; }
     /// The element or member behind this one, where there is one more.
-    const TextEntry* next() const { return isContainer() ? behind() : this + 1; }
+    const TextEntry* next() const {
+        if (!isContainer()) [[likely]]
+            return this + 1;
+        return behind();
+    }
     /// Of an array or an object: behind all that is in it.
     const TextEntry* behind() const {
         return reinterpret_cast<const TextEntry*>(reinterpret_cast<const char*>(this) + span);
@@ -81,7 +86,7 @@ struct TextEntry {
 using MarkedEntry = std::uintptr_t;
 inline constexpr MarkedEntry kOnTape = 1;
 [[gnu::always_inline]] inline MarkedEntry Marked(const TextEntry* entry) {
-    return reinterpret_cast<MarkedEntry>(entry) + kOnTape;
+    return reinterpret_cast<MarkedEntry>(std::assume_aligned<alignof(TextEntry)>(entry)) + kOnTape;
 }
 
 /// Before a part that was matched against a list of names stand the slots of these: the member of each name, the last
