@@ -702,6 +702,32 @@ TEST(MessageText, TextsAreInTheEncodingOfTheLocaleAtTheTimeOfEachReader) {
     }
 }
 
+TEST(MessageText, ChecksTextsThatNobodyReadsWhereverTheyEnd) {
+    MessageTextOptions strict;
+    strict.strictOnly = true;
+    const std::pair<const char*, bool> ends[] = {
+        {"",     true },
+        {"\\n",  true },
+        {"\\\\", true },
+        {"\\\"", true },
+        {"\\x",  false},
+        {"\x01", false},
+        {"\\",   false}
+    };
+    WithEachForm([&] {
+        for (std::size_t name = 0; name < 70; ++name) {
+            for (std::size_t size = 0; size < 70; ++size) {
+                const std::string begin = "{\"x\":{\"" + std::string(name, 'n') + "\":\"" + std::string(size, 't');
+                for (const auto& [end, isValid] : ends) {
+                    const std::string message = begin + end + R"(","b":true,"c":[1.5,null]},"y":2})";
+                    MessageText body(message, strict);
+                    ASSERT_EQ(body.at("/y").exists(), isValid) << name << ' ' << size << ' ' << end;
+                }
+            }
+        }
+    });
+}
+
 class Ignoring : public jsonparser::Observer {
     void look(const jsonparser::Look&) override {}
 };

@@ -14,6 +14,7 @@
 
 namespace {
 
+using jsonparser::NameIndex;
 using jsonparser::NameList;
 using jsonparser::Node;
 using jsonparser::Place;
@@ -257,6 +258,10 @@ void ExpectElements(const Place& array, const int (&expected)[N]) {
     EXPECT_FALSE(array.element(N).exists());
     EXPECT_FALSE(first[N].exists());
     EXPECT_FALSE(first[N + 1].exists());
+    const auto all = array.first<N>();
+    const auto allButLast = array.first<N - 1>();
+    for (std::size_t i = 0; i < N; ++i) EXPECT_EQ(numberAt(all[i]), expected[i]) << i;
+    for (std::size_t i = 0; i + 1 < N; ++i) EXPECT_EQ(numberAt(allButLast[i]), expected[i]) << i;
     std::size_t walked = 0;
     EXPECT_TRUE(array.allElements(N, [&](Place element, std::size_t) {
         EXPECT_EQ(numberAt(element), expected[walked]) << walked;
@@ -319,22 +324,29 @@ TEST(Place, MembersAreTheSameByNameAndTogether) {
 
 TEST(Place, OfEveryNameIsSetWhateverItWas) {
     static constexpr NameList kNames{"a", "b"};
-    const Taken taken(R"([{}, {"x":1}, {"b":2}, [3], "text", 4, 5.5, true, null])");
-    const Json::Value tree = Json(R"([{}, {"x":1}, {"b":2}, [3], "text", 4, 5.5, true, null])");
-    std::vector<Place> places{Place(), Place(&Json::Value::nullSingleton())};
+    constexpr NameIndex kIndex = kNames.index();
+    std::string large = R"({"b":2)";
+    for (int i = 0; i < 30; ++i) large += ",\"x" + std::to_string(i) + "\":0";
+    const std::string text = R"([{}, {"x":1}, {"b":2}, )" + large +
+                             R"(}, [3], [0,1,2,3,4,5,6,7,8,9,0,1,2,3,4,5,6,7,8,9], "text", 4, 5.5, true, null])";
+    const Taken taken(text);
+    const Taken matched(large + '}', 128, TextType::Text, &kIndex);
+    const Json::Value tree = Json(text);
+    std::vector<Place> places{Place(), Place(&Json::Value::nullSingleton()), Place(&matched.root())};
     for (const Place array : {Place(&taken.root()), Place(&tree)}) {
-        for (std::size_t i = 0; i < 9; ++i) places.push_back(array.element(i));
+        ASSERT_EQ(array.size(), 11U);
+        for (std::size_t i = 0; i < array.size(); ++i) places.push_back(array.element(i));
     }
     std::size_t found = 0;
     for (const Place place : places) {
         Place members[] = {Place(&tree), Place(&taken.root())};
-        place.members(kNames.index(), members);
+        place.members(kIndex, members);
         EXPECT_FALSE(members[0].exists());
         if (!members[1].exists()) continue;
         EXPECT_EQ(members[1].asInt(), 2);
         ++found;
     }
-    EXPECT_EQ(found, 2U);
+    EXPECT_EQ(found, 5U);
 }
 
 TEST(CopyText, WritesTheTextAndATerminatorAndNoMore) {

@@ -34,6 +34,9 @@ constexpr std::tuple kFormats{
     NumberFormat<3>("%d:%u:%d"),
     NumberFormat<4>("%u:%02d:%d:%02u"),
     NumberFormat<4>("x%02d:%02d:%02d:%02d"),
+    NumberFormat<4>("%d:%d:%d%d"),
+    NumberFormat<6>("%d:%d:%d%d:%d:%d"),
+    NumberFormat<6>("%02d:%02d:%02d%02d:%02d:%02d"),
     NumberFormat<1>("%d"),
     NumberFormat<1>("%u"),
     NumberFormat<1>(" %d"),
@@ -248,11 +251,15 @@ TEST(Scan, EndsAtTheFirstNul) {
 }
 
 TEST(Scan, ReadsNoFurtherThanTheText) {
-    const std::string text = "1 12:34:56-01:23:45";
-    constexpr NumberFormat<7> kSegment("%d %d:%d:%d-%d:%d:%d");
-    for (std::size_t length = 0; length <= text.size(); ++length) {
-        const std::vector<char> bytes(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length));
-        EXPECT_EQ(ByScan({bytes.data(), length}, kSegment), BySscanf(text.substr(0, length), kSegment)) << length;
+    for (const std::string text :
+         {"1 12:34:56-01:23:45", "12:34:5601:23:45", "12:34:56789", "2024-01-05 08:30:00.250", "x08:30:00:15"}) {
+        for (std::size_t length = 0; length <= text.size(); ++length) {
+            const std::vector<char> bytes(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length));
+            ForFormats([&](const auto& format) {
+                EXPECT_EQ(ByScan({bytes.data(), length}, format), BySscanf(text.substr(0, length), format))
+                    << length << " of " << text << " by " << format.text();
+            });
+        }
     }
 }
 

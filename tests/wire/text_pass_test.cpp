@@ -471,8 +471,9 @@ TEST_P(EveryForm, ReadsIntegersOfAnyLengthWhateverIsBehindThem) {
     }
 }
 
-// An array that begins with a digit is first taken for one of short integers: with a blank before that it never is.
-TEST_P(EveryForm, TakesArraysOfIntegersDownAsAnyOthers) {
+// An array that begins with a digit is first taken for one of short integers, and one that begins with a quote for one
+// of short texts: with a blank before that it never is.
+TEST_P(EveryForm, TakesFlatArraysDownAsAnyOthers) {
     NameIndex expected = kExpected.index();
     const std::string bodies[] = {
         "1",
@@ -501,6 +502,25 @@ TEST_P(EveryForm, TakesArraysOfIntegersDownAsAnyOthers) {
         "1,{\"a\":[2,3]}",
         "1x",
         "1\"a\"",
+        R"("")",
+        R"("a","","bc","")",
+        R"("a",1)",
+        R"("a",["b"])",
+        R"("a",{})",
+        R"("a" ,"b")",
+        R"("a", "b")",
+        R"("a","b" )",
+        R"("a",)",
+        R"("a",,"b")",
+        R"("a"})",
+        R"("a":"b")",
+        R"("a""b")",
+        R"("a","b\n","c")",
+        R"("a","\x")",
+        "\"a\",\"b\x01\"",
+        R"("a","b)",
+        R"("a",["b","c"],[["d"],"e"])",
+        R"("a",{"a":["b"]})",
     };
     for (const std::string& body : bodies) {
         const auto message = [&body](const std::string& blank) {
@@ -520,9 +540,25 @@ TEST_P(EveryForm, TakesArraysOfIntegersDownAsAnyOthers) {
     }
 }
 
+TEST_P(EveryForm, TakesArraysOfTextsDownWhereverTheyStandAndEnd) {
+    for (std::size_t before = 0; before < 9; ++before) {
+        for (std::size_t size = 0; size < 70; ++size) {
+            std::string message = '[' + std::string(before, ' ') + "[";
+            for (std::size_t i = 0; i < 400; ++i) message += '"' + std::string(size + i % 3, 'x') + "\",";
+            message.back() = ']';
+            const Taken taken(message + ",0]");
+            ASSERT_EQ(taken.root().size, 2U) << before << ' ' << size;
+            const jsonparser::TextEntry& array = taken.first();
+            ASSERT_EQ(array.size, 400U) << before << ' ' << size;
+            ASSERT_TRUE(array.isFlat());
+            for (std::size_t i = 0; i < 400; ++i) ASSERT_EQ(array.element(i)->size, size + i % 3) << before << ' ' << i;
+        }
+    }
+}
+
 // Its bracket is the message's last byte, as one that closes the message would be.
-TEST_P(EveryForm, DeclinesAMessageThatEndsWithAnArrayOfIntegersInIt) {
-    for (const std::string text : {"[[1]", R"([{"a":[1])", "[0,[1,2]", "[[[1]]"}) {
+TEST_P(EveryForm, DeclinesAMessageThatEndsWithAFlatArrayInIt) {
+    for (const std::string text : {"[[\"a\"]", "[0,[\"a\",\"b\"]", "[[1]", R"([{"a":[1])", "[0,[1,2]", "[[[1]]"}) {
         const Taken taken(text);
         EXPECT_FALSE(taken.accepted()) << text;
         EXPECT_EQ(taken.pass().stop, taken.pass().end) << text;

@@ -45,8 +45,8 @@ OfAccepted<Node> NodeAt(const MessagePlace& place, const NameList<N>& expected) 
     return NodeAt(place, &index);
 }
 
-/// The members of the object at a place, read where the pass over the text has put them, if it has: they live no longer
-/// than this, and than the message's text.
+/// The members of the object at a place, read where the pass over the text has put them, if it has: good while this and
+/// the text are, and no other reader is called for the text.
 template <const auto& List>
 class MembersAt {
   public:

@@ -126,8 +126,8 @@ void Node::Utf8To(Place place, char* field, int limit) {
 }
 
 void Node::OtherUtf8To(Place place, char* field, int limit) {
-    if (place.typed().isCopiedInTree()) {
-        Utf8To(place.typed(), field, limit);
+    if (const Place typed = place.typed(); typed.isCopiedInTree()) {
+        Utf8To(typed, field, limit);
     } else if (place.isPresent()) {
         CopyUtf8(place, field, limit);
     } else if (place.isWatched()) {

@@ -228,8 +228,7 @@ class Node {
     [[gnu::noinline]] static char* OtherHeapUtf8(Place place);
     [[gnu::noinline]] static char* OtherHeapString(Place place);
 
-    // ---- for an observer. A watched place reads as null, so that whoever finds something need not ask whether it is
-    // one.
+    // ---- for an observer. A watched place reads as null: whoever finds something need not ask whether it is one.
     /// The node of a watched value; of others, this.
     Node plain() const { return place_.isWatched() ? Node(valueOf(place_)) : *this; }
     [[gnu::cold]] static Place valueOf(Place watched);

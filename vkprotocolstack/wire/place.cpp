@@ -140,7 +140,7 @@ Place PlaceOf(bool value) {
     }
 }
 
-/// The same of an object on the tape.
+/// The same of an object on the tape that was not matched against these names.
 [[gnu::noinline]] void FindOnTape(const TextEntry& object, const NameIndex& names, Place* found) {
     std::fill_n(found, names.count, Place());
     const TextEntry* child = object.first();

@@ -212,7 +212,8 @@ class Place {
                });
     }
     Place member(std::string_view name) const;
-    /// Looks up the names at one go. What is false or true may be a place on a tape also where this is one in a tree.
+    /// Looks up the names at one go; found gets a missing place for what is not there. What is false or true may be a
+    /// place on a tape also where this is one in a tree.
     void members(const NameIndex& names, Place* found) const;
     /// The same places, where the pass over the text has put them beside the object; else null.
     const Place* matched(const NameIndex& names) const {
@@ -248,13 +249,12 @@ class Place {
         std::array<Place, N> found{};
         if (isWatched()) [[unlikely]] {
             for (std::size_t i = 0; i < N; ++i) found[i] = WatchedElement(*this, i);
-        } else if (isOnTape()) {
-            const std::size_t count = std::min(size(), N);
+        } else if (const std::size_t count = std::min(size(), N); count != 0 && isOnTape()) {
             const TextEntry* element = entry().first();
             for (std::size_t i = 0; i < count; ++i, element = element->next()) found[i] = Place(element);
-        } else if (type() == Json::arrayValue) {
+        } else if (count != 0) {
             std::array<const Json::Value*, N> elements;
-            const std::size_t count = FindFirst(*address(), N, elements.data());
+            FindFirst(*address(), N, elements.data());
             std::transform(elements.begin(), elements.begin() + count, found.begin(),
                            [known = knownBelow()](const Json::Value* element) { return Place(*element, known); });
         }

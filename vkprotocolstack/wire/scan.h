@@ -49,7 +49,7 @@ std::size_t Scan(std::string_view text, std::span<const NumberStep> steps, Signs
     std::memcpy(&bytes, at, sizeof bytes);
     return bytes ^ 0x30303A30303A3030;  // 00:00:00
 }
-inline constexpr std::uint64_t kNoTime = 0x8080FF8080FF8080;  ///< bits of OddsOfTime that are set in no time
+inline constexpr std::uint64_t kNoTime = 0x8080FF8080FF8080;  ///< bits of OddsOfTime that are 0 of every time
 [[gnu::always_inline]] inline std::uint64_t OddsOfTime(std::uint64_t time) {
     constexpr std::uint64_t kAbove9 = 0x7676007676007676;  // takes what is more than 9 to the highest bit
     return time | (time + kAbove9);
@@ -72,7 +72,8 @@ constexpr std::size_t SizeOfTimes(const NumberFormat<N>& format, std::size_t i) 
 /// Scans what texts look like as a rule: numbers without signs, those between colons of two digits, no number of very
 /// many, and before each what the format has and no more. The compiler unrolls it for each format.
 /// @param values a tuple of as many int; for an array the compiler would guard the caller's frame
-/// @param odds of all times before
+/// @param left bytes from at on
+/// @param odds OddsOfTime of all times before, together
 /// @return whether the text is such a one; what is in values counts only then
 template <std::size_t I = 0, std::size_t N, class Values>
 [[gnu::always_inline]] inline bool ScanPlain(const char* at, std::size_t left, const NumberFormat<N>& format,
@@ -83,6 +84,7 @@ template <std::size_t I = 0, std::size_t N, class Values>
         const NumberStep step = format.steps()[I];
         if constexpr (I + 3 <= N) {
             if (format.isTime(I)) {
+                // Also for the times that follow at once.
                 if (left < SizeOfTimes(format, I) || (step.before != '\0' && *at++ != step.before)) return false;
                 left -= step.before == '\0' ? 8U : 9U;
                 bool isWhole = format.steps()[I + 2].width != 0;

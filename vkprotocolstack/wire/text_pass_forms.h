@@ -99,6 +99,7 @@ class Pass {
 
   private:
     static constexpr std::size_t kBlock = 64;
+    static constexpr std::ptrdiff_t kMostOfReal = 100;  ///< bytes; one of more may be too large or small for a double
     static constexpr std::size_t kMostAhead = 32 * kBlock;
     static constexpr std::size_t kAheadSkipping = 4 * kBlock;
 
@@ -423,8 +424,7 @@ class Pass {
             exponentDigits = static_cast<std::size_t>(p - exponent);
             if (exponentDigits == 0) return declined(begin);
         }
-        // Beyond this a number may be too large or too small for a double.
-        if (p - begin > 100 || exponentDigits > 2) return declined(begin);
+        if (p - begin > kMostOfReal || exponentDigits > 2) return declined(begin);
         job_.hasReal = true;
         return p;
     }
@@ -460,15 +460,15 @@ class Pass {
     ALWAYS_INLINE const char* checkNumberWithComma(const char* p, bool& comma) {
         // Most have few digits: how many is known by where there is no more.
         const char* const digits = p;
-        if (!IsDigit(p[1])) {
+        if (DigitOf(p[1]) > 9) {
             p += 1;
         } else if (*digits == '0') {
             return declined(digits);
-        } else if (!IsDigit(p[2])) {
+        } else if (DigitOf(p[2]) > 9) {
             p += 2;
-        } else if (!IsDigit(p[3])) {
+        } else if (DigitOf(p[3]) > 9) {
             p += 3;
-        } else if (!IsDigit(p[4])) {
+        } else if (DigitOf(p[4]) > 9) {
             p += 4;
         } else {
             p = behindDigits(p + 5);
@@ -476,8 +476,27 @@ class Pass {
                 return checkScalar(digits);
         }
         comma = *p == ',';
-        if (comma) return p + 1;
+        if (comma) [[likely]]
+            return p + 1;
+        if (*p == '.') {
+            const char* const point = p;
+            while (DigitOf(*++p) <= 9) {
+            }
+            if (p - point == 1 || p - digits > kMostOfReal || kNumberGoesOn[*p]) return behindReal(digits, point);
+            job_.hasReal = true;
+            comma = *p == ',';
+            return comma ? p + 1 : p;
+        }
         return kNumberGoesOn[*p] ? behindReal(digits, p) : p;
+    }
+
+    /// Behind the value at p, which is no text, no container, and begins with no digit and no blank.
+    ALWAYS_INLINE const char* checkWord(const char* p) {
+        if (end_ - p > 5) [[likely]] {
+            if (std::memcmp(p, "true", 4) == 0 || std::memcmp(p, "null", 4) == 0) return p + 4;
+            if (std::memcmp(p, "false", 5) == 0) return p + 5;
+        }
+        return checkScalar(p);
     }
 
     [[gnu::noinline]] const char* checkScalar(const char* p) {
@@ -489,7 +508,7 @@ class Pass {
     ALWAYS_INLINE const char* otherWithComma(const char* p, std::size_t depth, bool& comma) {
         if (*p == '"') return checkTextWithComma(p + 1, comma);
         if (IsDigit(*p)) return checkNumberWithComma(p, comma);
-        if (!IsContainer(*p)) return checkScalar(p);
+        if (!IsContainer(*p)) return checkWord(p);
         return job_.skipOthers ? skipContainer(p) : checkContainer(p, depth);
     }
 
@@ -524,9 +543,21 @@ class Pass {
         p = skipQuote(p);
         if (p == nullptr) [[unlikely]]
             return nullptr;
-        const char* const ending = nearEnding(p);
-        if (ending != nullptr && is(ending, "\":")) [[likely]] {
-            p = ending + 2;
+        std::uint64_t endings = 0;
+        if (p < behindAhead_) [[likely]]
+            endings = endingsFrom(p);
+        if (endings != 0 && is(p + __builtin_ctzll(endings), "\":")) [[likely]] {
+            const char* const name = p;
+            p += __builtin_ctzll(endings) + 2;
+            if (*p == '"') {
+                // Where the text's end is at hand too, it need not wait for that of the name.
+                endings &= endings - 1;  // but for the one behind the name
+                endings &= endings - 1;  // and for the quote at p
+                if (endings != 0 && is(name + __builtin_ctzll(endings), "\",")) [[likely]] {
+                    p = name + __builtin_ctzll(endings) + 2;
+                    goto member;
+                }
+            }
         } else {
             p = checkName(p);
             if (p == nullptr) [[unlikely]]
@@ -535,9 +566,9 @@ class Pass {
     }
     memberValue : {
         bool comma = false;
-        if (*p == '"') {
+        if (*p == '"') [[unlikely]] {
             p = checkTextWithComma(p + 1, comma);
-        } else if (IsDigit(*p)) {
+        } else if (DigitOf(*p) <= 9) {
             p = checkNumberWithComma(p, comma);
         } else if (IsContainer(*p)) {
             goto open;
@@ -545,9 +576,10 @@ class Pass {
             p = skipManyBlanks(p);
             goto memberValue;
         } else {
-            p = checkScalar(p);
+            p = checkWord(p);
         }
-        if (comma) goto member;
+        if (comma) [[likely]]
+            goto member;
         if (p == nullptr) [[unlikely]]
             return nullptr;
     }
@@ -562,7 +594,7 @@ class Pass {
         goto member;
     element : {
         bool comma = false;
-        if (IsDigit(*p)) {
+        if (DigitOf(*p) <= 9) {
             p = checkNumberWithComma(p, comma);
         } else if (IsContainer(*p)) {
             goto open;
@@ -572,9 +604,10 @@ class Pass {
             p = skipManyBlanks(p);
             goto element;
         } else {
-            p = checkScalar(p);
+            p = checkWord(p);
         }
-        if (comma) goto element;
+        if (comma) [[likely]]
+            goto element;
         if (p == nullptr) [[unlikely]]
             return nullptr;
     }
@@ -913,7 +946,7 @@ class Pass {
         return 0;
     }
 
-    /// Makes room behind next, the tape's next entry, for the expected members that may follow, and one more. The tape
+    /// Makes room from next on, the tape's next entry, for the expected members that may follow, and one more. The tape
     /// may move, and order with it.
     /// @return false when there is no memory
     ALWAYS_INLINE bool makeRoomForExpected(TextEntry*& next, std::uint8_t*& order) {
@@ -952,7 +985,7 @@ class Pass {
         MarkedEntry* slot = slots();
         const char* const lastBlock = lastBlock_;
         std::size_t inMembers = 0;  // bytes of the entries of what stands in members
-        TextEntry* entry = next_;   // behind the tape's last one
+        TextEntry* entry = next_;   // the tape's next one: of the member that is read
         // Two bytes before a member: behind a comma that is the end of the value before, so that from a text to the
         // next one it is one addition. An address, since the first member may begin at the message's second byte.
         std::uintptr_t last = 0;

@@ -90,7 +90,7 @@ inline constexpr MarkedEntry kOnTape = 1;
 }
 
 /// Before a part that was matched against a list of names stand the slots of these: the member of each name, the last
-/// one of several, or 0. They take so many entries.
+/// one of several, as a place has it, or 0, which is a missing one. They take so many entries.
 [[gnu::always_inline]] constexpr std::size_t SlotEntries(std::size_t names) {
     constexpr std::size_t kSlots = sizeof(TextEntry) / sizeof(MarkedEntry);
     return (names + kSlots - 1) / kSlots;
