@@ -37,6 +37,7 @@ constexpr std::tuple kFormats{
     NumberFormat<4>("%d:%d:%d%d"),
     NumberFormat<6>("%d:%d:%d%d:%d:%d"),
     NumberFormat<6>("%02d:%02d:%02d%02d:%02d:%02d"),
+    NumberFormat<6>("%d:%d:%d-%d-%d-%d"),
     NumberFormat<1>("%d"),
     NumberFormat<1>("%u"),
     NumberFormat<1>(" %d"),
