@@ -566,7 +566,7 @@ class Pass {
     }
     memberValue : {
         bool comma = false;
-        if (*p == '"') [[unlikely]] {
+        if (*p == '"') [[unlikely]] {  // since most texts were taken with their names
             p = checkTextWithComma(p + 1, comma);
         } else if (DigitOf(*p) <= 9) {
             p = checkNumberWithComma(p, comma);
@@ -753,7 +753,7 @@ class Pass {
         return p + 1;
     }
 
-    /// The same of an array of texts without escapes, each shorter than a block, and without blanks between them. A
+    /// The same of an array of texts without escapes, each of up to 56 bytes, and without blanks between them. A
     /// text's end is told from that of the text before by the endings between them, as far as those are at hand.
     [[gnu::noinline]] const char* tapeTexts(const char* p, TextEntry& array) {
         TextEntry* entry = &array;
