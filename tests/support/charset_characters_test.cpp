@@ -214,9 +214,12 @@ TEST_P(EveryCharacter, EveryPairOfLocalBytesGivesWholeCharactersAndAQuestionMark
     }
 }
 
+/// Six more in the C library's tables of GB18030-2022.
+constexpr unsigned kOfGB18030 = __GLIBC_PREREQ(2, 39) ? 1072515 : 1072509;
+
 INSTANTIATE_TEST_SUITE_P(
     , EveryCharacter,
-    testing::Values(Encoding{"zh_CN.GBK", "GBK", 21919}, Encoding{"zh_CN.GB18030", "GB18030", 1072509},
+    testing::Values(Encoding{"zh_CN.GBK", "GBK", 21919}, Encoding{"zh_CN.GB18030", "GB18030", kOfGB18030},
                     Encoding{"ja_JP.EUC-JP", "EUC-JP", 12903}, Encoding{"ja_JP.SHIFT_JIS", "SHIFT_JIS", 7069},
                     Encoding{"zh_HK.BIG5-HKSCS", "BIG5-HKSCS", 18579}, Encoding{"vi_VN.CP1258", "CP1258", 426},
                     Encoding{"de_DE.ISO-8859-1", "ISO-8859-1", 255}, Encoding{"de_DE.ISO-8859-15", "ISO-8859-15", 255}),

@@ -47,7 +47,7 @@ OfAccepted<Node> NodeAt(const MessagePlace& place, const NameList<N>& expected) 
 
 /// The members of the object at a place, read where the pass over the text has put them, if it has: good while this and
 /// the text are, and no other reader is called for the text.
-template <const auto& List>
+template <const auto& List, class File = ThisFile>
 class MembersAt {
   public:
     explicit MembersAt(const MessagePlace& place) {

@@ -184,9 +184,9 @@ class Node {
     unsigned errorCode(bool (*translate)(unsigned device, unsigned& library), unsigned otherwise) const;
 
   private:
-    template <const auto& List>
+    template <const auto& List, class File>
     friend class Members;
-    template <const auto& List>
+    template <const auto& List, class File>
     friend class MembersAt;
 
     template <auto Test, const char* Name>
@@ -278,9 +278,13 @@ class Node {
     Place place_;
 };
 
+namespace {
+struct ThisFile;  ///< another type in every file: GCC 14 takes files' own lists for one where they are called the same
+}
+
 /// The members of an object that a converter names up front in List, resolved at one go. Asking for a name that is not
 /// on the list does not compile.
-template <const auto& List>
+template <const auto& List, class File = ThisFile>
 class Members {
   public:
     static constexpr NameIndex kIndex = List.index();
