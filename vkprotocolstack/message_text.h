@@ -44,8 +44,9 @@ struct MessageTextOptions {
     bool skipOthers = false;
 
     /// Accept only what is strictly valid: RFC 8259, all texts and names in UTF-8, nothing behind the value. A few
-    /// texts that are so are not accepted either, such as one with a number of 10 to the 100 or more: they are for a
-    /// slower reader of the caller's.
+    /// texts that are so are not accepted either: those with a number of more than 100 bytes or three digits of an
+    /// exponent, with an escape in the name of a member that is looked at, and, where the program's C++ locale is not
+    /// the classic one, with a real. They are for a slower reader of the caller's.
     bool strictOnly = false;
 
     /// How many levels of values a message may have; 1 allows no array or object but an empty one. At most 1000. A

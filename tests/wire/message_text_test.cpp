@@ -636,8 +636,19 @@ TEST(MessageText, ReadsRealsAsJsoncppDoesInAnyLocaleOfTheProgram) {
             EXPECT_EQ(NodeAt(message.at("/0"))->asDouble(), tree[0].asDouble()) << text;
         }
     }
+    for (const char* number : {"1.5", "-1.5", "1.5e3", "15"}) {
+        const std::string text = R"({"other":)" + std::string(number) + R"(,"part":2})";
+        Json::Value tree;
+        MessageText message(text);
+        EXPECT_EQ(message.at("/part").exists(), ReadTree(text, tree)) << text;
+    }
+    MessageText strict(R"({"other":1.5,"part":2})", {.strictOnly = true});
+    EXPECT_FALSE(strict.at("/part").exists());
     std::locale::global(previous);
     std::setlocale(LC_ALL, name.c_str());  // which a named locale has replaced, too
+    ASSERT_NE(strict.error(), nullptr);
+    EXPECT_EQ(strict.error()->position, 0U);
+    EXPECT_EQ(strict.error()->what, "a real, for which the program's C++ locale is not the classic one");
 }
 
 TEST(MessageText, TextsAreInTheEncodingOfTheLocaleInWhichTheyAreRead) {
@@ -767,6 +778,22 @@ TEST(MembersAt, AreThoseOfTheObjectHoweverTheMessageWasRead) {
             ExpectMembersOfACar(watched.at("/Car"));
         });
     }
+}
+
+TEST(MembersAt, AreNotThoseOfAMessageBefore) {
+    WithEachForm([] {
+        for (std::size_t behind = 0; behind < 32; ++behind) {
+            {
+                MessageText before(R"({"Lane":1,"Speed":3,"Plate":"x"})");
+                ASSERT_TRUE(jsonparser::MembersAt<kCarNames>(before.at("")));
+            }
+            std::string text = "[";
+            for (std::size_t i = 0; i < behind; ++i) text += "0,";
+            MessageText body(text += R"({"Plate":"AD12345","Lane":2}])");
+            ASSERT_TRUE(body.at("").exists());
+            ExpectMembersOfACar(body.at('/' + std::to_string(behind)));
+        }
+    });
 }
 
 TEST(MembersAt, OfWhatIsNoObjectAreNone) {

@@ -580,27 +580,40 @@ TEST_P(EveryForm, DeclinesAMessageThatEndsWithAFlatArrayInIt) {
     EXPECT_EQ(pass.stop, pass.end);
 }
 
-/// Whether a message is accepted in which the value stands where nobody reads.
-bool IsCheckedValue(const std::string& value) {
-    static const TextStep kStep{"part", 4, false, TextStep::kNoIndex};
-    std::size_t accepted = 0;
+/// Whether the pass accepts the message, of which the member is read, and then whether it has met a real.
+struct Passed {
+    explicit Passed(const std::string& text, std::string_view member) {
+        const TextStep step{member.data(), static_cast<std::uint32_t>(member.size()), false, TextStep::kNoIndex};
+        const std::unique_ptr<char[]> bytes(new char[text.size()]);  // so that reading behind them shows
+        text.copy(bytes.get(), text.size());
+        jsonparser::TextTape tape(nullptr, 0);
+        jsonparser::TextPass pass{};
+        pass.begin = pass.stop = bytes.get();
+        pass.end = bytes.get() + text.size();
+        pass.steps = &step;
+        pass.stepCount = 1;
+        pass.maxDepth = 1000;
+        pass.plainText = TextType::Text;
+        pass.tape = &tape;
+        accepted = jsonparser::RunTextPass(pass);
+        hasReal = accepted && pass.hasReal;
+    }
+
+    bool accepted;
+    bool hasReal;
+};
+
+/// Messages in which the value stands where nobody reads are passed as the value is where it is read.
+void ExpectCheckedAsRead(const std::string& value) {
+    const Taken taken('[' + value + ']');
     for (const std::string& text :
          {R"({"other":{"a":)" + value + R"(,"b":1},"part":1})", R"({"other":[)" + value + R"(,1],"part":1})",
           R"({"other":[)" + value + R"(],"part":1})", R"({"part":1,"other":{"a":)" + value + "}}",
           R"({"part":1,"other":)" + value + "}"}) {
-        jsonparser::TextTape tape(nullptr, 0);
-        jsonparser::TextPass pass{};
-        pass.begin = pass.stop = text.data();
-        pass.end = text.data() + text.size();
-        pass.steps = &kStep;
-        pass.stepCount = 1;
-        pass.maxDepth = 128;
-        pass.plainText = TextType::Text;
-        pass.tape = &tape;
-        if (jsonparser::RunTextPass(pass)) ++accepted;
+        const Passed passed(text, "part");
+        ASSERT_EQ(passed.accepted, taken.accepted()) << text;
+        ASSERT_EQ(passed.hasReal, taken.accepted() && taken.pass().hasReal) << text;
     }
-    EXPECT_TRUE(accepted == 0 || accepted == 5) << value << ' ' << accepted;
-    return accepted == 5;
 }
 
 TEST_P(EveryForm, ChecksValuesThatNobodyReadsAsThoseThatAreRead) {
@@ -609,19 +622,67 @@ TEST_P(EveryForm, ChecksValuesThatNobodyReadsAsThoseThatAreRead) {
         for (const std::string sign : {"", "-"}) {
             for (const std::string behind : {"", ".5", ".50", ".", ".e1", "e1", "e+1", "e", "e+", "e99", "e100", "E-99",
                                              "x", ".5e5", "..5", "-"}) {
-                const std::string value = sign + number + behind;
-                ASSERT_EQ(IsCheckedValue(value), Taken('[' + value + ']').accepted()) << value;
+                ASSERT_NO_FATAL_FAILURE(ExpectCheckedAsRead(sign + number + behind));
             }
-            ASSERT_FALSE(IsCheckedValue(sign + '0' + number));
+            ASSERT_FALSE(Passed(R"({"other":[)" + sign + '0' + number + R"(],"part":1})", "part").accepted);
         }
     }
-    for (const std::string value : {"0",       "-0",      "0.5",    "-",        "+1",
-                                    ".5",      "true",    "false",  "null",     "tru",
-                                    "truex",   "nul",     "fals",   "\"\"",     "\"x\"",
-                                    "\"\\n\"", "\"\\x\"", "\"\n\"", "\"",       "[]",
-                                    "{}",      "[ ]",     "{ }",    "[[],{}]",  "{\"a\" : [ 1 , 2 ] }",
-                                    "[1,]",    "{\"a\"}", "{1:2}",  "{\"a\":}", " 1 "}) {
-        ASSERT_EQ(IsCheckedValue(value), Taken('[' + value + ']').accepted()) << value;
+    for (const std::string value : {"0",
+                                    "-0",
+                                    "0.5",
+                                    "-",
+                                    "+1",
+                                    ".5",
+                                    "true",
+                                    "false",
+                                    "null",
+                                    "tru",
+                                    "truex",
+                                    "nul",
+                                    "fals",
+                                    "\"\"",
+                                    "\"x\"",
+                                    "\"\\n\"",
+                                    "\"\\x\"",
+                                    "\"\n\"",
+                                    "\"",
+                                    "[]",
+                                    "{}",
+                                    "[ ]",
+                                    "{ }",
+                                    "[[],{}]",
+                                    "{\"a\" : [ 1 , 2 ] }",
+                                    "[1,]",
+                                    "{\"a\"}",
+                                    "{1:2}",
+                                    "{\"a\":}",
+                                    " 1 ",
+                                    "18446744073709551615",
+                                    "18446744073709551616",
+                                    "-9223372036854775808",
+                                    "-9223372036854775809",
+                                    "99999999999999999999"}) {
+        ASSERT_NO_FATAL_FAILURE(ExpectCheckedAsRead(value));
+    }
+}
+
+TEST_P(EveryForm, PairsTheBracketsOfValuesThatNobodyReads) {
+    for (const std::size_t levels : {1U, 2U, 63U, 64U, 65U, 66U, 127U, 128U, 129U, 130U, 191U, 192U, 193U, 256U}) {
+        std::string opening;
+        std::string closing;
+        for (std::size_t i = 0; i < levels; ++i) {
+            opening += i % 3 == 0 ? "[" : R"({"a":)";
+            closing.insert(closing.begin(), i % 3 == 0 ? ']' : '}');
+        }
+        const auto passes = [&opening](const std::string& closed) {
+            return Passed(R"({"other":)" + opening + '1' + closed + R"(,"part":1})", "part").accepted;
+        };
+        EXPECT_TRUE(passes(closing)) << levels;
+        for (std::size_t i = 0; i < levels; ++i) {
+            std::string crossed = closing;
+            crossed[i] = crossed[i] == ']' ? '}' : ']';
+            EXPECT_FALSE(passes(crossed)) << levels << ' ' << i;
+        }
     }
 }
 

@@ -176,9 +176,9 @@ void MessageReading::Read(MessageText& text, std::string_view pointer, const Nam
     pass.plainText = text.copiesTexts_ ? TextType::CopiedText : TextType::Text;
     pass.tape = &tape;
     pass.stop = pass.begin;
+    const bool passed = text.text_.size() < INT_MAX && RunTextPass(pass);
     // jsoncpp reads reals by the program's C++ locale.
-    const bool accepted =
-        text.text_.size() < INT_MAX && RunTextPass(pass) && !(pass.hasReal && std::locale() != std::locale::classic());
+    const bool accepted = passed && !(pass.hasReal && std::locale() != std::locale::classic());
     text.entries_ = std::exchange(tape.entries, nullptr);
     text.capacity_ = tape.capacity;
     text.part_ = pass.part;
@@ -191,9 +191,10 @@ void MessageReading::Read(MessageText& text, std::string_view pointer, const Nam
     }
     text.state_ = MessageText::State::Refused;
     if (pass.noMemory) return;
-    if (!accepted) {
+    if (!passed) {
         return Refuse(text, static_cast<std::size_t>(pass.stop - pass.begin), "not strictly valid, or out of range");
     }
+    if (!accepted) return Refuse(text, 0, "a real, for which the program's C++ locale is not the classic one");
     const std::size_t wellFormed = WellFormedUtf8(text.text_);
     if (wellFormed < text.text_.size()) return Refuse(text, wellFormed, "not UTF-8");
     text.state_ = MessageText::State::Accepted;

@@ -49,7 +49,7 @@ struct TextPass {
     const TextEntry* part;  ///< null when the message has no such part
     const char* stop;       ///< where it was declined
     bool noMemory;
-    bool hasReal;  ///< some number is not an integer of 64 bits
+    bool hasReal;  ///< some number that was looked at is not an integer of 64 bits
 
     static constexpr std::size_t kMaxDepth = 1000;
     static constexpr std::size_t kMaxSteps = 16;

@@ -137,7 +137,7 @@ class Pass {
         return p + __builtin_ctzll(endings);
     }
 
-    /// Compares two bytes at once. Within containers the last byte is a bracket, so what ends a text has one behind it.
+    /// Compares two bytes at once. Within containers the last byte is a bracket, so every ending has one behind it.
     ALWAYS_INLINE static bool is(const char* p, const char (&two)[3]) { return std::memcmp(p, two, 2) == 0; }
 
     /// Of any text, or null where it has none.
@@ -753,8 +753,9 @@ class Pass {
         return p + 1;
     }
 
-    /// The same of an array of texts without escapes, each of up to 56 bytes, and without blanks between them. A
-    /// text's end is told from that of the text before by the endings between them, as far as those are at hand.
+    /// The same of an array of texts without escapes, each of up to 56 bytes or a few more, and without blanks between
+    /// them. A text's end is told from that of the text before by the endings between them, as far as those are at
+    /// hand.
     [[gnu::noinline]] const char* tapeTexts(const char* p, TextEntry& array) {
         TextEntry* entry = &array;
         p += 2;
