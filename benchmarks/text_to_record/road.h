@@ -61,6 +61,7 @@ void AddBoostJson(Roads& roads);
 void AddSimdjson(Roads& roads);
 void AddSimdjsonNative(Roads& roads);
 void AddYyjson(Roads& roads);
+void AddGlaze(Roads& roads);
 
 }  // namespace benchmarks
 

@@ -28,6 +28,9 @@ Roads AllRoads() {
 #ifdef BENCHMARKS_YYJSON
     AddYyjson(roads);
 #endif
+#ifdef BENCHMARKS_GLAZE
+    AddGlaze(roads);
+#endif
     return roads;
 }
 
