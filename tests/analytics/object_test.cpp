@@ -307,7 +307,7 @@ TYPED_TEST(AnyParseStrtoObject, EveryActionHasItsCodeInUpperAndLowerCase) {
         {R"({"Merge": 1})",      0}
     };
     for (const auto& [action, code] : rows) {
-        this->expect(std::string(R"({"Action": )") + action + "}", [code = code](TypeParam& e) { e.nAction = code; });
+        this->expect(std::string(R"({"Action": )") + action + "}", [sent = code](TypeParam& e) { e.nAction = sent; });
     }
     // Only the first 127 bytes count: no keyword is that long.
     this->expectNothing(With("Action", "Move" + std::string(123, ' ')));
@@ -398,8 +398,8 @@ TYPED_TEST(AnyParseStrtoObject, TheMainColorHasItsFirstComponentInTheHighestByte
         {R"(["1", null, [1], {"a": 1}])", 0         }
     };
     for (const auto& [components, color] : rows) {
-        this->expect(std::string(R"({"MainColor": )") + components + "}", [color = color](TypeParam& e) {
-            e.dwMainColor = color;
+        this->expect(std::string(R"({"MainColor": )") + components + "}", [sent = color](TypeParam& e) {
+            e.dwMainColor = sent;
             e.bColor = 1;
         });
     }
@@ -480,11 +480,11 @@ TYPED_TEST(AnyParseStrtoObject, EveryMillisecondGoesToTheCurrentTime) {
         const std::string json = std::string(R"({"CurrentTimeStamp": {"UTC": 0, "UTCMS": )") + current +
                                  R"(}, "StartTimeStamp": {"UTC": 0, "UTCMS": )" + start +
                                  R"(}, "EndTimeStamp": {"UTC": 0, "UTCMS": )" + end + "}}";
-        this->expect(json, [&, expected = expected](Record& e) {
+        this->expect(json, [&, sent = expected](Record& e) {
             e.stuCurrentTime = epoch;
             e.stuStartTime = epoch;
             e.stuEndTime = epoch;
-            e.stuCurrentTime.dwMillisecond = expected;
+            e.stuCurrentTime.dwMillisecond = sent;
         });
     }
 }
@@ -521,9 +521,9 @@ TYPED_TEST(AnyParseStrtoObject, FileOffsetsAreCutTowardZeroAndSaturate) {
     };
     for (const auto& [value, expected] : rows) {
         this->expect(std::string(R"({"BeginFileOffset": )") + value + "}",
-                     [expected = expected](TypeParam& e) { e.nBeginFileOffset = expected; });
+                     [sent = expected](TypeParam& e) { e.nBeginFileOffset = sent; });
         this->expect(std::string(R"({"EndFileOffset": )") + value + "}",
-                     [expected = expected](TypeParam& e) { e.nEndFileOffset = expected; });
+                     [sent = expected](TypeParam& e) { e.nEndFileOffset = sent; });
     }
 }
 
@@ -722,7 +722,7 @@ TYPED_TEST(LaterParseStrtoObject, AWalkingDirectionIsTheKeywordAsItIsWritten) {
     };
     for (const auto& [direction, code] : rows) {
         this->expect(std::string(R"({"Person": {"Direction": )") + direction + "}}",
-                     [code = code](TypeParam& e) { e.emDirection = code; });
+                     [sent = code](TypeParam& e) { e.emDirection = sent; });
     }
 }
 

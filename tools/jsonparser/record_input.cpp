@@ -287,8 +287,8 @@ bool CountsAreWithinArrays(const Json::Value& form, const RecordLayout& layout, 
     for (const auto& [count, array] : kCounted) {
         const Json::Value* stated = form.find(count.data(), count.data() + count.size());
         if (stated == nullptr) continue;
-        const auto* field = std::find_if(layout.begin(), layout.end(),
-                                         [array = array](const Field& each) { return each.name == array; });
+        const auto* field =
+            std::find_if(layout.begin(), layout.end(), [name = array](const Field& each) { return each.name == name; });
         const Json::Int64 extent = field == layout.end() ? 0 : static_cast<Json::Int64>(field->extents[0]);
         if (stated->asInt64() >= 0 && stated->asInt64() <= extent) continue;
         findings.push_back(
