@@ -14,7 +14,7 @@ why_no_bare_debian() {
 }
 
 mirror_of_debian() {
-    apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Release: bookworm' 'Origin: Debian' | sed -n 1p
+    apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Origin: Debian' 'Label: Debian' | sed -n 1p
 }
 
 # Puts the release, such as bookworm, into a folder, unless it is there.
